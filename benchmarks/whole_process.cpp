@@ -1,0 +1,112 @@
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+// Whole processes against the system's own tools on the same files, in turn, so that both meet the same state
+// of the machine. Figures are the medians of all rounds.
+namespace {
+
+namespace fs = std::filesystem;
+using Words = std::vector<std::string>;
+
+constexpr int rounds = 11;
+
+struct Measured {
+    double milliseconds = 0;
+    long peakKilobytes = 0;
+};
+
+Measured measure(const Words& words) {
+    std::vector<char*> arguments;
+    for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+    arguments.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
+        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
+
+    const auto start = std::chrono::steady_clock::now();
+    pid_t child = 0;
+    if (posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ) != 0) {
+        std::fprintf(stderr, "%s could not be started\n", arguments[0]);
+        std::exit(1);
+    }
+    int status = 0;
+    rusage usage{};
+    wait4(child, &status, 0, &usage);
+    const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
+    posix_spawn_file_actions_destroy(&actions);
+    if (status != 0) {
+        std::fprintf(stderr, "%s ended with status %d\n", arguments[0], status);
+        std::exit(1);
+    }
+    return {time.count(), usage.ru_maxrss};
+}
+
+Measured median(std::vector<Measured> all) {
+    std::sort(all.begin(), all.end(), [](const Measured& a, const Measured& b) { return a.milliseconds < b.milliseconds; });
+    Measured middle = all[all.size() / 2];
+    for (const Measured& one : all) middle.peakKilobytes = std::max(middle.peakKilobytes, one.peakKilobytes);
+    return middle;
+}
+
+void compare(const char* what, const Words& ours, const char* against, const Words& theirs) {
+    std::vector<Measured> our;
+    std::vector<Measured> their;
+    measure(ours);
+    measure(theirs);
+    for (int round = 0; round < rounds; ++round) {
+        our.push_back(measure(ours));
+        their.push_back(measure(theirs));
+    }
+    const Measured a = median(our);
+    const Measured b = median(their);
+    std::printf("%-28s %8.1f ms   %-6s %8.1f ms   ratio %5.2f   peak %5.1f MB\n", what, a.milliseconds, against,
+                b.milliseconds, a.milliseconds / b.milliseconds, static_cast<double>(a.peakKilobytes) / 1024);
+    std::fflush(stdout);
+}
+
+Words withFiles(Words words, const Words& files) {
+    words.insert(words.end(), files.begin(), files.end());
+    return words;
+}
+
+Words filesOf(const fs::path& folder) {
+    Words files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+        if (entry.is_regular_file()) files.push_back(entry.path().string());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        std::fprintf(stderr, "usage: tulbench INSTALLATION PAGES NAMES\n");
+        return 2;
+    }
+    const fs::path home = fs::absolute(argv[1]);
+    setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
+    const Words validate = {(home / "tulcmd").string(), "--no", "valid"};
+
+    const Words pages = filesOf(fs::absolute(argv[2]));
+    compare("validation of the pages", withFiles(validate, pages), "cat", withFiles({"cat"}, pages));
+
+    // Small pages, so that the names are what takes the time: ten times the names, ten times the time.
+    const Words many = filesOf(fs::absolute(argv[3]));
+    const Words few(many.begin(), many.begin() + static_cast<std::ptrdiff_t>(many.size() / 10));
+    compare("a tenth of the names", withFiles(validate, few), "cat", withFiles({"cat"}, few));
+    compare("all names", withFiles(validate, many), "cat", withFiles({"cat"}, many));
+    return 0;
+}

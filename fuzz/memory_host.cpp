@@ -1,0 +1,57 @@
+#include "memory_host.h"
+
+namespace tul::fuzz {
+
+MemoryHost::MemoryHost() {
+    installHost({.files = this, .processes = this, .profile = this, .clock = this, .platform = this, .face = this});
+}
+
+std::optional<FileInfo> MemoryHost::info(const std::string& path) const {
+    const auto found = contents.find(path);
+    if (found == contents.end()) return std::nullopt;
+    return FileInfo{.length = found->second.size(), .stamp = {}, .folder = false};
+}
+
+FileError MemoryHost::read(const std::string& path, std::string& bytes, std::size_t limit) const {
+    const auto found = contents.find(path);
+    bytes.clear();
+    if (found == contents.end()) return FileError::fileNotFound;
+    bytes.assign(found->second, 0, limit);
+    return FileError::none;
+}
+
+FileError MemoryHost::replace(const std::string& path, std::string_view bytes) {
+    contents[path] = bytes;
+    return FileError::none;
+}
+
+FileError MemoryHost::remove(const std::string& path) {
+    return contents.erase(path) > 0 ? FileError::none : FileError::fileNotFound;
+}
+
+FileError MemoryHost::rename(const std::string& from, const std::string& to) {
+    const FileError error = copy(from, to);
+    contents.erase(from);
+    return error;
+}
+
+FileError MemoryHost::copy(const std::string& from, const std::string& to) {
+    const auto found = contents.find(from);
+    if (found == contents.end()) return FileError::fileNotFound;
+    contents[to] = found->second;
+    return FileError::none;
+}
+
+Answer MemoryHost::msgBox(const Message& message) {
+    switch (message.buttons) {
+        case Buttons::ok:
+        case Buttons::okCancel:
+            return Answer::ok;
+        case Buttons::yesNo:
+        case Buttons::yesNoCancel:
+            break;
+    }
+    return Answer::yes;
+}
+
+}  // namespace tul::fuzz

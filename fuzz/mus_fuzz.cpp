@@ -1,0 +1,60 @@
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "check/validation.h"
+#include "memory_host.h"
+#include "music/mus_reader.h"
+#include "panels/fresh_process.h"
+#include "shared/records.h"
+
+// Any bytes as a page: the reader ends with a state, validation with its messages, and both within the words
+// that a page can have.
+namespace {
+
+using namespace tul;
+
+constexpr std::int32_t mostWords = 2 * 32768 + trailerWords;
+
+void require(bool condition) {
+    if (!condition) std::abort();
+}
+
+void readItems(const std::string& path) {
+    MusOpen(path, musReader.MusWordCount);
+    try {
+        do {
+            MusNextItem();
+            require(musReader.MusWordIndex <= mostWords);
+        } while (musReader.MusReadState == musItemReady);
+    } catch (const IndexFault&) {
+        require(musItem.MusParCount > Parameters::count);
+    }
+    MusClose();
+}
+
+void validate(const std::string& path) {
+    valid::validation.currentPath = path;
+    Report report("Z:\\HOME\\TULVALID.PRN");
+    valid::inputValidate(report);
+    require(musReader.MusWordIndex <= mostWords);
+    require(!musReader.isOpen);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static fuzz::MemoryHost host;
+    freshProcess();
+    const std::string page = "Z:\\HOME\\PAGE.MUS";
+    const std::string fileList = "Z:\\HOME\\FILES.TMP";
+    host.contents.clear();
+    host.contents[page].assign(reinterpret_cast<const char*>(data), size);
+    host.contents[fileList] = host.contents[page];
+    for (const std::string& path : {page, fileList}) {
+        readItems(path);
+        validate(path);
+    }
+    return 0;
+}

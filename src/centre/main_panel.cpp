@@ -1,0 +1,20 @@
+#include "centre/main_panel.h"
+
+namespace tul {
+
+MainPanel mainPanel;
+NotepadPanel notepadPanel;
+std::string frontPanelCaption;
+
+bool MainPanel::isEnabled(std::string_view control) const {
+    const auto found = enabled.find(control);
+    return found == enabled.end() || found->second;
+}
+
+void resetCentreRecords() {
+    mainPanel = {};
+    notepadPanel = {};
+    frontPanelCaption.clear();
+}
+
+}  // namespace tul

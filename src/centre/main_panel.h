@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "shared/panel.h"
+
+namespace tul {
+
+/// What start-up leaves on the main panel `frmLogo`. Owner: start-up and tool enabling.
+struct MainPanel {
+    std::string caption;
+    PanelPlace place;
+    int tabLogo = 0;         // number of the tab in front
+    bool tabsVisible = true;  // false while the list of text files lies over them
+    std::string focus;       // the control that has it when the panel is first shown
+    std::map<std::string, bool, std::less<>> enabled;  // by control; what is not named is enabled
+    bool preProcessVisible = false;                    // of cmdTulSplitPreProcess
+    std::string cmdLogoInputCaption = "TulInput";
+    std::string cmdAnlibTip;
+    std::string cmdMinimizeTip;
+    ListBox lstTextFiles{.title = {}, .entries = {}, .visible = false};
+
+    bool isEnabled(std::string_view control) const;
+};
+
+/// The built-in viewer `frmNotepad`. Owner: `ViewInPanel`.
+struct NotepadPanel {
+    std::string path;
+    std::string caption;
+    ListBox lstTulboard;
+    bool closed = false;
+};
+
+extern MainPanel mainPanel;
+extern NotepadPanel notepadPanel;
+/// Caption of the panel that the user sees. Owner: whichever panel was loaded last.
+extern std::string frontPanelCaption;
+
+void resetCentreRecords();
+
+}  // namespace tul

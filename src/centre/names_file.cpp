@@ -1,0 +1,196 @@
+#include "centre/names_file.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "centre/launching.h"
+#include "centre/viewing.h"
+#include "host/host.h"
+#include "shared/function_module.h"
+#include "shared/records.h"
+
+namespace tul {
+
+namespace {
+
+constexpr std::string_view terminator = " 1";
+const std::string newLine(CrLf);
+
+/// Shows the refused file, so that the user sees what was in it, and throws it away.
+void discardNamesFile(const std::string& message) {
+    MsgBox(message, Buttons::ok, Icon::exclamation);
+    ViewWithEditor(paths.NamesFilePath);
+    files().remove(paths.NamesFilePath);
+    selection.SelectionCount = 0;
+}
+
+bool checkPrefix(const std::string& name) {
+    const std::string_view prefix = folderOf(name);
+    if (selection.SelectionCount == 1) selection.SelectionPrefix = prefix;
+    if (prefix == selection.SelectionPrefix) return true;
+    discardNamesFile("Names in Names file do not all have the same path prefix." + newLine +
+                     "This is a requirement for printing with SCORLAS." + newLine + "Compared names are: " +
+                     selection.SelectionPrefix + newLine + "And: " + std::string(prefix) + newLine + newLine +
+                     "Names file will be deleted after view.");
+    return false;
+}
+
+bool checkExistence(const std::string& name) {
+    if (FileExists(name)) return true;
+    if (name.starts_with("A:") || name.starts_with("B:")) {
+        discardNamesFile("Name in names file [" + name + "] refers to non-existing or unaccessable file" +
+                         newLine + "Define a new names file by music file selection.");
+    } else {
+        discardNamesFile("Name in Names file [" + name + "] refers to non-existing or unaccessable file" +
+                         newLine + "Names file will be deleted after view.");
+    }
+    return false;
+}
+
+/// Takes one name over into the selection. False when the whole file was discarded for it.
+bool takeName(const std::string& name) {
+    selection.SelectionCount = wrap16(selection.SelectionCount + 1);
+    selection.SelectionNames.append(name);
+    if (name.find('\\') == std::string::npos) {
+        discardNamesFile("Invalid record format in Names file." + newLine + "Name must have a path prefix:" +
+                         newLine + name + newLine + "Names file will be deleted after view.");
+        return false;
+    }
+    if (!checkPrefix(name) || !checkExistence(name)) return false;
+    if (name.size() > selection.LongestName.size()) selection.LongestName = name;
+    return true;
+}
+
+std::int16_t countSelectedOnDisk() {
+    std::int16_t found = 0;
+    for (int i = 1; i <= selection.SelectionCount; ++i)
+        if (FileExists(selection.SelectionNames[i])) found = wrap16(found + 1);
+    return found;
+}
+
+/// Names of a list that the utilities write, found on disk. A list with a vanished name is deleted.
+std::int16_t checkUtilityNames(const std::string& path) {
+    std::string text;
+    if (files().read(path, text) != FileError::none) return 0;
+    std::int16_t lines = 0;
+    std::int16_t found = 0;
+    for (const std::string_view line : linesOf(text)) {
+        lines = wrap16(lines + 1);
+        const std::string_view name = line.substr(0, line.size() - std::min(line.size(), terminator.size()));
+        if (FileExists(std::string(name))) found = wrap16(found + 1);
+    }
+    if (found != lines) files().remove(path);
+    return found;
+}
+
+/// Runs one of the selection programs with the panel out of the way. Where it is missing nothing happens: the
+/// present selection is then read again.
+void runSelectionProgram(const std::string& program, const std::string& arguments) {
+    if (!FileExists(program)) return;
+    const HiddenPanel hidden;
+    ShellAndWait(program + " " + arguments);
+}
+
+void renewSelection(std::string& viewTip) {
+    ReadNamesFile();
+    RefreshViewTip(viewTip);
+}
+
+}  // namespace
+
+std::string namesFileLine(const std::string& path) {
+    return path + std::string(terminator) + newLine;
+}
+
+void ReadNamesFile() {
+    selection.SelectionValid = false;
+    selection.SelectionCount = 0;
+    selection.SelectionPrefix.clear();
+    selection.LongestName.clear();
+    selection.SelectionNames.clear();
+
+    std::string text;
+    if (files().read(paths.NamesFilePath, text) != FileError::none) return;
+    for (const std::string_view raw : linesOf(text)) {
+        std::string line = upperCase(trimRight(raw));
+        if (line.empty() || line.front() == ' ' || line.front() == '*') continue;
+        if (!line.ends_with(terminator)) {
+            MsgBox("Filename [" + line +
+                       "] in Names file not terminated by ' 1'. Hit enter to continue (Assumed correct).",
+                   Buttons::ok, Icon::exclamation);
+            line += terminator;
+        }
+        line.resize(line.size() - terminator.size());
+        if (!takeName(line)) return;
+    }
+    selection.SelectionValid = selection.SelectionCount > 0;
+}
+
+void RefreshNamesFiles() {
+    ReadNamesFile();
+    if (countSelectedOnDisk() != selection.SelectionCount) files().remove(paths.NamesFilePath);
+    selection.EpsNamesCount = checkUtilityNames("NAMESEPS.TUL");
+    selection.XmlNamesCount = checkUtilityNames("NAMESXML.TUL");
+}
+
+void showNamesStatus() {
+    RefreshNamesFiles();
+    const std::string folder = files().currentFolder();
+    MsgBox(plain(selection.SelectionCount) + " name(s) in " + paths.NamesFilePath + newLine +
+           plain(selection.EpsNamesCount) + " name(s) in " + folder + "\\NAMESEPS.TUL" + newLine +
+           plain(selection.XmlNamesCount) + " name(s) in " + folder + "\\NAMESXML.TUL" + newLine);
+}
+
+void SelectFiles(const std::string& message, std::string& viewTip) {
+    std::string arguments = "STARTDIR=" + paths.ProgramFolder + ",SUFFIX=" + projectSettings.PreferedSuffix +
+                            ",MUSFOLDER=" + projectSettings.MusDirectory + ",NAMESFILE=" + paths.NamesFileName +
+                            ",DEBUG=NO";
+    if (!message.empty()) arguments += ",MSG=" + message;
+    runSelectionProgram(paths.TulNamesPath, arguments);
+    renewSelection(viewTip);
+}
+
+void DropFiles(const std::vector<std::string>& dropped, std::string& viewTip) {
+    std::string arguments = "STARTDIR=" + paths.ProgramFolder + ",NAMESFILE=" + paths.NamesFileName +
+                            ",DEBUG=NO,TYPE=MUS,LIST=";
+    for (const std::string& path : dropped) arguments += path + ",";
+    runSelectionProgram(paths.TulOlePath, arguments);
+    renewSelection(viewTip);
+}
+
+void ViewNamesFile(std::string& viewTip) {
+    if (!FileExists(paths.NamesFilePath)) {
+        MsgBox(paths.NamesFilePath + " creation failed. Programming error. Hit OK to abort", Buttons::ok,
+               Icon::critical);
+        endProgram();
+    }
+    ViewWithEditor(paths.NamesFilePath);
+    renewSelection(viewTip);
+}
+
+void RefreshViewTip(std::string& viewTip) {
+    if (selection.SelectionCount < 1) return;
+    const std::string& first = selection.SelectionNames[1];
+    const std::string start = "Names file " + paths.NamesFileName + " has";
+    viewTip = selection.SelectionCount == 1
+                  ? start + " one filename: " + first
+                  : start + str(selection.SelectionCount) + " filenames, the first: " + first;
+}
+
+std::string SelectFolder(const std::string& remark) {
+    if (FileExists(paths.TulFolderPath)) {
+        const WaitingPointer pointer;
+        runSelectionProgram(paths.TulFolderPath, "REMARK=" + remark + ",STARTDIR=" + paths.ProgramFolder +
+                                                     ",FILE=" + paths.TulFolderResultName + ",DEBUG=NO");
+    }
+    std::string folder;
+    std::string text;
+    files().read(paths.TulFolderResultName, text);
+    for (const std::string_view line : linesOf(text))
+        if (!line.empty() && line.front() != '*') folder = trimRight(line);
+    return folder;
+}
+
+}  // namespace tul

@@ -1,0 +1,183 @@
+#include <cstdint>
+#include <string>
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "centre/launching.h"
+#include "check/validation.h"
+#include "host/host.h"
+#include "music/mus_reader.h"
+#include "shared/function_module.h"
+#include "shared/records.h"
+
+// The item loop of validation. It does not use `MusNextItem`: it must tell where a file fails, and get through
+// items that the other tools give up on.
+namespace tul::valid {
+
+namespace {
+
+const std::string newLine(CrLf);
+
+/// How the handling of one item ended.
+enum class ItemEnd { goOn, stop };
+
+void inform(const std::string& text) { MsgBox(text, Buttons::ok, Icon::information); }
+
+void informStructure(const std::string& failure, int item) {
+    inform(failure + newLine + joined("Item number: ", item) + newLine + "File: " + validation.currentPath);
+}
+
+void informNoMusFile() { inform("File " + validation.currentPath + " may not be a MUS file."); }
+
+/// A failure behind which nothing can be read: told, and recovery of the items before it offered.
+ItemEnd giveUp(const std::string& failure, bool mayBeNoMusFile) {
+    validation.damaged = true;
+    MusClose();
+    const int item = musItem.MusItemNumber;
+    informStructure(failure, item);
+    if (mayBeNoMusFile && item == 1) informNoMusFile();
+    RecoverMUS(validation.currentPath, item - 1);
+    return ItemEnd::stop;
+}
+
+/// Asks about something that a sound file may hold but hardly means. True to go on.
+bool askToContinue(const std::string& finding) {
+    return MsgBox(finding + newLine + joined("Item = ", musItem.MusItemNumber) + newLine + newLine + "Continue?",
+                  Buttons::yesNo, Icon::question) == Answer::yes;
+}
+
+/// The last answer counts: a No is taken back by a Yes to a later question on the same item.
+bool checkMeaning() {
+    const float code = musItem.MusPar[1];
+    const float staff = musItem.MusPar[2];
+    const std::string inFile = " in file " + validation.currentPath;
+    bool goOn = true;
+    if (code < lowestItemCode || code > highestItemCode)
+        goOn = askToContinue("Found an item code <1 or >18" + inFile);
+    if (code == 13.0F) goOn = askToContinue("Found an item code 13" + inFile);
+    if (!isInteger(code)) goOn = askToContinue("Found a non-integer item code (" + plain(code) + ") number" + inFile);
+    if (staff < 1.0F || staff > static_cast<float>(projectSettings.StaffRange))
+        goOn = askToContinue(joined("Found a staff number less <1 or >", projectSettings.StaffRange) + inFile);
+    if (!isInteger(staff)) goOn = askToContinue("Found a non-integer staff (" + plain(staff) + ") number" + inFile);
+    return goOn;
+}
+
+void readParameterItem(int parameters) {
+    if (parameters > Parameters::count) {
+        inform("MUS file structure error. Invalid number of parms: " + plain(parameters) + newLine +
+               joined("Item number: ", musItem.MusItemNumber - 1) + newLine + joined("Par1=", musItem.MusPar[1]) +
+               newLine + "File: " + validation.currentPath);
+        inform("Too many parameters in an item. SCORE sometimes does not reject this.");
+    }
+    const int kept = parameters < Parameters::count ? parameters : Parameters::count;
+    MusReadPars(2, kept);
+    MusSkipWords(parameters - kept);
+}
+
+void readTextItem(int parameters) {
+    MusReadPars(2, 12);
+    MusReadChars();
+    musItem.MusText.clear();
+    MusReadText(parameters - 13);
+    cutMusText();
+}
+
+ItemEnd validateItem(Report& report) {
+    musItem.MusItemNumber = wrap16(musItem.MusItemNumber + 1);
+    MusReadWord();
+    const auto parameters = toInt16(musItem.MusWord);
+    if (!parameters) return giveUp("MUS file structure error. Conversion error2.", false);
+    musItem.MusParCount = *parameters;
+    if (*parameters < 2) {
+        return giveUp("MUS file structure error. Invalid number of parameters (" + plain(*parameters) + ") in item.",
+                      true);
+    }
+    musItem.MusPar.clear();
+    MusReadWord();
+    if (musItem.MusWord < lowestItemCode || musItem.MusWord > highestItemCode) {
+        // The item goes on being handled, on what a closed file leaves: the words stay as they are, and the
+        // index runs on until it passes the word count.
+        validation.damaged = true;
+        MusClose();
+        informStructure("MUS file structure error. Invalid item type: " + plain(musItem.MusWord),
+                        musItem.MusItemNumber);
+        if (musItem.MusItemNumber == 1) informNoMusFile();
+    }
+    musItem.MusPar[1] = musItem.MusWord;
+    const float code = musItem.MusPar[1];
+    if (code == 11.0F || code == 16.0F) {
+        if (*parameters < shortestTextItem)
+            return giveUp("MUS file structure error. Text length error (" + plain(*parameters) + ").", true);
+        readTextItem(*parameters);
+    } else {
+        // The text of a code 15 item is as long as a file's name: only the other codes are damaged by it.
+        if (*parameters > Parameters::count && code != 15.0F) validation.damaged = true;
+        readParameterItem(*parameters);
+    }
+    if (!checkMeaning()) {
+        MusClose();
+        report.line("(Processing discontinued by user)");
+        return ItemEnd::stop;
+    }
+    validation.panValidFloodFile.percent = musProgress();
+    yieldToEvents();
+    if (!validation.control.cancelled()) return ItemEnd::goOn;
+    MusClose();
+    return ItemEnd::stop;
+}
+
+void tellNoWordCount() {
+    validation.damaged = true;
+    MusClose();
+    inform("File " + validation.currentPath + " may not be a MUS file. ");
+    inform("Wordcount found to be:" + str(musReader.MusWordCount));
+    RecoverMUS(validation.currentPath, musItem.MusItemNumber);
+}
+
+void tellBeyondEnd() {
+    validation.damaged = true;
+    MusClose();
+    informStructure("Attempt to read beyond end of file.", musItem.MusItemNumber);
+    RecoverMUS(validation.currentPath, musItem.MusItemNumber);
+}
+
+void validateItems(Report& report) {
+    if (musReader.MusWordCount < 0) return tellNoWordCount();
+    while (musReader.MusWordIndex <= musReader.MusWordCount) {
+        const bool ended = atTrailer() || atShortTrailer();
+        if (atTrailer()) MusReadTrailer();
+        if (ended) return MusClose();
+        if (validateItem(report) == ItemEnd::stop) return;
+    }
+    tellBeyondEnd();
+}
+
+}  // namespace
+
+void inputValidate(Report& report) {
+    const WaitingPointer pointer;
+    validation.panValidFloodFile = {.percent = 0, .visible = true};
+    validation.damaged = false;
+    MusOpen(validation.currentPath, musReader.MusWordCount);
+    validateItems(report);
+    if (validation.damaged) ++validation.damagedFiles;
+    validation.panValidFloodFile = {};
+}
+
+void RecoverMUS(const std::string& path, int items) {
+    const std::string program = paths.ProgramFolder + "\\TULRECOV.EXE";
+    const Answer answer =
+        MsgBox("At least " + plain(musProgress()) + "% (the first " + plain(items) +
+                   " items), and may be more can be recovered from file " + path + newLine + "Attempt recovery?",
+               Buttons::okCancel, Icon::question);
+    if (answer == Answer::cancel) return;
+    const std::string command = program + " " + path + " " + plain(items);
+    if (FileExists(program)) {
+        ShellAndWait(command);
+    } else {
+        inform("Program " + program + " not located." + newLine + "Recovery cannot be done." + newLine +
+               "The command string is:" + newLine + command);
+    }
+}
+
+}  // namespace tul::valid

@@ -1,0 +1,28 @@
+#include <unistd.h>
+
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "command/arguments.h"
+#include "command/command_run.h"
+#include "host/host.h"
+
+int main(int argc, char** argv) {
+    using namespace tul;
+    using namespace tul::command;
+
+    Arguments arguments;
+    const ParseResult parsed = parseArguments(std::vector<std::string>(argv + 1, argv + argc), arguments);
+    if (!parsed.goOn) {
+        (parsed.exitStatus == 0 ? std::cout : std::cerr) << parsed.text << '\n';
+        return parsed.exitStatus;
+    }
+    const auto machine = openNativeMachine();
+    const Console console{.out = std::cout,
+                          .err = std::cerr,
+                          .in = std::cin,
+                          .canAsk = isatty(STDIN_FILENO) != 0,
+                          .showsProgress = isatty(STDERR_FILENO) != 0};
+    return runCommand(arguments, machine->host(), machine->programFolder(), console);
+}

@@ -1,0 +1,91 @@
+#include "companions/companion.h"
+
+#include <iostream>
+
+#include "base/text.h"
+#include "shared/key_value_file.h"
+
+namespace tul::companion {
+
+namespace {
+
+constexpr std::string_view listKey = "LIST=";
+
+bool beginsPath(std::string_view text) {
+    return (text.size() > 2 && text[1] == ':' && text[2] == '\\') || text.starts_with("\\\\");
+}
+
+}  // namespace
+
+std::string joinedWords(int argc, char** argv) {
+    std::string text;
+    for (int i = 1; i < argc; ++i) {
+        if (i > 1) text += ' ';
+        text += argv[i];
+    }
+    return text;
+}
+
+ArgumentPairs::ArgumentPairs(int argc, char** argv) : ArgumentPairs(joinedWords(argc, argv)) {}
+
+ArgumentPairs::ArgumentPairs(const std::string& text) {
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const SplitText piece = splitAtFirst(rest, ',');
+        const SplitText pair = splitAtFirst(piece.before, '=');
+        if (equalIgnoringCase(rest.substr(0, listKey.size()), listKey)) {
+            pairs_.emplace_back("LIST", rest.substr(listKey.size()));
+            return;
+        }
+        if (pair.found) {
+            pairs_.emplace_back(upperCase(pair.before), pair.behind);
+        } else if (!pairs_.empty()) {
+            pairs_.back().second.append(",").append(piece.before);
+        }
+        rest = piece.behind;
+    }
+}
+
+std::string ArgumentPairs::operator[](const std::string& key) const {
+    for (const auto& [name, value] : pairs_)
+        if (name == key) return value;
+    return {};
+}
+
+std::vector<std::string> ArgumentPairs::list() const {
+    std::vector<std::string> paths;
+    const std::string text = (*this)["LIST"];
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const SplitText piece = splitAtFirst(rest, ',');
+        if (beginsPath(piece.before) || paths.empty()) {
+            paths.emplace_back(piece.before);
+        } else {
+            paths.back().append(",").append(piece.before);
+        }
+        rest = piece.behind;
+    }
+    return paths;
+}
+
+Companion::Companion() : machine_(openNativeMachine()) { installHost(machine_->host()); }
+
+int refuse(const std::string& program, const std::string& why) {
+    std::cerr << program << ": " << toUtf8(why) << '\n';
+    return failed;
+}
+
+int openScore(const std::string& program, const std::string& page) {
+    const auto settings = readKeyValues("TULCNTRL.INI", "[");
+    if (!settings) return refuse(program, "there is no TULCNTRL.INI in the current folder.");
+    std::string score;
+    for (const KeyValue& setting : *settings)
+        if (setting.key == "SCOREPATH") score = setting.value;
+    if (score.empty()) return refuse(program, "no SCORE is linked. Enter its path as ScorePath= in TULCNTRL.INI.");
+    if (!files().canRead(score)) return refuse(program, "the linked SCORE was not found: " + score);
+    files().changeFolder(std::string(folderOf(score)));
+    const LaunchResult result = processes().runAndWait({.program = score, .arguments = page});
+    return result.started ? done : refuse(program, result.failure);
+}
+
+}  // namespace tul::companion

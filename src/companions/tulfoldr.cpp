@@ -1,0 +1,28 @@
+#include "base/text.h"
+#include "companions/companion.h"
+#include "companions/terminal.h"
+
+// Lets the user choose a folder and writes it into the result file. It has no window yet: it asks on the
+// terminal, and where there is none no folder is chosen.
+int main(int argc, char** argv) {
+    using namespace tul;
+    const companion::Companion machine;
+    const companion::ArgumentPairs arguments(argc, argv);
+    const std::string result = arguments["STARTDIR"] + "\\" + arguments["FILE"];
+    if (arguments["STARTDIR"].empty() || arguments["FILE"].empty())
+        return companion::refuse("TULFOLDR", "STARTDIR= and FILE= are needed.");
+    if (!companion::canAsk()) {
+        files().remove(result);
+        return companion::refuse("TULFOLDR",
+                                 "choosing a folder needs a terminal, as this version has no window for it yet.");
+    }
+    const auto folder = files().fromNative(companion::askLine(arguments["REMARK"] + ": "));
+    const auto info = folder ? files().info(*folder) : std::nullopt;
+    if (!info || !info->folder) {
+        files().remove(result);
+        return companion::refuse("TULFOLDR", "there is no such folder.");
+    }
+    if (files().replace(result, *folder + std::string(CrLf)) != FileError::none)
+        return companion::refuse("TULFOLDR", "the result file could not be written.");
+    return companion::done;
+}

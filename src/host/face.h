@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+namespace tul {
+
+enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
+enum class Icon { none, information, question, exclamation, critical };
+enum class Answer { ok, cancel, yes, no };
+enum class Pointer { normal, waiting };
+
+struct Message {
+    std::string text;  // lines joined with CrLf
+    Buttons buttons = Buttons::ok;
+    Icon icon = Icon::none;
+    std::string title = {};       // empty: the tool in front
+    bool startUpWarning = false;  // told at every start, and of no weight to a batch run
+};
+
+struct ScreenSize {
+    int width = 15360;  // twips, 15 to the pixel; a face without a screen counts as 1024 by 768 pixels
+    int height = 11520;
+};
+
+/// What drives the panels: windows, the command line, a test. The logic talks to the user through it alone.
+class Face {
+  public:
+    virtual ~Face() = default;
+
+    virtual Answer msgBox(const Message& message) = 0;
+    /// The text that the user typed; empty when the box was cancelled.
+    virtual std::string inputBox(const std::string& prompt, const std::string& defaultText) = 0;
+
+    /// True when `showText` is to be used for all texts, the configured editor for none.
+    virtual bool showsTextItself() const = 0;
+    /// Shows a text file and returns when the user has finished with it.
+    virtual void showText(const std::string& path) = 0;
+    /// Opens the panel of this name over the one in front, and returns when it stands.
+    virtual void openPanel(const std::string& name) = 0;
+    /// Hides the panel in front while an outside program has the screen, and shows it again.
+    virtual void setPanelVisible(bool visible) = 0;
+    virtual void setPointer(Pointer pointer) = 0;
+    virtual ScreenSize screen() const { return {}; }
+    /// Repaints, and lets pending events run.
+    virtual void yield() = 0;
+
+    /// Ends the process, or unwinds to its `main`. Status 0 is a wanted end, 1 a fatal message.
+    [[noreturn]] virtual void endProgram(int status) = 0;
+};
+
+}  // namespace tul

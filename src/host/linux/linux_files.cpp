@@ -1,0 +1,444 @@
+#include "host/linux/linux_files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "base/text.h"
+
+namespace tul {
+
+namespace {
+
+constexpr mode_t writeBits = 0222;
+constexpr mode_t allRights = 07777;
+constexpr mode_t rightsOfNewFiles = 0666;  // less what the user's mask takes away
+constexpr int maxLinks = 40;
+constexpr std::size_t chunkLength = std::size_t{1} << 16;
+constexpr std::size_t kernelChunkLength = std::size_t{1} << 30;
+
+/// `missing` is what a name that is not there means to the operation.
+FileError errorOf(int number, FileError missing) {
+    switch (number) {
+        case 0:
+            return FileError::none;
+        case ENOENT:
+            return missing;
+        case ENOTDIR:
+        case ELOOP:
+        case ENAMETOOLONG:
+            return FileError::pathNotFound;
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return FileError::diskFull;
+        case EROFS:
+            return FileError::readOnly;
+        case EACCES:
+        case EPERM:
+        case EISDIR:
+        case EBUSY:
+        case ETXTBSY:
+            return FileError::permissionDenied;
+        case EEXIST:
+        case ENOTEMPTY:
+            return FileError::fileExists;
+        default:
+            return FileError::deviceFailure;
+    }
+}
+
+/// The error of the last system call of an operation that writes.
+FileError writingError() { return errorOf(errno, FileError::pathNotFound); }
+
+/// Repeats a call that a signal interrupted.
+template <typename Call>
+auto uninterrupted(Call call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR) result = call();
+    return result;
+}
+
+std::string folderPart(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
+std::string namePart(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
+/// Where a symbolic link leads in the end, also when nothing is there yet.
+std::string behindLinks(std::string path) {
+    std::array<char, PATH_MAX> target;
+    for (int links = 0; links < maxLinks; ++links) {
+        const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+        if (length < 0) break;
+        const std::string pointed(target.data(), static_cast<std::size_t>(length));
+        path = pointed.starts_with('/') ? pointed : folderPart(path) + pointed;
+    }
+    return path;
+}
+
+/// Enlarges without setting bytes twice and without carrying old ones over.
+bool makeRoom(std::string& bytes, std::size_t length, std::size_t kept) {
+    try {
+        if (length > bytes.capacity() && kept == 0) bytes.clear();
+        bytes.resize(length);
+        return true;
+    } catch (const std::exception&) {
+        return false;  // a size that no memory can hold, such as that of a file full of holes
+    }
+}
+
+FileError readInto(int file, std::size_t size, std::size_t limit, std::string& bytes) {
+    std::size_t length = 0;
+    while (length < limit) {
+        // One byte more than there should be tells the end of the file in the same call.
+        const std::size_t wanted = std::min(limit, (length < size ? size : length + chunkLength) + 1);
+        if (!makeRoom(bytes, wanted, length)) return FileError::deviceFailure;
+        const ssize_t count =
+            uninterrupted([&] { return ::read(file, bytes.data() + length, wanted - length); });
+        if (count < 0) return errorOf(errno, FileError::deviceFailure);
+        length += static_cast<std::size_t>(count);
+        if (count == 0 || (size > 0 && length >= size && length < wanted)) break;
+    }
+    bytes.resize(length);
+    return FileError::none;
+}
+
+FileError writeAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = uninterrupted([&] { return ::write(file, bytes.data(), bytes.size()); });
+        if (count < 0) return writingError();
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return FileError::none;
+}
+
+FileError copyThroughMemory(int from, int to) {
+    std::string chunk(chunkLength, '\0');
+    for (;;) {
+        const ssize_t count = uninterrupted([&] { return ::read(from, chunk.data(), chunk.size()); });
+        if (count < 0) return errorOf(errno, FileError::deviceFailure);
+        if (count == 0) return FileError::none;
+        const FileError fault =
+            writeAll(to, std::string_view(chunk).substr(0, static_cast<std::size_t>(count)));
+        if (fault != FileError::none) return fault;
+    }
+}
+
+FileError copyContents(int from, int to) {
+    bool copiedSome = false;
+    for (;;) {
+        const ssize_t count = uninterrupted(
+            [&] { return ::copy_file_range(from, nullptr, to, nullptr, kernelChunkLength, 0); });
+        if (count > 0) {
+            copiedSome = true;
+            continue;
+        }
+        if (count == 0 && copiedSome) return FileError::none;
+        if (count < 0 && writingError() == FileError::diskFull) return FileError::diskFull;
+        // Not every file system can do it; what is copied already stands in both positions.
+        return copyThroughMemory(from, to);
+    }
+}
+
+/// A new version of a file, written beside it. It takes the file's place at `finish`, or goes without a
+/// trace. The name of the temporary file follows from the file's name: what a killed run leaves behind is
+/// cleared away by the next writing of the same file. A lock tells such a remnant from a version that another
+/// program is writing at this moment.
+class NewVersion {
+  public:
+    NewVersion() = default;
+    ~NewVersion() {
+        if (file_) ::unlink(temporary_.c_str());
+    }
+    NewVersion(const NewVersion&) = delete;
+    NewVersion& operator=(const NewVersion&) = delete;
+
+    /// Refuses what must not be replaced. `rights` are for a file that does not exist yet.
+    FileError begin(const std::string& path, mode_t rights);
+    FileError finish();
+
+    int file() const { return file_.number(); }
+    bool isNew() const { return !exists_; }
+    bool replaces(const struct stat& status) const {
+        return exists_ && status.st_dev == old_.st_dev && status.st_ino == old_.st_ino;
+    }
+
+  private:
+    FileError checkTarget();
+    FileError createTemporary(mode_t rights);
+    bool clearRemnant();
+    FileError lock();
+    void takeOverRights() const;
+
+    std::string target_;
+    std::string temporary_;
+    Descriptor file_;
+    bool exists_ = false;
+    struct stat old_ {};
+    struct stat new_ {};
+};
+
+/// Hidden, and with a suffix that no tool takes for a page of music.
+std::string temporaryNameOf(const std::string& target) {
+    constexpr std::string_view suffix = ".tul-new";
+    std::string name = namePart(target);
+    if (name.size() + suffix.size() + 1 > NAME_MAX) name = std::to_string(std::hash<std::string>()(name));
+    return folderPart(target) + '.' + name + std::string(suffix);
+}
+
+FileError NewVersion::begin(const std::string& path, mode_t rights) {
+    // A limit on file sizes is to be an error of the writing, not the end of the program.
+    static const auto previous = std::signal(SIGXFSZ, SIG_IGN);
+    static_cast<void>(previous);
+    target_ = path;
+    if (const FileError fault = checkTarget(); fault != FileError::none) return fault;
+    temporary_ = temporaryNameOf(target_);
+    if (const FileError fault = createTemporary(exists_ ? old_.st_mode & 0777 : rights);
+        fault != FileError::none)
+        return fault;
+    if (exists_) takeOverRights();
+    return FileError::none;
+}
+
+FileError NewVersion::checkTarget() {
+    exists_ = ::lstat(target_.c_str(), &old_) == 0;
+    if (exists_ && S_ISLNK(old_.st_mode)) {
+        target_ = behindLinks(target_);
+        exists_ = ::stat(target_.c_str(), &old_) == 0;
+    }
+    if (!exists_) return errno == ENOENT ? FileError::none : writingError();
+    if (!S_ISREG(old_.st_mode)) return FileError::permissionDenied;
+    if ((old_.st_mode & writeBits) == 0)
+        return FileError::readOnly;  // also for a user who may write anything
+    if (::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return writingError();
+    return FileError::none;
+}
+
+FileError NewVersion::createTemporary(mode_t rights) {
+    const auto create = [&] {
+        return Descriptor(
+            ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, rights));
+    };
+    Descriptor file = create();
+    if (!file && errno == EEXIST) {
+        if (!clearRemnant()) return FileError::permissionDenied;
+        file = create();
+    }
+    if (!file) return errno == EEXIST ? FileError::permissionDenied : writingError();
+    file_ = std::move(file);
+    return lock();
+}
+
+/// False when another program is writing there.
+bool NewVersion::clearRemnant() {
+    const Descriptor remnant(::open(temporary_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOFOLLOW));
+    if (remnant && ::flock(remnant.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
+    return ::unlink(temporary_.c_str()) == 0;
+}
+
+/// Between the creation and the lock another program may have cleared the new file away as a remnant.
+FileError NewVersion::lock() {
+    struct stat present;
+    const bool taken = ::flock(file(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    if (!taken && ::fstat(file(), &new_) == 0 && ::lstat(temporary_.c_str(), &present) == 0 &&
+        new_.st_dev == present.st_dev && new_.st_ino == present.st_ino)
+        return FileError::none;
+    file_ = Descriptor();
+    return FileError::permissionDenied;
+}
+
+void NewVersion::takeOverRights() const {
+    // Only the administrator may give files away, and not on every file system; the group is worth a try.
+    if (new_.st_uid != old_.st_uid || new_.st_gid != old_.st_gid) {
+        const uid_t owner = ::geteuid() == 0 ? old_.st_uid : static_cast<uid_t>(-1);
+        static_cast<void>(::fchown(file(), owner, old_.st_gid) == 0);
+    }
+    if ((new_.st_mode & allRights) != (old_.st_mode & allRights)) ::fchmod(file(), old_.st_mode & allRights);
+}
+
+FileError NewVersion::finish() {
+    // Network drives tell of a full disk at the closing only; the lock has to stay until the end, though.
+    const int second = ::fcntl(file(), F_DUPFD_CLOEXEC, 0);
+    if (second >= 0 && ::close(second) != 0 && errno != EINTR) return writingError();
+    if (::rename(temporary_.c_str(), target_.c_str()) != 0) return writingError();
+    file_ = Descriptor();
+    return FileError::none;
+}
+
+bool isPlainFile(int folder, const dirent& entry) {
+    if (entry.d_type == DT_REG) return true;
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
+    struct stat status;
+    return ::fstatat(folder, entry.d_name, &status, 0) == 0 && S_ISREG(status.st_mode);
+}
+
+/// Gives a file another name unless that name is taken.
+int renameToFreeName(const std::string& from, const std::string& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS) return errno;
+    if (nameExists(to)) return EEXIST;
+    return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+DateTime localTime(std::time_t moment) {
+    std::tm parts{};
+    if (::localtime_r(&moment, &parts) == nullptr) return {};
+    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec};
+}
+
+FileError openForReading(const std::string& nativePath, OpenFile& file) {
+    constexpr int mode = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    file.descriptor = Descriptor(uninterrupted([&] { return ::open(nativePath.c_str(), mode); }));
+    if (!file.descriptor) return errorOf(errno, FileError::fileNotFound);
+    if (::fstat(file.descriptor.number(), &file.status) == 0 && S_ISREG(file.status.st_mode))
+        return FileError::none;
+    file.descriptor = Descriptor();
+    return FileError::permissionDenied;
+}
+
+FileError readWhole(const std::string& nativePath, std::string& bytes, std::size_t limit) {
+    OpenFile file;
+    FileError fault = openForReading(nativePath, file);
+    if (fault == FileError::none)
+        fault =
+            readInto(file.descriptor.number(), static_cast<std::size_t>(file.status.st_size), limit, bytes);
+    if (fault != FileError::none) bytes.clear();
+    return fault;
+}
+
+FileError replaceWhole(const std::string& nativePath, std::string_view bytes) {
+    NewVersion version;
+    FileError fault = version.begin(nativePath, rightsOfNewFiles);
+    if (fault == FileError::none) fault = writeAll(version.file(), bytes);
+    return fault == FileError::none ? version.finish() : fault;
+}
+
+bool LinuxFiles::canRead(const std::string& path) const {
+    OpenFile file;
+    const auto native = finder_.native(path);
+    return native && openForReading(*native, file) == FileError::none;
+}
+
+std::optional<FileInfo> LinuxFiles::info(const std::string& path) const {
+    struct stat status;
+    const auto native = finder_.native(path);
+    if (!native || ::stat(native->c_str(), &status) != 0) return std::nullopt;
+    return FileInfo{.length = S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0,
+                    .stamp = localTime(status.st_mtime),
+                    .folder = S_ISDIR(status.st_mode)};
+}
+
+std::string LinuxFiles::nameOnDisk(const std::string& path) const {
+    const auto native = finder_.native(path);
+    return native && nameExists(*native) ? namePart(*native) : std::string();
+}
+
+std::vector<std::string> LinuxFiles::list(const std::string& folder) const {
+    std::vector<std::string> names;
+    const auto native = finder_.native(folder);
+    if (!native) return names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(native->c_str()), ::closedir);
+    if (!listing) return names;
+    while (const dirent* entry = ::readdir(listing.get())) {
+        const std::string_view name = entry->d_name;
+        if (name.find_first_of("\\\r\n") != std::string_view::npos) continue;  // no path can name it
+        if (isPlainFile(::dirfd(listing.get()), *entry)) names.emplace_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+FileError LinuxFiles::read(const std::string& path, std::string& bytes, std::size_t limit) const {
+    const auto native = finder_.native(path);
+    if (native) return readWhole(*native, bytes, limit);
+    bytes.clear();
+    return FileError::pathNotFound;
+}
+
+FileError LinuxFiles::replace(const std::string& path, std::string_view bytes) {
+    const auto native = finder_.native(path);
+    if (!native) return FileError::pathNotFound;
+    const FileError fault = replaceWhole(*native, bytes);
+    finder_.names().namesChanged();
+    return fault;
+}
+
+FileError LinuxFiles::remove(const std::string& path) {
+    const auto native = finder_.native(path);
+    if (!native) return FileError::pathNotFound;
+    struct stat status;
+    if (::lstat(native->c_str(), &status) != 0) return errorOf(errno, FileError::fileNotFound);
+    if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) return FileError::permissionDenied;
+    if ((status.st_mode & writeBits) == 0) return FileError::readOnly;
+    if (::unlink(native->c_str()) != 0) return errorOf(errno, FileError::fileNotFound);
+    finder_.names().namesChanged();
+    return FileError::none;
+}
+
+FileError LinuxFiles::rename(const std::string& from, const std::string& to) {
+    const auto source = finder_.native(from);
+    const auto found = finder_.native(to);
+    if (!source || !found) return FileError::pathNotFound;
+    if (!nameExists(*source)) return FileError::fileNotFound;
+    int fault = 0;
+    if (*source == *found) {
+        const std::string_view name = lastName(to);
+        if (!equalIgnoringCase(name, namePart(*found))) return FileError::fileExists;
+        if (::rename(source->c_str(), (folderPart(*found) + std::string(name)).c_str()) != 0) fault = errno;
+    } else {
+        fault = nameExists(*found) ? EEXIST : renameToFreeName(*source, *found);
+    }
+    if (fault == EXDEV) {
+        const FileError copied = copy(from, to);
+        if (copied != FileError::none) return copied;
+        fault = ::unlink(source->c_str()) == 0 ? 0 : errno;
+    }
+    finder_.names().namesChanged();
+    return errorOf(fault, FileError::pathNotFound);
+}
+
+FileError LinuxFiles::copy(const std::string& from, const std::string& to) {
+    const auto source = finder_.native(from);
+    const auto target = finder_.native(to);
+    if (!source || !target) return FileError::pathNotFound;
+    OpenFile file;
+    FileError fault = openForReading(*source, file);
+    if (fault != FileError::none) return fault;
+
+    NewVersion version;
+    fault = version.begin(*target, file.status.st_mode & 0777);
+    if (fault != FileError::none || version.replaces(file.status)) return fault;
+    fault = copyContents(file.descriptor.number(), version.file());
+    if (fault != FileError::none) return fault;
+    const std::array<timespec, 2> times = {file.status.st_atim, file.status.st_mtim};
+    ::futimens(version.file(), times.data());
+    fault = version.finish();
+    finder_.names().namesChanged();
+    return fault;
+}
+
+std::optional<std::string> LinuxFiles::fromNative(const std::string& nativePath) const {
+    if (nativePath.empty()) return std::nullopt;
+    if (beginsWithDrive(nativePath)) return installationPath(nativePath);
+    const std::filesystem::path whole = std::filesystem::path(finder_.startFolder()) / nativePath;
+    std::error_code failure;
+    // Behind a symbolic link ".." leads to the parent of what the link points to.
+    const bool goesUp = std::find(whole.begin(), whole.end(), "..") != whole.end();
+    std::string path = goesUp ? std::filesystem::weakly_canonical(whole, failure) : whole.lexically_normal();
+    if (failure) path = whole.lexically_normal();
+    while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+    return installationPath(path);
+}
+
+}  // namespace tul

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+namespace tul {
+
+enum class WindowStyle { normal = 1, maximized = 3 };
+
+struct Launch {
+    std::string program;    // a file name, looked for in the current folder, then in the search path; or a path
+    std::string arguments;  // as one text, blanks between the arguments; the program's name is not among them
+    WindowStyle style = WindowStyle::normal;
+};
+
+struct LaunchResult {
+    bool started = false;
+    int exitCode = 0;
+    std::string failure;  // why it did not start, in words; empty when it did
+};
+
+/// Starting other programs. Never through a shell.
+class Processes {
+  public:
+    virtual ~Processes() = default;
+
+    /// Starts the program in the current folder of `Files` and waits until it has ended.
+    virtual LaunchResult runAndWait(const Launch& launch) = 0;
+    /// True when `runAndWait` would find the program and all that it needs to be run.
+    virtual bool canFind(const std::string& program) const = 0;
+};
+
+}  // namespace tul

@@ -1,0 +1,19 @@
+#include "panels/fresh_process.h"
+
+#include "centre/main_panel.h"
+#include "centre/project_options.h"
+#include "check/validation.h"
+#include "music/mus_reader.h"
+#include "shared/records.h"
+
+namespace tul {
+
+void freshProcess() {
+    resetSharedRecords();
+    resetMusReader();
+    resetCentreRecords();
+    fontTable = {};
+    valid::resetValidation();
+}
+
+}  // namespace tul

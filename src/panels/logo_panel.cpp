@@ -1,0 +1,36 @@
+#include "panels/logo_panel.h"
+
+#include "centre/main_panel.h"
+#include "centre/names_file.h"
+#include "centre/start_up.h"
+#include "centre/viewing.h"
+
+namespace tul {
+
+Panel makeLogoPanel() {
+    Panel panel;
+    panel.name = "frmLogo";
+    panel.caption = mainPanel.caption;
+    panel.fields = {
+        {.name = "tabLogo", .kind = FieldKind::tab, .value = &mainPanel.tabLogo},
+        {.name = "lstTextFiles",
+         .kind = FieldKind::list,
+         .value = &mainPanel.lstTextFiles,
+         .accept =
+             [](const std::string& entry) {
+                 chooseTextFile(entry);
+                 return entry;
+             }},
+    };
+    panel.commands = {
+        {.name = "mnuNotepad", .caption = std::string("&Notepad"), .run = [] { SetEditor(EditorCode::notepad); }},
+        {.name = "mnuWordpad", .caption = std::string("&Wordpad"), .run = [] { SetEditor(EditorCode::wordpad); }},
+        {.name = "mnuSeeTextFile", .caption = std::string("see &Text file (intelligently)"), .run = SeeTextFile},
+        {.name = "mnuNamesStatus", .caption = std::string("Names files status"), .run = showNamesStatus},
+        {.name = "cmdExit", .caption = std::string("Exit"), .run = exitProgram},
+    };
+    panel.load = [caption = panel.caption] { frontPanelCaption = caption; };
+    return panel;
+}
+
+}  // namespace tul

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "shared/panel.h"
+
+namespace tul {
+
+/// `frmNotepad`: the built-in viewer, over the file that was handed to it.
+Panel makeNotepadPanel();
+
+}  // namespace tul

@@ -1,0 +1,29 @@
+#include "panels/panel_list.h"
+
+#include "base/text.h"
+#include "panels/logo_panel.h"
+#include "panels/notepad_panel.h"
+#include "panels/valid_panel.h"
+
+namespace tul {
+
+const std::vector<PanelEntry>& panelList() {
+    static const std::vector<PanelEntry> panels = {
+        {"frmLogo", "logo", "", "the main panel: editors, text files, status of the names files", makeLogoPanel},
+        {"frmValid", "valid", "validate", "check the structure of music files", makeValidPanel},
+        {"frmNotepad", "notepad", "", "the built-in viewer of text files", makeNotepadPanel},
+    };
+    return panels;
+}
+
+const PanelEntry* findPanel(std::string_view name) {
+    for (const PanelEntry& entry : panelList()) {
+        const std::string_view alias = entry.alias;
+        if (equalIgnoringCase(name, entry.form) || equalIgnoringCase(name, entry.shortName) ||
+            (!alias.empty() && equalIgnoringCase(name, alias)))
+            return &entry;
+    }
+    return nullptr;
+}
+
+}  // namespace tul

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shared/panel.h"
+
+/// All panels by name.
+namespace tul {
+
+struct PanelEntry {
+    const char* form;         // such as frmValid
+    const char* shortName;    // the form's without frm, in lower case
+    const char* alias;        // also accepted; "" without one
+    const char* description;  // one line for the help
+    Panel (*make)();          // a new panel over its tool's record, which starts anew
+};
+
+const std::vector<PanelEntry>& panelList();
+
+/// By form, short name or alias, in any letter case; null when there is none.
+const PanelEntry* findPanel(std::string_view name);
+
+}  // namespace tul

@@ -1,0 +1,35 @@
+#include "panels/tool_panel.h"
+
+#include "centre/main_panel.h"
+#include "centre/names_file.h"
+#include "centre/panel_place.h"
+#include "shared/records.h"
+
+namespace tul {
+
+void loadToolPanel(const std::string& caption, PanelPlace& place) {
+    frontPanelCaption = caption;
+    place.height = heightOfPanels();
+    positionPanel(place);
+    ReadNamesFile();
+}
+
+Command selectCommand(const std::string& name, const std::string& message, std::string& viewTip,
+                      Live<bool> enabled) {
+    return {.name = name,
+            .caption = std::string("Select"),
+            .run = [message, &viewTip] { SelectFiles(message, viewTip); },
+            .enabled = std::move(enabled),
+            .toolTip = std::string("Select music files, or drop them here"),
+            .drop = [&viewTip](const std::vector<std::string>& dropped) { DropFiles(dropped, viewTip); }};
+}
+
+Command viewCommand(const std::string& name, std::string& viewTip, const Live<bool>& enabled) {
+    return {.name = name,
+            .caption = std::string("View"),
+            .run = [&viewTip] { ViewNamesFile(viewTip); },
+            .enabled = [enabled] { return selection.SelectionValid && enabled(); },
+            .toolTip = [&viewTip] { return viewTip; }};
+}
+
+}  // namespace tul

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "shared/panel.h"
+
+namespace tul {
+
+/// `frmValid`: validation of music files, and the offer to recover damaged ones.
+Panel makeValidPanel();
+
+}  // namespace tul

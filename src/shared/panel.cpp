@@ -1,0 +1,98 @@
+#include "shared/panel.h"
+
+#include <algorithm>
+
+#include "base/numbers.h"
+#include "base/text.h"
+
+namespace tul {
+
+namespace {
+
+template <class Named>
+Named* findByName(std::vector<Named>& list, std::string_view name) {
+    const auto found =
+        std::find_if(list.begin(), list.end(), [&](const Named& n) { return equalIgnoringCase(n.name, name); });
+    return found == list.end() ? nullptr : &*found;
+}
+
+std::string joinLines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        if (!text.empty()) text += CrLf;
+        text += line;
+    }
+    return text;
+}
+
+bool isBoolean(std::string_view text) {
+    return isNumeric(text) || equalIgnoringCase(trim(text), "TRUE") || equalIgnoringCase(trim(text), "FALSE");
+}
+
+}  // namespace
+
+std::string Field::text() const {
+    struct Visitor {
+        std::string operator()(const std::string* value) const { return *value; }
+        std::string operator()(const bool* value) const { return *value ? "1" : "0"; }
+        std::string operator()(const int* value) const { return plain(*value); }
+        std::string operator()(const Progress* value) const { return plain(value->percent); }
+        std::string operator()(const ListBox* value) const { return joinLines(value->entries); }
+    };
+    return std::visit(Visitor{}, value);
+}
+
+bool Field::isReadOnly() const {
+    if (kind == FieldKind::label || kind == FieldKind::progress) return true;
+    return kind == FieldKind::text && !accept && prompt().empty();
+}
+
+Field* Panel::field(std::string_view fieldName) { return findByName(fields, fieldName); }
+
+Command* Panel::command(std::string_view commandName) { return findByName(commands, commandName); }
+
+PanelAnswer Panel::set(std::string_view fieldName, const std::string& text) {
+    Field* const target = field(fieldName);
+    if (!target) return PanelAnswer::unknown;
+    if (!target->enabled()) return PanelAnswer::disabled;
+
+    if (const auto flag = std::get_if<bool*>(&target->value)) {
+        if (!isBoolean(text)) return PanelAnswer::invalid;
+        const bool on = isTrue(text);
+        if (target->kind == FieldKind::option && on) {
+            for (Field& other : fields)
+                if (other.kind == FieldKind::option && other.group == target->group)
+                    *std::get<bool*>(other.value) = false;
+        }
+        **flag = on;
+        if (target->accept) target->accept(target->text());
+        return PanelAnswer::done;
+    }
+    if (const auto number = std::get_if<int*>(&target->value)) {
+        const auto page = isWholeNumber(text) ? toInt32(numericValue(text)) : std::nullopt;
+        if (!page) return PanelAnswer::invalid;
+        **number = *page;
+        return PanelAnswer::done;
+    }
+    if (const auto list = std::get_if<ListBox*>(&target->value)) {
+        const auto& entries = (*list)->entries;
+        if (std::find(entries.begin(), entries.end(), text) == entries.end()) return PanelAnswer::invalid;
+        if (target->accept) target->accept(text);
+        return PanelAnswer::done;
+    }
+    if (target->isReadOnly()) return PanelAnswer::disabled;
+    // The validator may rebuild the fields' texts itself, so its result is stored last.
+    std::string kept = target->accept ? target->accept(text) : text;
+    *std::get<std::string*>(target->value) = std::move(kept);
+    return PanelAnswer::done;
+}
+
+PanelAnswer Panel::press(std::string_view commandName) {
+    Command* const target = command(commandName);
+    if (!target) return PanelAnswer::unknown;
+    if (!target->enabled()) return PanelAnswer::disabled;
+    target->run();
+    return PanelAnswer::done;
+}
+
+}  // namespace tul

@@ -1,0 +1,20 @@
+#include "shared/report.h"
+
+#include "base/text.h"
+#include "host/host.h"
+
+namespace tul {
+
+bool Report::open() {
+    text_.clear();
+    return files().replace(path_, "") == FileError::none;
+}
+
+void Report::line(std::string_view text) {
+    text_ += text;
+    text_ += CrLf;
+}
+
+bool Report::close() { return files().replace(path_, text_) == FileError::none; }
+
+}  // namespace tul

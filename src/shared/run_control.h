@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace tul {
+
+/// The return button of a tool, which is the cancel button during a run. The flag and the caption are what
+/// the run's loops and the panel see of it.
+struct RunControl {
+    std::string cancelFlag;                // empty while running; "cancel" asks the run to stop
+    std::string returnCaption = "Return";  // "Cancel" during a run
+    bool running = false;                  // the tool's other buttons are disabled meanwhile
+    bool closed = false;                   // the panel was unloaded
+
+    void beginRun();
+    void endRun();
+    bool cancelled() const { return !cancelFlag.empty(); }
+    /// The button: asks a run to stop, or closes the panel when none is on.
+    void press();
+};
+
+}  // namespace tul

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+/// The program's version record.
+namespace tul::version {
+
+inline constexpr int major = 8;
+inline constexpr int minor = 0;
+inline constexpr int revision = 200;
+inline constexpr std::string_view buildDate = "November 21, 2026";
+
+}  // namespace tul::version

@@ -1,0 +1,209 @@
+#include "centre/names_file.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+
+#include "centre/launching.h"
+#include "shared/records.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+using testing::crlf;
+using testing::ScriptedHost;
+
+class NamesFile : public ::testing::Test {
+  protected:
+    NamesFile() {
+        paths.ProgramFolder = host.folder();
+        paths.NamesFileName = "NAMES.TUL";
+        paths.NamesFilePath = host.path("NAMES.TUL");
+        paths.TulNamesPath = host.path("TULNAMES.EXE");
+        paths.TulOlePath = host.path("TULOLE.EXE");
+        paths.TulFolderPath = host.path("TULFOLDR.EXE");
+        paths.TulFolderResultName = "TULFOLDR.TUL";
+        for (const char* page : {"one.mus", "second.mus", "three.mus"}) host.write(page, "page");
+    }
+
+    std::string upper(const std::string& name) const { return upperCase(host.path(name)); }
+    void readNames(const std::string& text) {
+        host.write("NAMES.TUL", text);
+        ReadNamesFile();
+    }
+    void expectDiscarded(const std::string& message) {
+        ASSERT_EQ(host.messages.size(), 1U);
+        EXPECT_EQ(host.messages[0], message);
+        EXPECT_EQ(host.shown.size(), 1U);
+        EXPECT_FALSE(host.exists("NAMES.TUL"));
+        EXPECT_EQ(selection.SelectionCount, 0);
+        EXPECT_FALSE(selection.SelectionValid);
+    }
+
+    ScriptedHost host;
+};
+
+TEST_F(NamesFile, IsReadWhateverItsLineEndsAndLetterCase) {
+    for (const std::string end : {"\r\n", "\n", "\r"}) {
+        readNames("* a comment" + end + end + " another" + end + host.path("One.Mus") + " 1  " + end +
+                  host.path("SECOND.mus") + " 1" + end + host.path("three.MUS") + " 1");
+        EXPECT_TRUE(selection.SelectionValid);
+        ASSERT_EQ(selection.SelectionCount, 3);
+        EXPECT_EQ(selection.SelectionNames[1], upper("ONE.MUS"));
+        EXPECT_EQ(selection.SelectionNames[3], upper("THREE.MUS"));
+        EXPECT_EQ(selection.LongestName, upper("SECOND.MUS"));
+        EXPECT_EQ(selection.SelectionPrefix, upper(""));
+        EXPECT_TRUE(host.messages.empty());
+    }
+}
+
+TEST_F(NamesFile, WithoutNamesIsNoSelectionAndNoMessage) {
+    ReadNamesFile();
+    EXPECT_FALSE(selection.SelectionValid);
+    for (const char* text : {"", "* only\r\n comments\r\n", "\r\n\r\n"}) {
+        readNames(text);
+        EXPECT_FALSE(selection.SelectionValid);
+        EXPECT_EQ(selection.SelectionCount, 0);
+        EXPECT_TRUE(host.exists("NAMES.TUL"));
+    }
+    EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(NamesFile, WithoutTheTerminatorIsToldAndTaken) {
+    readNames(host.path("one.mus") + "\r\n" + host.path("three.mus") + " 1\r\n");
+    EXPECT_EQ(selection.SelectionCount, 2);
+    EXPECT_TRUE(selection.SelectionValid);
+    ASSERT_EQ(host.messages.size(), 1U);
+    EXPECT_EQ(host.messages[0], "Filename [" + upper("ONE.MUS") +
+                                    "] in Names file not terminated by ' 1'. Hit enter to continue (Assumed correct).");
+}
+
+TEST_F(NamesFile, WithAnotherFolderIsDiscarded) {
+    std::filesystem::create_directory(host.nativeFolder() / "sub");
+    host.write("sub/one.mus", "page");
+    readNames(crlf({host.path("one.mus") + " 1", host.path("sub\\one.mus") + " 1"}));
+    expectDiscarded("Names in Names file do not all have the same path prefix.\r\nThis is a requirement for printing "
+                    "with SCORLAS.\r\nCompared names are: " +
+                    upper("") + "\r\nAnd: " + upper("sub\\") + "\r\n\r\nNames file will be deleted after view.");
+}
+
+TEST_F(NamesFile, WithoutAFolderIsDiscarded) {
+    readNames(crlf({"one.mus 1"}));
+    expectDiscarded("Invalid record format in Names file.\r\nName must have a path prefix:\r\nONE.MUS\r\nNames file "
+                    "will be deleted after view.");
+}
+
+TEST_F(NamesFile, WithAVanishedFileIsDiscarded) {
+    readNames(crlf({host.path("one.mus") + " 1", host.path("gone.mus") + " 1"}));
+    expectDiscarded("Name in Names file [" + upper("GONE.MUS") +
+                    "] refers to non-existing or unaccessable file\r\nNames file will be deleted after view.");
+}
+
+TEST_F(NamesFile, OnADisketteIsToldInItsOwnWords) {
+    readNames(crlf({"a:\\gone.mus 1"}));
+    expectDiscarded("Name in names file [A:\\GONE.MUS] refers to non-existing or unaccessable file\r\nDefine a new "
+                    "names file by music file selection.");
+}
+
+TEST_F(NamesFile, WithAFolderOrANulInsteadOfAFileIsDiscarded) {
+    std::filesystem::create_directory(host.nativeFolder() / "dir.mus");
+    readNames(crlf({host.path("dir.mus") + " 1"}));
+    EXPECT_EQ(selection.SelectionCount, 0);
+    readNames(host.path(std::string("one\0.mus", 8)) + " 1\r\n");
+    EXPECT_EQ(selection.SelectionCount, 0);
+    EXPECT_EQ(host.messages.size(), 2U);
+}
+
+TEST_F(NamesFile, KeepsABlankBeforeTheTerminator) {
+    host.write("one.mus ", "page");
+    readNames(crlf({host.path("one.mus ") + " 1"}));
+    ASSERT_EQ(selection.SelectionCount, 1);
+    EXPECT_EQ(selection.SelectionNames[1], upper("ONE.MUS "));
+}
+
+TEST_F(NamesFile, StatusCountsAllThreeListsAndDeletesStaleOnes) {
+    host.write("one.eps", "eps");
+    host.write("NAMES.TUL", crlf({host.path("one.mus") + " 1"}));
+    host.write("NAMESEPS.TUL", crlf({host.path("one.eps") + " 1"}));
+    host.write("NAMESXML.TUL", crlf({host.path("one.xml") + " 1", host.path("one.eps") + " 1"}));
+    showNamesStatus();
+    ASSERT_EQ(host.messages.size(), 1U);
+    EXPECT_EQ(host.messages[0], "1 name(s) in " + host.path("NAMES.TUL") + "\r\n1 name(s) in " +
+                                    host.path("NAMESEPS.TUL") + "\r\n1 name(s) in " + host.path("NAMESXML.TUL") +
+                                    "\r\n");
+    EXPECT_TRUE(host.exists("NAMESEPS.TUL"));
+    EXPECT_FALSE(host.exists("NAMESXML.TUL"));
+}
+
+TEST_F(NamesFile, ComesFromTheSelectionProgram) {
+    std::string tip = "as before";
+    SelectFiles("Select Score music file(s)", tip);
+    EXPECT_TRUE(host.launches.empty()) << "a missing program is not started";
+    EXPECT_EQ(tip, "as before") << "nothing selected leaves the tip";
+
+    projectSettings.PreferedSuffix = "MUS";
+    projectSettings.MusDirectory = "Z:\\MUSIC";
+    host.write("TULNAMES.EXE", "x");
+    host.programs["TULNAMES.EXE"] = [this](const std::string&) {
+        host.write("NAMES.TUL", crlf({host.path("one.mus") + " 1"}));
+        return 0;
+    };
+    SelectFiles("Select Score music file(s)", tip);
+    ASSERT_EQ(host.launches.size(), 1U);
+    EXPECT_EQ(host.launches[0], host.path("TULNAMES.EXE") + " STARTDIR=" + host.folder() +
+                                    ",SUFFIX=MUS,MUSFOLDER=Z:\\MUSIC,NAMESFILE=NAMES.TUL,DEBUG=NO,MSG=Select Score "
+                                    "music file(s)");
+    EXPECT_EQ(tip, "Names file NAMES.TUL has one filename: " + upper("ONE.MUS"));
+    SelectFiles("", tip);
+    EXPECT_TRUE(host.launches[1].ends_with(",DEBUG=NO"));
+}
+
+TEST_F(NamesFile, ComesFromDroppedFiles) {
+    host.write("TULOLE.EXE", "x");
+    host.programs["TULOLE.EXE"] = [this](const std::string&) {
+        host.write("NAMES.TUL", crlf({host.path("one.mus") + " 1", host.path("three.mus") + " 1"}));
+        return 0;
+    };
+    std::string tip;
+    DropFiles({"Z:\\B.MUS", "Z:\\A.MUS"}, tip);
+    ASSERT_EQ(host.launches.size(), 1U);
+    EXPECT_EQ(host.launches[0], "TULOLE.EXE STARTDIR=" + host.folder() +
+                                    ",NAMESFILE=NAMES.TUL,DEBUG=NO,TYPE=MUS,LIST=Z:\\B.MUS,Z:\\A.MUS,");
+    EXPECT_EQ(tip, "Names file NAMES.TUL has 2 filenames, the first: " + upper("ONE.MUS"));
+}
+
+TEST_F(NamesFile, TooLargeADropIsToldAndTheSelectionStays) {
+    host.write("TULOLE.EXE", "x");  // found, but it does not start
+    readNames(crlf({host.path("one.mus") + " 1"}));
+    std::string tip;
+    DropFiles({"Z:\\A.MUS"}, tip);
+    ASSERT_EQ(host.messages.size(), 1U);
+    EXPECT_TRUE(host.messages[0].starts_with("Call to TULOLE.EXE causes error: not found\r\nUsually this error"));
+    EXPECT_EQ(selection.SelectionCount, 1);
+}
+
+TEST_F(NamesFile, IsShownAndReadAgain) {
+    std::string tip;
+    EXPECT_EQ(testing::endOf([&] { ViewNamesFile(tip); }), 1);
+    EXPECT_EQ(host.messages.back(),
+              host.path("NAMES.TUL") + " creation failed. Programming error. Hit OK to abort");
+    host.write("NAMES.TUL", crlf({host.path("one.mus") + " 1"}));
+    ViewNamesFile(tip);
+    EXPECT_EQ(host.shown.size(), 1U);
+    EXPECT_EQ(selection.SelectionCount, 1);
+}
+
+TEST_F(NamesFile, AFolderIsTheLastLineThatIsNoComment) {
+    EXPECT_EQ(SelectFolder("Select AFM folder"), "");
+    host.write("TULFOLDR.TUL", "* chosen\r\nZ:\\ONE\r\n\r\nZ:\\TWO  \r\n* end\r\n");
+    EXPECT_EQ(SelectFolder("Select AFM folder"), "Z:\\TWO");
+    host.write("TULFOLDR.EXE", "x");
+    host.programs["TULFOLDR.EXE"] = [](const std::string&) { return 0; };
+    SelectFolder("Select AFM folder");
+    EXPECT_EQ(host.launches.back(),
+              "TULFOLDR.EXE REMARK=Select AFM folder,STARTDIR=" + host.folder() + ",FILE=TULFOLDR.TUL,DEBUG=NO");
+}
+
+}  // namespace
+}  // namespace tul

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Rooms = std::set<std::string>;
+
+/// The rooms that each room may include, beside itself.
+const std::map<std::string, Rooms>& allowedRooms() {
+    static const std::map<std::string, Rooms> allowed = [] {
+        const Rooms toMusic = {"base", "host", "shared"};
+        Rooms toCentre = toMusic;
+        toCentre.insert("music");
+        Rooms toTools = toCentre;
+        toTools.insert("centre");
+        Rooms readingPages = toTools;
+        readingPages.insert("bars");
+        Rooms toPanels = readingPages;
+        toPanels.insert({"check", "edit", "renumber", "extract", "input"});
+        Rooms toFaces = toPanels;
+        toFaces.insert("panels");
+        return std::map<std::string, Rooms>{
+            {"base", {}},           {"host", {"base"}},         {"shared", {"base", "host"}},
+            {"music", toMusic},     {"centre", toCentre},       {"check", toTools},
+            {"edit", toTools},      {"bars", toTools},          {"input", toTools},
+            {"renumber", readingPages}, {"extract", readingPages}, {"panels", toPanels},
+            {"desktop", toFaces},   {"command", toFaces},       {"companions", toMusic},
+        };
+    }();
+    return allowed;
+}
+
+std::string roomOf(const std::string& path) { return path.substr(0, path.find('/')); }
+
+/// What is wrong with the includes of one file, a line each.
+std::string wrongIncludes(const fs::path& file, const std::string& room) {
+    static const std::regex ours(R"(^\s*#\s*include\s*"([^"]+)\")");
+    static const std::regex toolkit(R"(^\s*#\s*include\s*<(Q[A-Za-z/]+)>)");
+    std::string wrong;
+    std::ifstream text(file);
+    std::smatch match;
+    for (std::string line; std::getline(text, line);) {
+        if (std::regex_search(line, match, ours)) {
+            const std::string used = roomOf(match[1]);
+            if (used != room && !allowedRooms().at(room).contains(used))
+                wrong += file.string() + " includes " + match[1].str() + "\n";
+        }
+        if (room != "desktop" && room != "companions" && std::regex_search(line, match, toolkit))
+            wrong += file.string() + " includes the toolkit: " + match[1].str() + "\n";
+    }
+    return wrong;
+}
+
+TEST(Includes, GoUpwardFromRoomToRoomOnly) {
+    const fs::path source = TUL_SOURCE_FOLDER;
+    int files = 0;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(source)) {
+        const std::string extension = entry.path().extension().string();
+        if (extension != ".h" && extension != ".cpp") continue;
+        const std::string room = roomOf(fs::relative(entry.path(), source).generic_string());
+        ASSERT_TRUE(allowedRooms().contains(room)) << entry.path() << " lies in no known room";
+        EXPECT_EQ(wrongIncludes(entry.path(), room), "");
+        ++files;
+    }
+    EXPECT_GT(files, 30) << "the source folder was not found";
+}
+
+TEST(Includes, AWrongArrowIsSeen) {
+    const fs::path file = fs::temp_directory_path() / ("tul-arrow-" + std::to_string(::getpid()) + ".cpp");
+    std::ofstream(file) << "#include \"centre/start_up.h\"\n#include <QString>\n#include \"base/text.h\"\n";
+    const std::string wrong = wrongIncludes(file, "music");
+    EXPECT_NE(wrong.find("centre/start_up.h"), std::string::npos);
+    EXPECT_NE(wrong.find("QString"), std::string::npos);
+    EXPECT_EQ(wrong.find("base/text.h"), std::string::npos);
+    fs::remove(file);
+}
+
+}  // namespace

@@ -1,0 +1,147 @@
+#include "support/scripted_host.h"
+
+#include <unistd.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "base/text.h"
+#include "panels/fresh_process.h"
+
+namespace tul::testing {
+
+namespace fs = std::filesystem;
+
+std::optional<int> endOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const ScriptedEnd& end) {
+        return end.status;
+    }
+    return std::nullopt;
+}
+
+FileError FaultyFiles::replace(const std::string& path, std::string_view bytes) {
+    const auto refusal = refusals.find(std::string(fileNameOf(path)));
+    return refusal == refusals.end() ? real_.replace(path, bytes) : refusal->second;
+}
+
+struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
+    explicit Parts(ScriptedHost& owner) : host(owner) {}
+    ScriptedHost& host;
+
+    Answer msgBox(const Message& message) override {
+        host.messages.push_back(message.text);
+        if (message.buttons == Buttons::ok) return Answer::ok;
+        if (host.answers.empty()) return message.buttons == Buttons::yesNo ? Answer::no : Answer::cancel;
+        const Answer answer = host.answers.front();
+        host.answers.pop_front();
+        return answer;
+    }
+    std::string inputBox(const std::string& prompt, const std::string&) override {
+        host.messages.push_back(prompt);
+        if (host.inputs.empty()) return {};
+        std::string text = host.inputs.front();
+        host.inputs.pop_front();
+        return text;
+    }
+    bool showsTextItself() const override { return host.showsTextItself; }
+    void showText(const std::string& path) override {
+        std::string text;
+        files().read(path, text);
+        host.shown.push_back(text);
+    }
+    void openPanel(const std::string& name) override { host.opened.push_back(name); }
+    void setPanelVisible(bool) override {}
+    void setPointer(Pointer) override {}
+    ScreenSize screen() const override { return host.screen; }
+    void yield() override {
+        if (host.onYield) host.onYield();
+    }
+    void endProgram(int status) override { throw ScriptedEnd{status}; }
+
+    LaunchResult runAndWait(const Launch& launch) override {
+        const std::string arguments(trim(launch.arguments));
+        host.launches.push_back(launch.program + (arguments.empty() ? "" : " ") + arguments);
+        const auto found = host.programs.find(std::string(fileNameOf(launch.program)));
+        if (found == host.programs.end()) return {.started = false, .exitCode = 0, .failure = "not found"};
+        return {.started = true, .exitCode = found->second(arguments), .failure = {}};
+    }
+    bool canFind(const std::string& program) const override { return host.programs.contains(program); }
+
+    std::string read(const std::string& section, const std::string& key) const override {
+        const auto found = host.profile.find(section);
+        if (found == host.profile.end()) return {};
+        const auto value = found->second.find(key);
+        return value == found->second.end() ? std::string() : value->second;
+    }
+    void write(const std::string& section, const std::string& key, const std::string& value) override {
+        host.profile[section][key] = value;
+    }
+
+    DateTime now() const override { return host.time; }
+    std::int64_t milliseconds() const override { return tick += 1000; }
+    mutable std::int64_t tick = 0;
+
+    PlatformVersion version() const override { return host.version; }
+    std::optional<int> nativeArchitecture() const override { return host.architecture; }
+    std::string computerName() const override { return "DESK"; }
+    char decimalSymbol() const override { return host.decimalSymbol; }
+    bool anotherInstanceRuns() override { return host.anotherInstance; }
+};
+
+ScriptedHost::ScriptedHost() {
+    std::string pattern = (fs::temp_directory_path() / "tul-test-XXXXXX").string();
+    nativeFolder_ = mkdtemp(pattern.data());
+    machine_ = openNativeMachine();
+    Host host = machine_->host();
+    faultyFiles_ = std::make_unique<FaultyFiles>(*host.files);
+    parts_ = std::make_unique<Parts>(*this);
+    host.files = faultyFiles_.get();
+    host.processes = parts_.get();
+    host.profile = parts_.get();
+    host.clock = parts_.get();
+    host.platform = parts_.get();
+    host.face = parts_.get();
+    installHost(host);
+    version.ownText = "Wx Test";
+    freshProcess();
+    files().changeFolder(*files().fromNative(nativeFolder_.string()));
+}
+
+ScriptedHost::~ScriptedHost() {
+    installHost({});
+    std::error_code ignored;
+    fs::remove_all(nativeFolder_, ignored);
+}
+
+std::string ScriptedHost::folder() const { return *files().fromNative(nativeFolder_.string()); }
+
+void ScriptedHost::write(const std::string& name, const std::string& bytes) {
+    std::ofstream(nativeFolder_ / name, std::ios::binary) << bytes;
+}
+
+std::string ScriptedHost::read(const std::string& name) const {
+    std::ifstream file(nativeFolder_ / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool ScriptedHost::exists(const std::string& name) const { return fs::exists(nativeFolder_ / name); }
+
+void ScriptedHost::install() {
+    for (const char* name : {"TULSCORE.EXE", "TULSKORE.EXE", "TULFOLDR.EXE", "TULNAMES.EXE", "TULOLE.EXE",
+                             "TULMONIT.EXE", "TULCNTRL.HLP"})
+        write(name, "x");
+    programs["TULMONIT.EXE"] = [this](const std::string&) {
+        write("TulMonit.TXT", "* monitors\nWorkAreaHeight=1040\nNumberOfMonitors=1\nCurrentMonitorRight=1920\n");
+        return 0;
+    };
+}
+
+std::string crlf(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) text += line + "\r\n";
+    return text;
+}
+
+}  // namespace tul::testing

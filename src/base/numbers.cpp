@@ -223,14 +223,6 @@ bool isExponent(std::string_view text) {
     return !text.empty() && digitsAtStart(text) == text.size();
 }
 
-template <class Integer>
-std::optional<Integer> toInteger(double value) {
-    const double rounded = roundToEven(value);
-    const bool fits = rounded >= std::numeric_limits<Integer>::min() &&
-                      rounded <= std::numeric_limits<Integer>::max();  // false for NaN
-    return fits ? std::optional(static_cast<Integer>(rounded)) : std::nullopt;
-}
-
 }  // namespace
 
 std::string plain(float value) {
@@ -310,19 +302,15 @@ double roundToEven(double value) {
     return std::nearbyint(value) + 0.0;
 }
 
-std::optional<std::int16_t> toInt16(double value) {
-    return toInteger<std::int16_t>(value);
-}
 std::optional<std::int32_t> toInt32(double value) {
-    return toInteger<std::int32_t>(value);
+    const double rounded = roundToEven(value);
+    const bool fits = rounded >= std::numeric_limits<std::int32_t>::min() &&
+                      rounded <= std::numeric_limits<std::int32_t>::max();  // false for NaN
+    return fits ? std::optional(static_cast<std::int32_t>(rounded)) : std::nullopt;
 }
 
 float integerPart(float value) {
     return std::floor(value);
-}
-
-bool isInteger(float value) {
-    return std::floor(value) == value;
 }
 
 }  // namespace tul

@@ -59,8 +59,16 @@ bool isWholeNumber(std::string_view text);
 double roundToEven(double value);
 
 /// Rounded to nearest, ties to even; nothing for NaN, infinities and values beyond signed 16 or 32 bits.
-std::optional<std::int16_t> toInt16(double value);
 std::optional<std::int32_t> toInt32(double value);
+inline std::optional<std::int16_t> toInt16(double value) {
+    // Every item has a length word that goes through here: adding and taking away a number whose last place is
+    // 1 rounds as the processor does, without a call.
+    constexpr double lastPlaceIsOne = 6755399441055744.0;  // 1.5 times 2 to the 52nd
+    if (!(value >= -40000.0 && value <= 40000.0)) return std::nullopt;
+    const double rounded = (value + lastPlaceIsOne) - lastPlaceIsOne;
+    if (rounded < -32768.0 || rounded > 32767.0) return std::nullopt;
+    return static_cast<std::int16_t>(rounded);
+}
 
 /// A 16-bit counter wraps in silence.
 constexpr std::int16_t wrap16(std::int64_t value) {
@@ -71,6 +79,11 @@ constexpr std::int16_t wrap16(std::int64_t value) {
 float integerPart(float value);
 
 /// True when the value has no fraction. NaN has one, infinities have none.
-bool isInteger(float value);
+inline bool isInteger(float value) {
+    constexpr float allAreIntegers = 8388608.0F;  // 2 to the 23rd
+    if (value > -allAreIntegers && value < allAreIntegers)
+        return static_cast<float>(static_cast<std::int32_t>(value)) == value;
+    return value == value;
+}
 
 }  // namespace tul

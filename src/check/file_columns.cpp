@@ -52,18 +52,19 @@ std::string IsFinale(const std::string& path) {
     return head.starts_with(finaleStart) && named ? "Finale" : "";
 }
 
-std::string EditDateTime(const std::string& path) {
-    const auto info = files().info(path);
-    const std::string stamp = info ? stampText(info->stamp) : std::string();
+std::string EditDateTime(const std::optional<FileInfo>& info) {
+    return editedStamp(info ? stampText(info->stamp) : std::string());
+}
+
+std::string editedStamp(const std::string& stamp) {
     const SplitText split = splitAtFirst(trim(stamp), ' ');
     if (!split.found) return std::string(split.before);
     return editDate(std::string(split.before), dateSettings.dateSeparator) + " " +
            editTime(std::string(split.behind), dateSettings.timeSeparator);
 }
 
-std::string sizeField(const std::string& path) {
-    const auto info = files().info(path);
-    const std::string digits = plain(info ? info->length : 0);
+std::string sizeField(std::uint64_t length) {
+    const std::string digits = plain(length);
     return padRight(digits.size() > sizeWidth ? std::string(sizeWidth, 'X') : digits, sizeWidth);
 }
 

@@ -41,7 +41,9 @@ void writeTotals(Report& report) {
 /// Checks one file and writes its row. False when the user asked the run to stop.
 bool validateFile(Report& report) {
     const std::string& path = validation.currentPath;
-    const std::string start = padRight(fileNameOf(path), nameWidth) + " " + EditDateTime(path) + sizeField(path);
+    const auto info = files().info(path);
+    const std::string start = padRight(fileNameOf(path), nameWidth) + " " + EditDateTime(info) +
+                              sizeField(info ? info->length : 0);
     const std::string paddedPath = padRight(path, pathWidth());
     if (IsFinale(path) == "Finale") {
         report.line(start + " ---- " + paddedPath + " is a Finale file");

@@ -42,7 +42,8 @@ ItemEnd giveUp(const std::string& failure, bool mayBeNoMusFile) {
 
 /// Asks about something that a sound file may hold but hardly means. True to go on.
 bool askToContinue(const std::string& finding) {
-    return MsgBox(finding + newLine + joined("Item = ", musItem.MusItemNumber) + newLine + newLine + "Continue?",
+    return MsgBox(finding + " in file " + validation.currentPath + newLine + joined("Item = ", musItem.MusItemNumber) +
+                      newLine + newLine + "Continue?",
                   Buttons::yesNo, Icon::question) == Answer::yes;
 }
 
@@ -50,15 +51,14 @@ bool askToContinue(const std::string& finding) {
 bool checkMeaning() {
     const float code = musItem.MusPar[1];
     const float staff = musItem.MusPar[2];
-    const std::string inFile = " in file " + validation.currentPath;
     bool goOn = true;
     if (code < lowestItemCode || code > highestItemCode)
-        goOn = askToContinue("Found an item code <1 or >18" + inFile);
-    if (code == 13.0F) goOn = askToContinue("Found an item code 13" + inFile);
-    if (!isInteger(code)) goOn = askToContinue("Found a non-integer item code (" + plain(code) + ") number" + inFile);
+        goOn = askToContinue("Found an item code <1 or >18");
+    if (code == 13.0F) goOn = askToContinue("Found an item code 13");
+    if (!isInteger(code)) goOn = askToContinue("Found a non-integer item code (" + plain(code) + ") number");
     if (staff < 1.0F || staff > static_cast<float>(projectSettings.StaffRange))
-        goOn = askToContinue(joined("Found a staff number less <1 or >", projectSettings.StaffRange) + inFile);
-    if (!isInteger(staff)) goOn = askToContinue("Found a non-integer staff (" + plain(staff) + ") number" + inFile);
+        goOn = askToContinue(joined("Found a staff number less <1 or >", projectSettings.StaffRange));
+    if (!isInteger(staff)) goOn = askToContinue("Found a non-integer staff (" + plain(staff) + ") number");
     return goOn;
 }
 

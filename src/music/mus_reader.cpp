@@ -46,6 +46,16 @@ void takeBytes(char* target, std::size_t count) {
     musReader.MusBytePos += static_cast<std::int32_t>(count);
 }
 
+/// The next `count` words where they lie wholly in the open file, counted as read; null otherwise.
+const char* takeWordsAtOnce(int count) {
+    const std::size_t length = wordBytes * static_cast<std::size_t>(count);
+    const auto start = static_cast<std::size_t>(musReader.MusBytePos - 1);
+    if (!musReader.isOpen || count < 1 || start + length > musReader.bytes.size()) return nullptr;
+    musReader.MusWordIndex += count;
+    musReader.MusBytePos += static_cast<std::int32_t>(length);
+    return musReader.bytes.data() + start;
+}
+
 /// The difference wraps to 16 bits as the word count itself does.
 bool atWordsBeforeEnd(int words) { return musReader.MusWordIndex == wrap16(musReader.MusWordCount - words); }
 
@@ -123,6 +133,13 @@ void MusReadTrailer() {
 }
 
 void MusReadPars(int first, int last) {
+    const int stored = std::min(last, Parameters::count);
+    if (const char* words = takeWordsAtOnce(stored - first + 1)) {
+        for (int par = first; par <= stored; ++par, words += wordBytes)
+            musItem.MusPar[par] = floatFrom(littleEndian(words, wordBytes));
+        musItem.MusWord = musItem.MusPar[stored];
+        first = stored + 1;
+    }
     for (int par = first; par <= last; ++par) {
         MusReadWord();
         musItem.MusPar[par] = musItem.MusWord;
@@ -130,6 +147,12 @@ void MusReadPars(int first, int last) {
 }
 
 void MusReadText(int count) {
+    if (const char* words = takeWordsAtOnce(count)) {
+        const std::size_t length = wordBytes * static_cast<std::size_t>(count);
+        musItem.MusText.append(words, length);
+        std::memcpy(musReader.chars.data(), words + length - wordBytes, wordBytes);
+        return;
+    }
     for (int word = 0; word < count; ++word) {
         MusReadChars();
         musItem.MusText.append(musReader.chars.data(), musReader.chars.size());

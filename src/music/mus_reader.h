@@ -90,7 +90,7 @@ void MusReadByte();
 void MusReadTrailer();
 /// `MusReadWord` for Par `first` to Par `last`.
 void MusReadPars(int first, int last);
-/// `MusReadWord` or `MusReadChars`, `count` times, with the words dropped.
+/// `MusReadWord`, `count` times, with the words dropped.
 void MusSkipWords(int count);
 /// `MusReadChars`, `count` times, appended to `MusText`.
 void MusReadText(int count);

@@ -25,22 +25,21 @@ std::string joinLines(const std::vector<std::string>& lines) {
     return text;
 }
 
+struct AsText {
+    std::string operator()(const std::string* text) const { return *text; }
+    std::string operator()(const bool* flag) const { return *flag ? "1" : "0"; }
+    std::string operator()(const int* number) const { return plain(*number); }
+    std::string operator()(const Progress* progress) const { return plain(progress->percent); }
+    std::string operator()(const ListBox* list) const { return joinLines(list->entries); }
+};
+
 bool isBoolean(std::string_view text) {
     return isNumeric(text) || equalIgnoringCase(trim(text), "TRUE") || equalIgnoringCase(trim(text), "FALSE");
 }
 
 }  // namespace
 
-std::string Field::text() const {
-    struct Visitor {
-        std::string operator()(const std::string* value) const { return *value; }
-        std::string operator()(const bool* value) const { return *value ? "1" : "0"; }
-        std::string operator()(const int* value) const { return plain(*value); }
-        std::string operator()(const Progress* value) const { return plain(value->percent); }
-        std::string operator()(const ListBox* value) const { return joinLines(value->entries); }
-    };
-    return std::visit(Visitor{}, value);
-}
+std::string Field::text() const { return std::visit(AsText{}, value); }
 
 bool Field::isReadOnly() const {
     if (kind == FieldKind::label || kind == FieldKind::progress) return true;

@@ -167,7 +167,6 @@ class NewVersion {
     FileError finish();
 
     int file() const { return file_.number(); }
-    bool isNew() const { return !exists_; }
     bool replaces(const struct stat& status) const {
         return exists_ && status.st_dev == old_.st_dev && status.st_ino == old_.st_ino;
     }
@@ -175,7 +174,8 @@ class NewVersion {
   private:
     FileError checkTarget();
     FileError createTemporary(mode_t rights);
-    bool clearRemnant();
+    bool clearRemnant() const;
+    bool isLocked(int file, struct stat& status) const;
     FileError lock();
     void takeOverRights() const;
 
@@ -239,21 +239,27 @@ FileError NewVersion::createTemporary(mode_t rights) {
 }
 
 /// False when another program is writing there.
-bool NewVersion::clearRemnant() {
+bool NewVersion::clearRemnant() const {
     const Descriptor remnant(::open(temporary_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOFOLLOW));
-    if (remnant && ::flock(remnant.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
-    return ::unlink(temporary_.c_str()) == 0;
+    if (!remnant) return errno == ENOENT;
+    struct stat status;
+    return isLocked(remnant.number(), status) && ::unlink(temporary_.c_str()) == 0;
 }
 
 /// Between the creation and the lock another program may have cleared the new file away as a remnant.
 FileError NewVersion::lock() {
-    struct stat present;
-    const bool taken = ::flock(file(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    if (!taken && ::fstat(file(), &new_) == 0 && ::lstat(temporary_.c_str(), &present) == 0 &&
-        new_.st_dev == present.st_dev && new_.st_ino == present.st_ino)
-        return FileError::none;
+    if (isLocked(file(), new_)) return FileError::none;
     file_ = Descriptor();
     return FileError::permissionDenied;
+}
+
+/// True when an open file is this program's to do with as it likes: it has the lock, and since the opening
+/// nobody has put the file in its place or cleared it away. Where there are no locks that has to be enough.
+bool NewVersion::isLocked(int file, struct stat& status) const {
+    struct stat present;
+    if (::flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
+    return ::fstat(file, &status) == 0 && ::lstat(temporary_.c_str(), &present) == 0 &&
+           status.st_dev == present.st_dev && status.st_ino == present.st_ino;
 }
 
 void NewVersion::takeOverRights() const {

@@ -238,10 +238,10 @@ std::optional<std::string> FolderNames::lookUp(const Folder& folder, const std::
 
 PathFinder::PathFinder() : startFolder_("/") {
     std::error_code failure;
-    const std::string folder = std::filesystem::current_path(failure);
-    if (failure || !installationPath(folder)) return;
+    const std::filesystem::path folder = std::filesystem::current_path(failure);
+    if (failure) return;
     startFolder_ = folder;
-    if (folder != "/") current_.rest = folder;
+    if (startFolder_ != "/" && installationPath(startFolder_)) current_.rest = startFolder_;
 }
 
 std::string PathFinder::currentFolder() const {

@@ -1,0 +1,293 @@
+#include "check/validation.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "base/text.h"
+#include "centre/names_file.h"
+#include "check/file_columns.h"
+#include "music/mus_reader.h"
+#include "samples/damaged.h"
+#include "samples/scores.h"
+#include "shared/records.h"
+#include "support/mus_bytes.h"
+#include "support/scripted_host.h"
+
+namespace tul::valid {
+namespace {
+
+using testing::crlf;
+using testing::endOf;
+using testing::header;
+using testing::pageOf;
+using testing::ScriptedHost;
+using testing::trailer;
+using testing::words;
+
+using Texts = std::vector<std::string>;
+
+class Validating : public ::testing::Test {
+  protected:
+    Validating() {
+        paths.ProgramFolder = host.folder();
+        paths.NamesFilePath = host.path("NAMES.TUL");
+    }
+
+    void select(const Texts& names) {
+        std::string text;
+        for (const std::string& name : names) text += namesFileLine(host.path(name));
+        host.write("NAMES.TUL", text);
+        ReadNamesFile();
+        ASSERT_EQ(selection.SelectionCount, static_cast<int>(names.size()));
+    }
+    /// Validates one page of these bytes; the report's lines.
+    Texts validate(const std::string& bytes, const std::vector<Answer>& answers = {}) {
+        host.messages.clear();
+        host.shown.clear();
+        host.answers.assign(answers.begin(), answers.end());
+        host.write("PAGE.MUS", bytes);
+        select({"PAGE.MUS"});
+        cmdValidateRun();
+        Texts lines;
+        for (const std::string_view line : linesOf(host.shown.at(0))) lines.emplace_back(line);
+        return lines;
+    }
+    std::string file() const { return upperCase(host.path("PAGE.MUS")); }
+    std::string structure(const std::string& failure, int item) const {
+        return "MUS file structure error. " + failure + "\r\nItem number: " + std::to_string(item) + "\r\nFile: " + file();
+    }
+    std::string offer(int percent, int items) const {
+        return "At least " + std::to_string(percent) + "% (the first " + std::to_string(items) +
+               " items), and may be more can be recovered from file " + file() + "\r\nAttempt recovery?";
+    }
+    std::string noMusFile() const { return "File " + file() + " may not be a MUS file."; }
+    std::string question(const std::string& finding, int item) const {
+        return finding + " in file " + file() + "\r\nItem = " + std::to_string(item) + "\r\n\r\nContinue?";
+    }
+
+    ScriptedHost host;
+};
+
+const std::string staff = words({6, 8, 1, 0, 0, 1, 200});
+
+TEST_F(Validating, WritesTheReport) {
+    host.write("A.MUS", pageOf(staff + words({2, 14, 1})));
+    host.write("LONGER NAME.MUS", pageOf(staff, words({0, 0, 3, 1, -9999})));
+    std::string finale = "ENIGMA BINARY FILE";
+    finale.resize(32, ' ');
+    host.write("F.MUS", finale + "Finale(R)");
+    select({"A.MUS", "LONGER NAME.MUS", "F.MUS"});
+    cmdValidateRun();
+    EXPECT_TRUE(host.messages.empty());
+    ASSERT_EQ(host.shown.size(), 1U);
+    Texts lines;
+    for (const std::string_view line : linesOf(host.shown[0])) lines.emplace_back(line);
+    ASSERT_EQ(lines.size(), 9U);
+    const std::string longest = upperCase(host.path("LONGER NAME.MUS"));
+    const std::size_t width = longest.size();
+    EXPECT_EQ(lines[0], "MUS File validation 11-21-2026 09:05:07");
+    EXPECT_EQ(lines[1], " ");
+    EXPECT_EQ(lines[2],
+              "Filename       Date       Time        Size Itms Path" + std::string(width - 4, ' ') + " Creator");
+    EXPECT_EQ(lines[3], "------------ --/--/---- --:--:-----  ----- ---- " + std::string(width, '-') + " -------");
+    const auto row = [&](const std::string& name, const std::string& behindDate) {
+        return name + " " + EditDateTime(files().info(std::string(trim(name)))) + behindDate;
+    };
+    EXPECT_EQ(lines[4], row("A.MUS       ", "66     2     " + padRight(upperCase(host.path("A.MUS")), width) + " 80200 "));
+    EXPECT_EQ(lines[5], row("LONGER NAME.MUS", "50     1     " + longest + " "));
+    EXPECT_EQ(lines[6], row("F.MUS       ", "41      ---- " + padRight(upperCase(host.path("F.MUS")), width) +
+                                                " is a Finale file"));
+    EXPECT_EQ(lines[7], std::string(43, ' ') + "----");
+    EXPECT_EQ(lines[8], std::string(42, ' ') + "3    , 3 file(s)");
+    EXPECT_FALSE(host.exists("TULVALID.PRN"));
+    EXPECT_EQ(validation.damagedFiles, 0);
+}
+
+TEST_F(Validating, EndsWhenTheReportCannotBeOpened) {
+    host.write("PAGE.MUS", pageOf(staff));
+    select({"PAGE.MUS"});
+    host.faultyFiles().refusals["TULVALID.PRN"] = FileError::permissionDenied;
+    EXPECT_EQ(endOf(cmdValidateRun), 1);
+    EXPECT_EQ(host.messages,
+              Texts{"File " + host.path("TULVALID.PRN") + " could not be opened for output. Hit OK to abort."});
+}
+
+TEST_F(Validating, PassesAllSampleScores) {
+    for (const samples::Score& score : samples::scores()) {
+        validate(score.bytes);
+        EXPECT_EQ(host.messages, Texts{}) << score.name;
+        EXPECT_EQ(validation.damagedFiles, 0) << score.name;
+    }
+}
+
+TEST_F(Validating, FindsSomethingInEveryDamagedSample) {
+    for (const samples::Score& page : samples::damagedPages()) {
+        const Texts lines = validate(page.bytes);
+        const bool isFinale = lines[4].ends_with("is a Finale file");
+        EXPECT_NE(isFinale, !host.messages.empty()) << page.name;
+    }
+}
+
+TEST_F(Validating, TellsEachStructuralFailureInItsOrder) {
+    validate(header(-5) + "rest");
+    EXPECT_EQ(host.messages, (Texts{noMusFile() + " ", "Wordcount found to be:-5", offer(0, 0)}));
+
+    validate(pageOf(staff + words({40000, 1, 1})));
+    EXPECT_EQ(host.messages, (Texts{structure("Conversion error2.", 2), offer(8 * 100 / 16, 1)}));
+    validate(pageOf(words({std::numeric_limits<float>::quiet_NaN(), 1, 1})));
+    EXPECT_EQ(host.messages, (Texts{structure("Conversion error2.", 1), offer(11, 0)}));
+
+    validate(pageOf(words({-3, 1, 1})));
+    EXPECT_EQ(host.messages, (Texts{structure("Invalid number of parameters (-3) in item.", 1), noMusFile(), offer(11, 0)}));
+    validate(pageOf(staff + words({0.5F, 1})));
+    EXPECT_EQ(host.messages, (Texts{structure("Invalid number of parameters (0) in item.", 2), offer(53, 1)}));
+
+    validate(pageOf(staff + words({13, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
+    EXPECT_EQ(host.messages, (Texts{structure("Text length error (13).", 2), offer(33, 1)}));
+
+    validate(header(9) + words({15, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(host.messages, (Texts{"Attempt to read beyond end of file.\r\nItem number: 1\r\nFile: " + file(), offer(177, 1)}));
+    EXPECT_EQ(validation.damagedFiles, 1);
+}
+
+TEST_F(Validating, TellsTooManyParametersAndGoesOn) {
+    std::string item = words({22, 5, 1});
+    for (int i = 0; i < 20; ++i) item += words({0});
+    validate(pageOf(staff + item));
+    EXPECT_EQ(host.messages, (Texts{"MUS file structure error. Invalid number of parms: 22\r\nItem number: 1\r\nPar1= 5\r\nFile: " + file(),
+                                    "Too many parameters in an item. SCORE sometimes does not reject this."}));
+    EXPECT_EQ(validation.damagedFiles, 1);
+
+    item.replace(4, 4, words({15}));
+    const Texts lines = validate(pageOf(staff + item));
+    EXPECT_EQ(host.messages.size(), 2U);
+    EXPECT_EQ(validation.damagedFiles, 0) << "a long file name in a code 15 item is no damage";
+    EXPECT_TRUE(lines[4].ends_with(" 80200 "));
+}
+
+TEST_F(Validating, HandlesAnInvalidItemTypeOnWhatAClosedFileLeaves) {
+    const std::string type = structure("Invalid item type: 19.5", 2);
+    const std::string outOfRange = "Found an item code <1 or >18";
+    const auto codeAt = [&](int item) { return question(outOfRange, item); };
+    const auto fractionAt = [&](int item) { return question("Found a non-integer item code (19.5) number", item); };
+    const auto staffAt = [&](int item) { return question("Found a non-integer staff (19.5) number", item); };
+
+    const std::string page = pageOf(staff + words({2, 19.5F, 1}) + words({2, 14, 1}) + words({2, 14, 1}));
+    const Texts refused = validate(page);
+    EXPECT_EQ(host.messages, (Texts{type, codeAt(2), fractionAt(2), staffAt(2)}));
+    EXPECT_EQ(refused[4], "(Processing discontinued by user)");
+    EXPECT_TRUE(refused[5].starts_with("PAGE.MUS ")) << "its row follows";
+    EXPECT_TRUE(refused[7].ends_with(" 2    , 1 file(s)")) << "and its items count";
+
+    // Agreed to, the stale word is length and code of the next item: 20 words of 19.5 lead beyond the end.
+    validate(page, std::vector<Answer>(6, Answer::yes));
+    EXPECT_EQ(host.messages,
+              (Texts{type, codeAt(2), fractionAt(2), staffAt(2), structure("Invalid item type: 19.5", 3), codeAt(3),
+                     fractionAt(3), staffAt(3),
+                     "Attempt to read beyond end of file.\r\nItem number: 3\r\nFile: " + file(), offer(140, 3)}));
+}
+
+TEST_F(Validating, EndsAnInvalidItemTypeAtAStaleLengthBelowTwo) {
+    validate(pageOf(words({2, 0.5F, 1}) + staff), std::vector<Answer>(4, Answer::yes));
+    ASSERT_EQ(host.messages.size(), 8U);
+    EXPECT_EQ(host.messages[0], structure("Invalid item type: 0.5", 1));
+    EXPECT_EQ(host.messages[1], noMusFile());
+    EXPECT_EQ(host.messages[6], structure("Invalid number of parameters (0) in item.", 2));
+    EXPECT_EQ(host.messages[7], offer(4 * 100 / 16, 1));
+}
+
+TEST_F(Validating, AsksAboutWhatItemsHold) {
+    validate(pageOf(words({2, 13, 1})), {Answer::yes});
+    EXPECT_EQ(host.messages, Texts{question("Found an item code 13", 1)});
+    validate(pageOf(words({2, 12.5F, 0.5F})), std::vector<Answer>(3, Answer::yes));
+    EXPECT_EQ(host.messages, (Texts{question("Found a non-integer item code (12.5) number", 1),
+                                    question("Found a staff number less <1 or > 32", 1),
+                                    question("Found a non-integer staff (0.5) number", 1)}));
+    projectSettings.StaffRange = 200;
+    validate(pageOf(words({2, 14, 200}) + words({2, 14, 201})));
+    EXPECT_EQ(host.messages, Texts{question("Found a staff number less <1 or > 200", 2)});
+    validate(pageOf(words({2, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()})),
+             std::vector<Answer>(2, Answer::yes));
+    EXPECT_EQ(host.messages, (Texts{question("Found a non-integer item code (NAN) number", 1),
+                                    question("Found a non-integer staff (NAN) number", 1)}));
+}
+
+TEST_F(Validating, TheLastAnswerOfAnItemCounts) {
+    const std::string page = pageOf(words({2, 12.5F, 0.5F}) + words({2, 14, 99}));
+    Texts lines = validate(page, {Answer::no, Answer::no, Answer::yes, Answer::no});
+    EXPECT_EQ(host.messages.size(), 4U) << "a No is taken back by a later Yes";
+    EXPECT_EQ(lines[4], "(Processing discontinued by user)");
+    lines = validate(page, {Answer::yes, Answer::yes, Answer::no});
+    EXPECT_EQ(host.messages.size(), 3U);
+    EXPECT_EQ(lines[4], "(Processing discontinued by user)");
+    EXPECT_EQ(validation.damagedFiles, 0);
+}
+
+TEST_F(Validating, RunsTheRecoveryOrSaysThatItCannot) {
+    const std::string command = host.path("TULRECOV.EXE") + " " + file() + " 1";
+    validate(pageOf(staff + words({0, 1})), {Answer::ok});
+    EXPECT_EQ(host.messages.back(), "Program " + host.path("TULRECOV.EXE") +
+                                        " not located.\r\nRecovery cannot be done.\r\nThe command string is:\r\n" + command);
+    host.write("TULRECOV.EXE", "x");
+    host.programs["TULRECOV.EXE"] = [](const std::string&) { return 0; };
+    validate(pageOf(staff + words({0, 1})), {Answer::ok});
+    EXPECT_EQ(host.launches, Texts{"TULRECOV.EXE " + file() + " 1"});
+    validate(pageOf(staff + words({0, 1})), {Answer::cancel});
+    EXPECT_EQ(host.launches.size(), 1U);
+}
+
+TEST_F(Validating, StopsWhenItIsCancelled) {
+    std::string items;
+    for (int i = 0; i < 100; ++i) items += words({2, 14, 1});
+    for (const char* name : {"A.MUS", "B.MUS", "C.MUS"}) host.write(name, pageOf(items));
+    select({"A.MUS", "B.MUS", "C.MUS"});
+    int files = 0;
+    host.onYield = [&] {
+        EXPECT_EQ(validation.control.returnCaption, "Cancel");
+        EXPECT_TRUE(validation.panValidFloodRun.visible);
+        if (validation.lblValidStatus == "File being processed: 2 of 3" && files++ == 0) validation.control.press();
+    };
+    cmdValidateRun();
+    Texts lines;
+    for (const std::string_view line : linesOf(host.shown.at(0))) lines.emplace_back(line);
+    EXPECT_GT(files, 0) << "the run lets events through";
+    ASSERT_EQ(lines.size(), 8U) << "one row; the file in hand has none";
+    EXPECT_TRUE(lines[6].ends_with(" 100  , 3 file(s)"));
+    EXPECT_EQ(lines[7], "(Processing interrupted by user)");
+    EXPECT_EQ(validation.control.returnCaption, "Return");
+    EXPECT_FALSE(validation.panValidFloodRun.visible);
+}
+
+TEST_F(Validating, TakesTheRecognisedFinaleFilesOnly) {
+    std::string finale = "ENIGMA BINARY FILE";
+    finale.resize(32, '\0');
+    host.write("f.mus", finale + "Finale(R) and more");
+    EXPECT_EQ(IsFinale(host.path("f.mus")), "Finale");
+    host.write("f.mus", finale + " Finale(R)");
+    EXPECT_EQ(IsFinale(host.path("f.mus")), "");
+    host.write("f.mus", "ENIGMA BINARY FILE");
+    EXPECT_EQ(IsFinale(host.path("f.mus")), "");
+    EXPECT_EQ(IsFinale(host.path("none.mus")), "");
+}
+
+TEST_F(Validating, CompletesDatesAndTimesBySeparator) {
+    EXPECT_EQ(editedStamp("11-21-2026 09:05:07"), "11-21-2026 09:05:07   ");
+    EXPECT_EQ(editedStamp("1-2-2003 9:5:07 PM"), " 1-02-2003  9:05:07 PM");
+    EXPECT_EQ(editedStamp("1-12-2003 19:5:07"), " 1-12-2003 19:05:07   ");
+    EXPECT_EQ(editedStamp("2003-1-2 9.05.07"), "2003-1-2 9.05.07") << "other separators are left alone";
+    EXPECT_EQ(editedStamp(" 01-02-2003 "), "01-02-2003");
+    dateSettings.dateSeparator = "/";
+    dateSettings.timeSeparator = ".";
+    EXPECT_EQ(editedStamp("1/2/2003 9.5.07"), " 1/02/2003  9.05.07   ");
+    EXPECT_EQ(editedStamp(""), "");
+}
+
+TEST_F(Validating, CutsSizesOfMoreThanSevenDigits) {
+    EXPECT_EQ(sizeField(0), "0      ");
+    EXPECT_EQ(sizeField(9999999), "9999999");
+    EXPECT_EQ(sizeField(10000000), "XXXXXXX");
+}
+
+}  // namespace
+}  // namespace tul::valid

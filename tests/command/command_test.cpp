@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "command/arguments.h"
+#include "command/command_run.h"
+#include "samples/page_builder.h"
+#include "shared/records.h"
+#include "support/scripted_host.h"
+
+namespace tul::command {
+namespace {
+
+using testing::crlf;
+using testing::ScriptedHost;
+
+struct Outcome {
+    int status = 0;
+    std::string out;
+    std::string err;
+};
+
+TEST(Arguments, KeepTheOrderOfWhatIsSetAndPressed) {
+    Arguments arguments;
+    const ParseResult result = parseArguments({"--set", "a=1=2", "--press", "run", "--set", "b=", "--answer", "Yes",
+                                               "valid", "--answer", "-12", "one.mus", "--no", "two.mus"},
+                                              arguments);
+    EXPECT_TRUE(result.goOn) << result.text;
+    ASSERT_EQ(arguments.actions.size(), 3U);
+    EXPECT_EQ(arguments.actions[0].value, "1=2");
+    EXPECT_EQ(arguments.actions[1].kind, Action::Kind::press);
+    EXPECT_EQ(arguments.actions[2].name, "b");
+    EXPECT_EQ(arguments.actions[2].value, "");
+    EXPECT_EQ(arguments.answers, (std::vector<std::string>{"Yes", "-12"}));
+    EXPECT_EQ(arguments.files, (std::vector<std::string>{"one.mus", "two.mus"}));
+    EXPECT_EQ(arguments.restAnswer, RestAnswer::no);
+    EXPECT_EQ(arguments.panel, "valid");
+}
+
+TEST(Arguments, WrongUsageSaysWhatAndHowToGoOn) {
+    for (const std::vector<std::string>& words :
+         std::vector<std::vector<std::string>>{{}, {"nopanel"}, {"--set", "a", "valid"}, {"--yes", "--no", "valid"},
+                                               {"--colour", "valid"}, {"valid", "--answer"}}) {
+        Arguments arguments;
+        const ParseResult result = parseArguments(words, arguments);
+        EXPECT_FALSE(result.goOn);
+        EXPECT_EQ(result.exitStatus, exitUsage);
+        EXPECT_NE(result.text.find("See: tulcmd --help"), std::string::npos);
+        EXPECT_GT(result.text.find('\n'), 5U) << "the first line says what is wrong";
+    }
+    Arguments arguments;
+    const ParseResult help = parseArguments({"--help"}, arguments);
+    EXPECT_EQ(help.exitStatus, 0);
+    EXPECT_NE(help.text.find("valid, validate"), std::string::npos);
+}
+
+class Tulcmd : public ::testing::Test {
+  protected:
+    Tulcmd() {
+        host.install();
+        run({"logo", "--press", "mnuNotepad"});  // the settings of first use
+        samples::PageBuilder page;
+        page.item({8, 1, 0, 0, 1, 200}).item({14, 1, 200, 1});
+        host.write("good.mus", page.bytes());
+        page.item({13, 1, 0});
+        host.write("odd.mus", page.bytes());
+        host.write("bad.mus", std::string("\x09\x00\x00\x00", 4));
+    }
+
+    Outcome run(const std::vector<std::string>& words, const std::string& typed = {}, bool terminal = false) {
+        Arguments arguments;
+        const ParseResult parsed = parseArguments(words, arguments);
+        if (!parsed.goOn) return {parsed.exitStatus, {}, parsed.text};
+        std::ostringstream out;
+        std::ostringstream err;
+        std::istringstream in(typed);
+        const Host machine{.files = &files(),
+                           .processes = &processes(),
+                           .profile = &profile(),
+                           .clock = &clock(),
+                           .platform = &platform(),
+                           .face = nullptr};
+        const int status = runCommand(arguments, machine, host.folder(),
+                                      {.out = out, .err = err, .in = in, .canAsk = terminal, .showsProgress = false});
+        return {status, out.str(), err.str()};
+    }
+    std::string page(const std::string& name) const { return (host.nativeFolder() / name).string(); }
+
+    ScriptedHost host;
+};
+
+TEST_F(Tulcmd, PrintsTheReportAndDeletesIt) {
+    const Outcome outcome = run({"valid", page("good.mus")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_TRUE(outcome.out.starts_with("MUS File validation 11-21-2026 09:05:07\n \nFilename "));
+    EXPECT_NE(outcome.out.find("\nGOOD.MUS     "), std::string::npos);
+    EXPECT_NE(outcome.out.find(" 2    , 1 file(s)\n"), std::string::npos);
+    EXPECT_EQ(outcome.out.find('\r'), std::string::npos);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_FALSE(host.exists("TULVALID.PRN"));
+    EXPECT_EQ(run({"valid"}).out, outcome.out) << "the selection remains";
+}
+
+TEST_F(Tulcmd, TellsADamagedFileByItsStatus) {
+    const Outcome outcome = run({"valid", page("good.mus"), page("bad.mus")});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_TRUE(outcome.err.starts_with("message: MUS file structure error. Invalid number of parameters (0) in item.\n"
+                                        "Item number: 1\nFile: "));
+    EXPECT_NE(outcome.err.find("\nAttempt recovery?\nanswer: Cancel\n"), std::string::npos);
+}
+
+TEST_F(Tulcmd, AnswersQuestionsInOrderThenAllTheRest) {
+    const std::string odd = page("odd.mus");
+    EXPECT_EQ(run({"valid", odd}).out.find("(Processing discontinued by user)\n") == std::string::npos, false)
+        << "where nobody can be asked a question is refused";
+    const Outcome yes = run({"--yes", "valid", odd});
+    EXPECT_EQ(yes.out.find("discontinued"), std::string::npos);
+    EXPECT_NE(yes.err.find("Continue?\nanswer: Yes\n"), std::string::npos);
+    EXPECT_EQ(run({"--answer", "yes", "--no", "valid", odd}).out.find("discontinued"), std::string::npos);
+    const Outcome unfit = run({"--answer", "OK", "--yes", "valid", odd});
+    EXPECT_NE(unfit.err.find("\"OK\" is none of Yes/No.\nanswer: No\n"), std::string::npos);
+    EXPECT_NE(unfit.out.find("discontinued"), std::string::npos);
+}
+
+TEST_F(Tulcmd, AsksTheTerminalUntilAnAnswerFits) {
+    const Outcome outcome = run({"valid", page("odd.mus")}, "what\ny\nYES\n", true);
+    EXPECT_EQ(outcome.out.find("discontinued"), std::string::npos);
+    EXPECT_NE(outcome.err.find("[Yes/No] [Yes/No] [Yes/No] answer: Yes"), std::string::npos);
+    const Outcome ended = run({"valid", page("odd.mus")}, "", true);
+    EXPECT_NE(ended.err.find("answer: No"), std::string::npos) << "the end of the input refuses";
+}
+
+TEST_F(Tulcmd, RefusesWrongUsageBeforeItDoesAnything) {
+    const Outcome unknown = run({"valid", page("good.mus"), "--set", "txtNone=1"});
+    EXPECT_EQ(unknown.status, exitUsage);
+    EXPECT_EQ(unknown.err, "frmValid has no field txtNone.\nSee: tulcmd valid --list\n");
+    EXPECT_EQ(unknown.out, "");
+    EXPECT_EQ(run({"valid", page("good.mus"), "--set", "txtValidRange=99"}).status, exitUsage) << "read only";
+    EXPECT_EQ(run({"logo"}).status, exitUsage) << "nothing to run";
+    EXPECT_EQ(run({"--home", page("nowhere"), "valid"}).status, exitUsage);
+
+    const Outcome vanished = run({"valid", page("gone.mus")});
+    EXPECT_EQ(vanished.status, exitUsage);
+    EXPECT_NE(vanished.err.find("refers to non-existing or unaccessable file"), std::string::npos);
+    EXPECT_NE(vanished.err.find("cmdValidateRun is not enabled now: no music files are selected."), std::string::npos);
+}
+
+TEST_F(Tulcmd, RefusesNamesThatDifferInLetterCaseOnly) {
+    host.write("Page.mus", "1");
+    host.write("PAGE.mus", "2");
+    for (const std::vector<std::string>& words :
+         std::vector<std::vector<std::string>>{{"valid", page("Page.mus"), page("PAGE.mus")},
+                                               {"valid", page("Page.mus")}}) {
+        const Outcome outcome = run(words);
+        EXPECT_EQ(outcome.status, exitUsage);
+        EXPECT_NE(outcome.err.find(page("Page.mus")), std::string::npos) << outcome.err;
+        EXPECT_NE(outcome.err.find(page("PAGE.mus")), std::string::npos) << outcome.err;
+    }
+    EXPECT_FALSE(host.exists("NAMES.TUL"));
+}
+
+TEST_F(Tulcmd, EndsWithOneAtAFatalMessage) {
+    std::filesystem::remove(host.nativeFolder() / "TULOLE.EXE");
+    const Outcome outcome = run({"valid", page("good.mus")});
+    EXPECT_EQ(outcome.status, exitFatal);
+    EXPECT_EQ(outcome.err,
+              "message: Module TULOLE.EXE not properly installed\nmessage: Number of installation issues: 1\n");
+    host.anotherInstance = true;
+    const std::string names = host.read("NAMES.TUL");
+    EXPECT_EQ(run({"valid", page("odd.mus")}).status, exitFatal);
+    EXPECT_EQ(host.read("NAMES.TUL"), names) << "another program's selection is left alone";
+}
+
+TEST_F(Tulcmd, ShowsWarningsOfStartUpOnRequest) {
+    host.version.ownText = "ZZ Test";
+    EXPECT_EQ(run({"valid", page("good.mus")}).err, "");
+    EXPECT_TRUE(run({"--verbose", "valid"}).err.starts_with("message: TUL is not qualified for this platform."));
+}
+
+TEST_F(Tulcmd, ListsAPanel) {
+    const Outcome outcome = run({"valid", "--list"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_TRUE(outcome.out.starts_with("frmValid - TulValid - MUS file validation and recovery\n"));
+    EXPECT_NE(outcome.out.find("  cmdValidateRun              Run (disabled) (default)\n"), std::string::npos);
+    EXPECT_NE(outcome.out.find("  txtValidRange               text      (read only) 32\n"), std::string::npos);
+}
+
+TEST_F(Tulcmd, PrintsTextFilesAndLeaves) {
+    host.write("TULPROJ.PRO", "MusDirectory=" + host.folder() + "\r\n");
+    host.write("notes.txt", "caf\xE9\r\n");
+    const Outcome outcome = run({"logo", "--press", "mnuSeeTextFile", "--set", "lstTextFiles=notes.txt"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_NE(outcome.out.find("\n\ncaf\xC3\xA9\n"), std::string::npos);
+    EXPECT_EQ(run({"logo", "--press", "cmdExit"}).status, 0);
+    EXPECT_TRUE(host.profile["TUL"]["StartTime"].starts_with("OFF "));
+}
+
+}  // namespace
+}  // namespace tul::command

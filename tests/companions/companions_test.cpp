@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+
+#include "companions/companion.h"
+#include "support/mus_bytes.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+namespace fs = std::filesystem;
+using companion::ArgumentPairs;
+using testing::crlf;
+using testing::ScriptedHost;
+
+TEST(ArgumentString, HoldsBlanksAndCommasInItsValues) {
+    const ArgumentPairs pairs("STARTDIR=Z:\\My Music, old,SUFFIX=MUS,MSG=Select file(s), or none,DEBUG=NO");
+    EXPECT_EQ(pairs["STARTDIR"], "Z:\\My Music, old");
+    EXPECT_EQ(pairs["SUFFIX"], "MUS");
+    EXPECT_EQ(pairs["MSG"], "Select file(s), or none");
+    EXPECT_EQ(pairs["NAMESFILE"], "");
+    EXPECT_TRUE(ArgumentPairs("").list().empty());
+}
+
+TEST(ArgumentString, EndsInTheListOfPaths) {
+    const ArgumentPairs pairs("NAMESFILE=NAMES.TUL,TYPE=MUS,LIST=Z:\\a=b.mus,Z:\\c, d.mus,C:\\e.mus,");
+    EXPECT_EQ(pairs.list(), (std::vector<std::string>{"Z:\\a=b.mus", "Z:\\c, d.mus", "C:\\e.mus"}));
+}
+
+struct Outcome {
+    int status = 0;
+    std::string out;  // both streams
+};
+
+/// The built programs in an installation folder of their own, run as processes.
+class Installation : public ::testing::Test {
+  protected:
+    Installation() {
+        for (const char* name : {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULSCORE.EXE", "TULSKORE.EXE"})
+            fs::create_symlink(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
+        // A copy: the program takes the folder in which it truly lies for its installation.
+        fs::copy(fs::path(TUL_PROGRAM_FOLDER) / "TULCMD.EXE", home / "TULCMD.EXE");
+        host.write("TULCNTRL.HLP", "help");
+        setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
+        unsetenv("DISPLAY");
+    }
+
+    Outcome run(const std::string& command) {
+        const std::string line = "cd '" + home.string() + "' && { " + command + "; } 2>&1 </dev/null";
+        FILE* const pipe = popen(line.c_str(), "r");
+        Outcome outcome;
+        std::array<char, 4096> part{};
+        while (const std::size_t count = std::fread(part.data(), 1, part.size(), pipe)) outcome.out.append(part.data(), count);
+        outcome.status = WEXITSTATUS(pclose(pipe));
+        return outcome;
+    }
+
+    ScriptedHost host;
+    const fs::path home = host.nativeFolder();
+};
+
+TEST_F(Installation, DroppedFilesBecomeTheSelection) {
+    host.write("a b.mus", "1");
+    fs::create_directory(home / "folder");
+    const std::string list = host.path("a b.mus") + "," + host.path("gone.mus") + "," + host.path("folder") + ",";
+    const Outcome outcome =
+        run("./TULOLE.EXE 'STARTDIR=" + host.folder() + ",NAMESFILE=NAMES.TUL,DEBUG=NO,TYPE=MUS,LIST=" + list + "'");
+    EXPECT_EQ(outcome.status, 0) << outcome.out;
+    EXPECT_EQ(host.read("NAMES.TUL"), crlf({host.path("a b.mus") + " 1", host.path("gone.mus") + " 1"}));
+
+    const Outcome nothing = run("./TULOLE.EXE 'STARTDIR=" + host.folder() + ",NAMESFILE=NAMES.TUL,LIST='");
+    EXPECT_EQ(nothing.status, 1);
+    EXPECT_NE(nothing.out.find("the selection stays as it was"), std::string::npos);
+    EXPECT_NE(host.read("NAMES.TUL"), "");
+    EXPECT_EQ(run("./TULOLE.EXE").status, 1);
+}
+
+TEST_F(Installation, MonitorsAreToldWithoutADisplay) {
+    EXPECT_EQ(run("./TULMONIT.EXE").status, 0);
+    EXPECT_EQ(host.read("TulMonit.TXT"),
+              crlf({"WorkAreaHeight=768", "NumberOfMonitors=1", "CurrentMonitorRight=1024"}));
+}
+
+TEST_F(Installation, WhatNeedsAWindowSaysSoAndLeavesTheSelection) {
+    host.write("NAMES.TUL", "* mine\r\n");
+    host.write("TULFOLDR.TUL", "Z:\\OLD\r\n");
+    const Outcome names = run("./TULNAMES.EXE 'STARTDIR=" + host.folder() + ",SUFFIX=MUS,NAMESFILE=NAMES.TUL,DEBUG=NO'");
+    EXPECT_EQ(names.status, 1);
+    EXPECT_NE(names.out.find("TULNAMES: choosing files needs a terminal"), std::string::npos);
+    EXPECT_EQ(host.read("NAMES.TUL"), "* mine\r\n");
+    const Outcome folder = run("./TULFOLDR.EXE 'REMARK=Which,STARTDIR=" + host.folder() + ",FILE=TULFOLDR.TUL,DEBUG=NO'");
+    EXPECT_EQ(folder.status, 1);
+    EXPECT_FALSE(host.exists("TULFOLDR.TUL")) << "an old choice is not taken for a new one";
+}
+
+TEST_F(Installation, ScoreIsOpenedWhereItIsLinked) {
+    EXPECT_NE(run("./TULSKORE.EXE").out.find("TULSKORE: there is no TULCNTRL.INI"), std::string::npos);
+    host.write("TULCNTRL.INI", "ScorePath=\r\n");
+    EXPECT_NE(run("./TULSKORE.EXE").out.find("no SCORE is linked"), std::string::npos);
+    host.write("TULCNTRL.INI", "ScorePath=Z:\\none\\SCORE.EXE\r\n");
+    EXPECT_NE(run("./TULSKORE.EXE").out.find("was not found: Z:\\none\\SCORE.EXE"), std::string::npos);
+
+    fs::create_directory(home / "score");
+    host.write("score/SCORE.EXE", "#!/bin/sh\necho \"$PWD [$1]\"\n");
+    fs::permissions(home / "score/SCORE.EXE", fs::perms::owner_all);
+    host.write("TULCNTRL.INI", "ScorePath=" + host.path("score\\SCORE.EXE") + "\r\n");
+    EXPECT_EQ(run("./TULSCORE.EXE 'Z:\\A.MUS,,'").out, (home / "score").string() + " [Z:\\A.MUS]\n");
+    EXPECT_EQ(run("./TULSCORE.EXE '.,,'").out, (home / "score").string() + " []\n");
+}
+
+TEST_F(Installation, TulcmdWorksAsAProcess) {
+    fs::create_directory(home / "music");
+    host.write("music/page.mus", testing::pageOf(testing::words({2, 14, 1})));
+    const Outcome first = run("./TULCMD.EXE valid music/page.mus");
+    EXPECT_EQ(first.status, 0) << first.out;
+    EXPECT_NE(first.out.find("PAGE.MUS     "), std::string::npos);
+    EXPECT_TRUE(host.exists("TULCNTRL.INI"));
+    EXPECT_FALSE(host.exists("TULVALID.PRN"));
+    const Outcome again = run("cd / && '" + (home / "TULCMD.EXE").string() + "' --home '" + home.string() + "' valid");
+    EXPECT_EQ(again.status, 0) << again.out;
+    EXPECT_NE(again.out.find("PAGE.MUS     "), std::string::npos) << "the selection of the home folder";
+    EXPECT_EQ(run("./TULCMD.EXE nothing").status, 2);
+    host.write("music/page.mus", "x");
+    EXPECT_EQ(run("./TULCMD.EXE valid").status, 3);
+}
+
+TEST_F(Installation, ASecondProgramInOneInstallationIsRefused) {
+    host.write("page.mus", testing::pageOf(testing::words({2, 14, 1})));
+    ASSERT_EQ(run("./TULCMD.EXE valid page.mus").status, 0);
+    const std::string names = host.read("NAMES.TUL");
+    // flock(1) claims the folder as a running program does.
+    const Outcome outcome = run("flock . ./TULCMD.EXE valid other.mus");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "message: There can only be one instance of TUL\n");
+    EXPECT_EQ(host.read("NAMES.TUL"), names);
+}
+
+}  // namespace
+}  // namespace tul

@@ -1,0 +1,221 @@
+#include "music/mus_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "samples/page_builder.h"
+#include "support/mus_bytes.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+using testing::header;
+using testing::pageOf;
+using testing::ScriptedHost;
+using testing::trailer;
+using testing::words;
+
+constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+constexpr float infinity = std::numeric_limits<float>::infinity();
+
+class MusReading : public ::testing::Test {
+  protected:
+    void open(const std::string& bytes, const std::string& name = "PAGE.MUS") {
+        host.write(name, bytes);
+        MusOpen(host.path(name), musReader.MusWordCount);
+    }
+    /// Reads to the end; the codes of the items, and the state that ended it.
+    std::vector<float> readAll(const std::string& bytes) {
+        open(bytes);
+        std::vector<float> codes;
+        for (MusNextItem(); musReader.MusReadState == musItemReady; MusNextItem())
+            codes.push_back(musItem.MusPar[1]);
+        MusClose();
+        return codes;
+    }
+    std::int16_t stateAfter(const std::string& bytes) {
+        readAll(bytes);
+        return musReader.MusReadState;
+    }
+
+    ScriptedHost host;
+};
+
+TEST_F(MusReading, TakesItemsAndTrailerByCountingWords) {
+    const std::string items = words({6, 8, 1, 0, 0, 0.75F, 200}) + words({2, 14, 1});
+    EXPECT_EQ(readAll(pageOf(items, trailer(true))), (std::vector<float>{8, 14}));
+    EXPECT_EQ(musReader.MusReadState, musEndOfItems);
+    EXPECT_EQ(musItem.MusItemNumber, 2);
+    EXPECT_EQ(musReader.MusVersionStamp, 80200);
+    EXPECT_EQ(musReader.MusVersionText, "80200 ");
+    EXPECT_EQ(musReader.MusUnitText, "(Metric)");
+    EXPECT_EQ(musItem.MusWord, 1.0F) << "the unit word stays";
+
+    open(pageOf(items));
+    MusNextItem();
+    EXPECT_EQ(musItem.MusParCount, 6);
+    EXPECT_EQ(musItem.MusPar[5], 0.75F);
+    EXPECT_EQ(musItem.MusPar[7], 0.0F) << "what is missing is 0.0";
+    EXPECT_EQ(musProgress(), 7 * 100 / 16);
+}
+
+TEST_F(MusReading, KeepsTheUnitOfTheFileBeforeAShortTrailer) {
+    const std::string item = words({2, 14, 1});
+    const std::string shortTrailer = words({0, 0, 3, 1, -9999});
+    EXPECT_EQ(readAll(pageOf(item, shortTrailer)).size(), 1U);
+    EXPECT_EQ(musReader.MusUnitText, "") << "no file before it";
+    readAll(pageOf(item, trailer(true)));
+    readAll(pageOf(item, shortTrailer));
+    EXPECT_EQ(musReader.MusReadState, musEndOfItems);
+    EXPECT_EQ(musReader.MusUnitText, "(Metric)");
+    EXPECT_EQ(musReader.MusVersionText, "");
+    EXPECT_EQ(musReader.MusVersionStamp, 0);
+}
+
+TEST_F(MusReading, CutsTextByItsCode) {
+    const auto textItem = [](float code, float par12, float par13, const std::string& text) {
+        return words({static_cast<float>(13 + text.size() / 4), code, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, par12, par13}) +
+               text;
+    };
+    open(pageOf(textItem(16, 6.4F, 77, "_00Largo") + textItem(11, 0, 77, "abcdefgh") + textItem(15, 3, 77, "name    ") +
+                textItem(16, 99, 0, "_00A") + textItem(16, 0, 0, "_00A") + textItem(16.5F, 8, 0, "_00Largo") +
+                textItem(16, nan, 0, "_00A")));
+    MusNextItem();
+    EXPECT_EQ(musItem.MusText, "_00Lar");
+    EXPECT_EQ(musItem.MusPar[13], 0.0F) << "the word before the text is dropped";
+    MusNextItem();
+    EXPECT_EQ(musItem.MusText, "abcde");
+    MusNextItem();
+    EXPECT_EQ(musItem.MusText, "name    ");
+    EXPECT_EQ(musItem.MusPar[13], 77.0F);
+    MusNextItem();
+    EXPECT_EQ(musItem.MusText, "_00A");
+    MusNextItem();
+    EXPECT_EQ(musItem.MusText, "");
+    EXPECT_TRUE(host.messages.empty());
+    MusNextItem();
+    EXPECT_EQ(musItem.MusText, "_00La");
+    EXPECT_EQ(musItem.MusPar[1], 16.5F);
+    EXPECT_EQ(host.messages,
+              std::vector<std::string>{
+                  "Par1 is not an integer value: 16.5\r\nItem= 6\r\nValue assumed to be integer."});
+    MusNextItem();
+    EXPECT_EQ(musItem.MusText, "");
+    MusNextItem();
+    EXPECT_EQ(musReader.MusReadState, musEndOfItems);
+}
+
+TEST_F(MusReading, RoundsLengthWordsToTheNearestEven) {
+    EXPECT_EQ(readAll(pageOf(words({1.5F, 14, 1}) + words({2.5F, 8, 1}))), (std::vector<float>{14, 8}));
+    for (const float length : {0.5F, 1.4F, -1.0F, 32768.0F, -40000.0F, 1E30F, nan, infinity, -infinity}) {
+        EXPECT_EQ(stateAfter(pageOf(words({length, 14, 1}))), musStructuralError) << length;
+        EXPECT_EQ(musItem.MusItemNumber, 1);
+    }
+}
+
+TEST_F(MusReading, RefusesCodesOutsideOneToEighteen) {
+    for (const float code : {0.0F, 0.999F, 18.001F, -1.0F, infinity})
+        EXPECT_EQ(stateAfter(pageOf(words({2, code, 1}))), musStructuralError) << code;
+    EXPECT_EQ(readAll(pageOf(words({2, 1, 1}) + words({2, 18, 1}))).size(), 2U);
+}
+
+TEST_F(MusReading, RefusesTextItemsThatAreTooShort) {
+    for (const float code : {11.0F, 15.0F, 16.0F, 15.5F})
+        EXPECT_EQ(stateAfter(pageOf(words({13, code, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}))), musStructuralError) << code;
+}
+
+TEST_F(MusReading, ThrowsAtTheStoreIntoParameterTwentyOne) {
+    std::string item = words({22, 5});
+    for (int i = 0; i < 21; ++i) item += words({static_cast<float>(i)});
+    open(pageOf(item));
+    EXPECT_THROW(MusNextItem(), IndexFault);
+    EXPECT_EQ(musReader.MusReadState, musItemReady);
+    EXPECT_EQ(musItem.MusPar[20], 18.0F);
+    EXPECT_EQ(musReader.MusWordIndex, 22);
+    EXPECT_THROW(musItem.MusPar[0], IndexFault);
+}
+
+TEST_F(MusReading, MissesTheTrailerWhereTheHeaderIsWrong) {
+    const std::string items = words({2, 14, 1}) + words({3, 8, 1, 0});
+    EXPECT_EQ(stateAfter(pageOf(items, trailer(), -1)), musEndOfItems) << "a word less passes for the short trailer";
+    EXPECT_EQ(musReader.MusVersionText, "");
+    EXPECT_EQ(stateAfter(pageOf(items, trailer(), 1)), musStructuralError);
+    EXPECT_EQ(stateAfter(pageOf(items, trailer(), 2)), musStructuralError);
+    EXPECT_EQ(stateAfter(pageOf(items, "")), musStructuralError);
+}
+
+TEST_F(MusReading, EndsWithAStateWhateverTheFileIs) {
+    EXPECT_EQ(stateAfter(""), musStructuralError);
+    EXPECT_EQ(musReader.MusWordCount, 0);
+    EXPECT_EQ(stateAfter("\x07"), musStructuralError);
+    EXPECT_EQ(musReader.MusWordCount, 7) << "the missing byte of the header is 0";
+    EXPECT_EQ(stateAfter(header(0x8001)), musStructuralError);
+    EXPECT_EQ(musReader.MusWordCount, -32767);
+    EXPECT_EQ(musReader.MusWordIndex, 0);
+
+    MusOpen(host.path("GONE.MUS"), musReader.MusWordCount);
+    EXPECT_EQ(musReader.MusWordCount, -1);
+    MusNextItem();
+    EXPECT_EQ(musReader.MusReadState, musStructuralError);
+    std::filesystem::create_directory(host.nativeFolder() / "DIR.MUS");
+    MusOpen(host.path("DIR.MUS"), musReader.MusWordCount);
+    EXPECT_EQ(musReader.MusWordCount, -1);
+}
+
+TEST_F(MusReading, FillsAWordThatTheFileCutsWithZeroBytes) {
+    const std::string page = header(20) + words({4, 14, 1, 2}) + std::string("\x00\x00\x80", 3);
+    open(page);
+    MusNextItem();
+    EXPECT_EQ(musReader.MusReadState, musItemReady);
+    EXPECT_EQ(musItem.MusPar[4], std::bit_cast<float>(0x00800000U));
+    MusNextItem();
+    EXPECT_EQ(musReader.MusReadState, musStructuralError) << "beyond the end a length word is 0.0";
+}
+
+TEST_F(MusReading, FindsTheFileListByItsExactName) {
+    const std::string list = words({2, 14, 1});
+    open(list, "FILES.TMP");
+    EXPECT_EQ(musReader.MusWordCount, 3);
+    EXPECT_EQ(musReader.MusBytePos, 1);
+    MusNextItem();
+    EXPECT_EQ(musItem.MusPar[1], 14.0F);
+    open(list, "files.tmp");
+    EXPECT_EQ(musReader.MusBytePos, 3) << "in lower case it is a page like any other";
+}
+
+TEST_F(MusReading, LeavesEverythingAsItIsOnceTheFileIsClosed) {
+    open(pageOf(words({2, 14, 1})));
+    MusReadWord();
+    MusReadChars();
+    MusClose();
+    const std::int32_t position = musReader.MusBytePos;
+    MusReadWord();
+    EXPECT_EQ(musItem.MusWord, 2.0F);
+    EXPECT_EQ(musReader.MusWordIndex, 3);
+    MusReadByte();
+    MusReadTrailer();
+    EXPECT_EQ(musReader.MusBytePos, position);
+    EXPECT_EQ(musReader.MusUnitText, "(Metric)") << "from the stale word";
+}
+
+TEST_F(MusReading, ReadsWhatTheBuilderWrites) {
+    samples::PageBuilder page;
+    page.item({8, 3, 0, 0, 0.8F, 200}).item({1, 3, 10, 5}).text(16, {3, 12, 20}, "_00Largo");
+    open(page.bytes());
+    MusNextItem();
+    MusNextItem();
+    MusNextItem();
+    EXPECT_EQ(musItem.MusText, "_00Largo");
+    EXPECT_EQ(musItem.MusPar[2], 3.0F);
+    EXPECT_EQ(musItem.MusPar[12], 8.0F);
+    MusNextItem();
+    EXPECT_EQ(musReader.MusReadState, musEndOfItems);
+}
+
+}  // namespace
+}  // namespace tul

@@ -1,0 +1,151 @@
+#include "shared/panel.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "base/numbers.h"
+#include "check/validation.h"
+#include "panels/panel_list.h"
+#include "shared/records.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+using testing::crlf;
+using testing::ScriptedHost;
+
+/// A record as a tool has it.
+struct Options {
+    bool optFirst = true;
+    bool optSecond = false;
+    bool optOther = true;
+    bool chkBackup = false;
+    std::string txtSize = "1.0";
+    std::string lblState = "idle";
+    int tabPages = 0;
+    ListBox lstFonts{.title = {}, .entries = {"_00", "_01"}};
+};
+
+Panel makePanel(Options& options, std::string& chosen) {
+    Panel panel;
+    panel.name = "frmTest";
+    panel.fields = {
+        {.name = "optFirst", .kind = FieldKind::option, .value = &options.optFirst, .group = "fraOne"},
+        {.name = "optSecond", .kind = FieldKind::option, .value = &options.optSecond, .group = "fraOne"},
+        {.name = "optOther", .kind = FieldKind::option, .value = &options.optOther, .group = "fraTwo"},
+        {.name = "chkBackup", .kind = FieldKind::check, .value = &options.chkBackup},
+        {.name = "txtSize",
+         .kind = FieldKind::text,
+         .value = &options.txtSize,
+         .prompt = std::string("New size"),
+         .accept = [](const std::string& text) { return isNumeric(text) ? text : std::string("1.0"); },
+         .enabled = [&options] { return options.chkBackup; }},
+        {.name = "lblState", .kind = FieldKind::label, .value = &options.lblState},
+        {.name = "tabPages", .kind = FieldKind::tab, .value = &options.tabPages},
+        {.name = "lstFonts",
+         .kind = FieldKind::list,
+         .value = &options.lstFonts,
+         .accept = [&chosen](const std::string& entry) { return chosen = entry; }},
+    };
+    return panel;
+}
+
+TEST(PanelFields, TakeWhatAWindowWouldLetAUserDo) {
+    Options options;
+    std::string chosen;
+    Panel panel = makePanel(options, chosen);
+    EXPECT_EQ(panel.set("optSecond", "1"), PanelAnswer::done);
+    EXPECT_FALSE(options.optFirst) << "one option of a frame excludes the others";
+    EXPECT_TRUE(options.optOther) << "the options of another frame stay";
+
+    EXPECT_EQ(panel.set("txtSize", "2"), PanelAnswer::disabled);
+    EXPECT_EQ(panel.set("CHKBACKUP", "True"), PanelAnswer::done);
+    EXPECT_EQ(panel.set("txtSize", "2"), PanelAnswer::done);
+    EXPECT_EQ(options.txtSize, "2");
+    EXPECT_EQ(panel.set("txtSize", "wide"), PanelAnswer::done);
+    EXPECT_EQ(options.txtSize, "1.0") << "a refused value falls back";
+
+    EXPECT_EQ(panel.set("chkBackup", "maybe"), PanelAnswer::invalid);
+    EXPECT_EQ(panel.set("tabPages", "2"), PanelAnswer::done);
+    EXPECT_EQ(options.tabPages, 2);
+    EXPECT_EQ(panel.set("tabPages", "99999999999"), PanelAnswer::invalid);
+    EXPECT_EQ(panel.set("lblState", "busy"), PanelAnswer::disabled);
+    EXPECT_EQ(panel.set("lstFonts", "_99"), PanelAnswer::invalid);
+    EXPECT_EQ(panel.set("lstFonts", "_01"), PanelAnswer::done);
+    EXPECT_EQ(chosen, "_01");
+    EXPECT_EQ(panel.set("txtUnknown", "1"), PanelAnswer::unknown);
+    EXPECT_EQ(panel.field("lstFonts")->text(), "_00\r\n_01");
+}
+
+TEST(PanelList, FindsPanelsByEachOfTheirNames) {
+    for (const char* name : {"valid", "VALIDATE", "frmValid"}) {
+        const PanelEntry* const entry = findPanel(name);
+        ASSERT_NE(entry, nullptr) << name;
+        EXPECT_STREQ(entry->form, "frmValid");
+    }
+    EXPECT_EQ(findPanel(""), nullptr);
+    EXPECT_EQ(findPanel("frm"), nullptr);
+}
+
+TEST(PanelList, NamesEveryControlOnce) {
+    ScriptedHost host;
+    for (const PanelEntry& entry : panelList()) {
+        const Panel panel = entry.make();
+        EXPECT_EQ(panel.name, entry.form);
+        std::vector<std::string> names;
+        for (const Field& field : panel.fields) names.push_back(field.name);
+        for (const Command& command : panel.commands) names.push_back(command.name);
+        std::sort(names.begin(), names.end());
+        EXPECT_EQ(std::adjacent_find(names.begin(), names.end()), names.end()) << entry.form;
+    }
+}
+
+class ValidationPanel : public ::testing::Test {
+  protected:
+    ValidationPanel() {
+        host.install();
+        paths.NamesFileName = "NAMES.TUL";
+        paths.NamesFilePath = host.path("NAMES.TUL");
+        panel = findPanel("valid")->make();
+    }
+    ScriptedHost host;
+    Panel panel;
+};
+
+TEST_F(ValidationPanel, RunsOnlyWithASelection) {
+    panel.load();
+    EXPECT_FALSE(panel.command("cmdValidateRun")->enabled());
+    EXPECT_FALSE(panel.command("cmdValidateView")->enabled());
+    EXPECT_EQ(panel.press("cmdValidateRun"), PanelAnswer::disabled);
+    EXPECT_EQ(panel.field("panValidFileName")->text(), "");
+    EXPECT_EQ(panel.field("txtValidRange")->text(), "32");
+
+    host.write("page.mus", "page");
+    host.write("NAMES.TUL", crlf({host.path("page.mus") + " 1"}));
+    panel.load();
+    EXPECT_TRUE(panel.command("cmdValidateRun")->enabled());
+    EXPECT_TRUE(panel.field("panValidFileName")->text().ends_with("\\PAGE.MUS"));
+    host.showsTextItself = true;
+    std::filesystem::remove(host.nativeFolder() / "page.mus");
+    panel.press("cmdValidateView");
+    EXPECT_FALSE(panel.command("cmdValidateRun")->enabled()) << "the selection was discarded";
+    EXPECT_EQ(panel.field("panValidFileName")->text(), "");
+}
+
+TEST_F(ValidationPanel, ReturnsOrCancels) {
+    EXPECT_EQ(panel.command("cmdValidateReturn")->caption(), "Return");
+    valid::validation.control.beginRun();
+    EXPECT_EQ(panel.command("cmdValidateReturn")->caption(), "Cancel");
+    EXPECT_FALSE(panel.command("cmdValidateSelect")->enabled());
+    panel.press("cmdValidateReturn");
+    EXPECT_TRUE(valid::validation.control.cancelled());
+    EXPECT_EQ(panel.command("cmdValidateReturn")->caption(), "Return");
+    EXPECT_FALSE(panel.closed());
+    panel.press("cmdValidateReturn");
+    EXPECT_TRUE(panel.closed());
+}
+
+}  // namespace
+}  // namespace tul

@@ -54,7 +54,8 @@ Measured measure(const Words& words) {
 }
 
 Measured median(std::vector<Measured> all) {
-    std::sort(all.begin(), all.end(), [](const Measured& a, const Measured& b) { return a.milliseconds < b.milliseconds; });
+    std::sort(all.begin(), all.end(),
+              [](const Measured& a, const Measured& b) { return a.milliseconds < b.milliseconds; });
     Measured middle = all[all.size() / 2];
     for (const Measured& one : all) middle.peakKilobytes = std::max(middle.peakKilobytes, one.peakKilobytes);
     return middle;
@@ -71,8 +72,9 @@ void compare(const char* what, const Words& ours, const char* against, const Wor
     }
     const Measured a = median(our);
     const Measured b = median(their);
-    std::printf("%-28s %8.1f ms   %-6s %8.1f ms   ratio %5.2f   peak %5.1f MB\n", what, a.milliseconds, against,
-                b.milliseconds, a.milliseconds / b.milliseconds, static_cast<double>(a.peakKilobytes) / 1024);
+    std::printf("%-28s %8.1f ms   %-6s %8.1f ms   ratio %5.2f   peak %5.1f MB\n", what, a.milliseconds,
+                against, b.milliseconds, a.milliseconds / b.milliseconds,
+                static_cast<double>(a.peakKilobytes) / 1024);
     std::fflush(stdout);
 }
 

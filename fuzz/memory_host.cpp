@@ -3,7 +3,8 @@
 namespace tul::fuzz {
 
 MemoryHost::MemoryHost() {
-    installHost({.files = this, .processes = this, .profile = this, .clock = this, .platform = this, .face = this});
+    installHost(
+        {.files = this, .processes = this, .profile = this, .clock = this, .platform = this, .face = this});
 }
 
 std::optional<FileInfo> MemoryHost::info(const std::string& path) const {

@@ -11,7 +11,12 @@ namespace tul::fuzz {
 struct End {};
 
 /// A machine whose files live in memory and whose user agrees to everything.
-class MemoryHost : public Files, public Processes, public Profile, public Clock, public Platform, public Face {
+class MemoryHost : public Files,
+                   public Processes,
+                   public Profile,
+                   public Clock,
+                   public Platform,
+                   public Face {
   public:
     MemoryHost();
 
@@ -32,7 +37,9 @@ class MemoryHost : public Files, public Processes, public Profile, public Clock,
     std::optional<std::string> fromNative(const std::string& path) const override { return path; }
     std::string toNative(const std::string& path) const override { return path; }
 
-    LaunchResult runAndWait(const Launch&) override { return {.started = true, .exitCode = 0, .failure = {}}; }
+    LaunchResult runAndWait(const Launch&) override {
+        return {.started = true, .exitCode = 0, .failure = {}};
+    }
     bool canFind(const std::string&) const override { return false; }
 
     std::string read(const std::string&, const std::string&) const override { return {}; }

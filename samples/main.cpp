@@ -1,14 +1,11 @@
 // tulsamples: writes the sample scores, or many generated pages for measurements.
 
-#include <charconv>
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "samples/damaged.h"
 #include "samples/many.h"
@@ -21,50 +18,6 @@ using tul::samples::Sample;
 
 constexpr int failed = 1;
 constexpr int wrongUsage = 2;
-
-struct Request {
-    int many = 0;  // 0: the scores
-    std::size_t bytes = 50000;
-    std::string folder;
-    std::string fault;  // in the usage
-};
-
-std::optional<long> numberFrom(std::string_view text, long low, long high) {
-    long value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || value < low || value > high) return {};
-    return value;
-}
-
-Request parse(const std::vector<std::string>& arguments) {
-    Request request;
-    bool sized = false;
-    for (std::size_t i = 0; i < arguments.size() && request.fault.empty(); ++i) {
-        const std::string& argument = arguments[i];
-        const std::string_view value = i + 1 < arguments.size() ? std::string_view(arguments[i + 1]) : "";
-        if (argument == "--many") {
-            const auto count = numberFrom(value, 1, 9999);
-            if (!count) request.fault = "--many needs a count from 1 to 9999";
-            request.many = static_cast<int>(count.value_or(0));
-            ++i;
-        } else if (argument == "--bytes") {
-            const auto size = numberFrom(value, 100, static_cast<long>(tul::samples::mostPageBytes));
-            if (!size) request.fault = "--bytes needs a size from 100 to 131070";
-            request.bytes = static_cast<std::size_t>(size.value_or(0));
-            sized = true;
-            ++i;
-        } else if (argument.starts_with("-")) {
-            request.fault = "unknown option " + argument;
-        } else if (!request.folder.empty()) {
-            request.fault = "more than one folder";
-        } else {
-            request.folder = argument;
-        }
-    }
-    if (request.fault.empty() && request.folder.empty()) request.fault = "no folder";
-    if (request.fault.empty() && sized && request.many == 0) request.fault = "--bytes goes with --many only";
-    return request;
-}
 
 // Says what went wrong, if anything did.
 bool write(const fs::path& folder, const Sample& sample) {
@@ -91,12 +44,12 @@ bool writeScores(const fs::path& folder) {
     return true;
 }
 
-bool writeMany(const Request& request) {
-    for (int number = 1; number <= request.many; ++number) {
+bool writeMany(const fs::path& folder, int count, std::size_t bytes) {
+    for (int number = 1; number <= count; ++number) {
         std::string digits = std::to_string(number);
-        digits.insert(0, 4 - digits.size(), '0');
-        const Sample page{"PAGE" + digits + ".MUS", "", tul::samples::manyPage(number, request.bytes)};
-        if (!write(request.folder, page)) return false;
+        if (digits.size() < 4) digits.insert(0, 4 - digits.size(), '0');
+        const Sample page{"PAGE" + digits + ".MUS", "", tul::samples::manyPage(number, bytes)};
+        if (!write(folder, page)) return false;
     }
     return true;
 }
@@ -104,14 +57,22 @@ bool writeMany(const Request& request) {
 }  // namespace
 
 int main(int argc, char** argv) try {
-    const Request request = parse({argv + 1, argv + argc});
-    if (!request.fault.empty()) {
-        std::fprintf(stderr, "tulsamples: %s; usage: tulsamples [--many COUNT [--bytes SIZE]] DIR\n",
-                     request.fault.c_str());
-        return wrongUsage;
+    CLI::App app("Writes the sample scores, or many generated pages for measurements.", "tulsamples");
+    std::string folder;
+    int many = 0;
+    std::size_t bytes = 50000;
+    app.add_option("DIR", folder, "The folder to write to")->required();
+    CLI::Option* const count =
+        app.add_option("--many", many, "Generated pages instead of the scores")->check(CLI::Range(1, 32767));
+    app.add_option("--bytes", bytes, "Size of a generated page")
+        ->check(CLI::Range(std::size_t{2000}, tul::samples::mostPageBytes))
+        ->needs(count);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : wrongUsage;
     }
-    const bool done = request.many > 0 ? writeMany(request) : writeScores(request.folder);
-    return done ? 0 : failed;
+    return (many > 0 ? writeMany(folder, many, bytes) : writeScores(folder)) ? 0 : failed;
 } catch (const std::exception& fault) {
     std::fprintf(stderr, "tulsamples: %s\n", fault.what());
     return failed;

@@ -70,7 +70,7 @@ Sample tablaturePage() {
     PageBuilder page;
     page.trailer(Trailer::fiveWords);
     engrave(sheet, page);
-    page.text(11, {4, 182, 25, 0, 1}, "ROSE").text(15, {1, 90, -20, 0, 0.5}, "LUTEROSE.EPS");
+    page.text(11, {4, 98, 24, 0, 1}, "ROSE").text(15, {1, 90, -20, 0, 0.5}, "LUTEROSE.EPS");
     return {"LUTE.MUS", "Greensleeves in French lute tablature: heads 900 to 910, short trailer",
             page.bytes()};
 }

@@ -17,7 +17,7 @@ const std::string firstLineSecond = "d'2 fis'4 g' | d'4 b g'2 | fis'4 g' d' d' |
 const std::string firstLineThird = "g4 a a g | fis4 g c' d' | d'2 a4 g | ";
 const std::string firstLineCello = "g,4 fis, d g, | d,4 g, c b, | a,4 g, fis, g, | ";
 
-const std::string violin1 = "g'4.(\\p^cantabile a'8 | " + firstLine + "d''2) g'4.(\\p a'8 | " + firstLine +
+const std::string violin1 = "g'4.(\\p a'8 | " + firstLine + "d''2) g'4.(\\p a'8 | " + firstLine +
                             "d''2) a'4(\\p b' | a'8 fis' d'4) c''( b' | a'8 fis' d'4) d''(\\< c'' | " +
                             "b'4.) b'8 cis''4. cis''8 | d''2 g''4.(\\f fis''8 | " + lastLineFirst +
                             "g'2) g''4.(\\p fis''8 | " + lastLineFirst + "g'2)\\pp |.";
@@ -51,7 +51,7 @@ Sample quartet() {
     sheet.page = 1;
     PageBuilder page;
     engrave(sheet, page);
-    page.text(16, {1, 94, -12, 1, 0.8}, "_00H. 77/2");
+    page.text(16, {1, 94, -12, 1, 0.8}, "_00Hob. III:77");
     return {"QUARTET.MUS", "Haydn, theme of the Emperor quartet: four systems of four staves, inches",
             page.bytes()};
 }

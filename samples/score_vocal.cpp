@@ -20,10 +20,10 @@ Sample chorale() {
     const std::string bassVoice =
         "g2 | g4 d e b, | e2 d | g,2 g | g4 g d e | c2 g, | d2 g | fis4 g d e | "
         "c2 d | g,2 g | g4 e fis fis | g2 d | g,2 |.";
-    const Lyrics words{-4, "_00",
+    const Lyrics words{-10, "_00",
                        "All peo- ple that on earth do dwell, sing to the Lord with cheer- ful voice; "
                        "him serve with mirth, his praise forth tell, come ye be- fore him and re- joice."};
-    sheet.staves = {{"S. A.", "", treble, 1, 1, {soprano, altoVoice}, {words}, 5},
+    sheet.staves = {{"S. A.", "", treble, 1, 1, {soprano, altoVoice}, {words}, 10},
                     {"T. B.", "", bass, 2, 1, {tenorVoice, bassVoice}}};
     sheet.groups = {{2, StaffGroup::bracket}};
     sheet.systems = {4, 3, 3, 3};
@@ -59,16 +59,16 @@ Sample song() {
     const std::string onF = "f,8( c f a f c) | ";
     const std::string leftHand =
         onC + onC + onG + onC + onF + onC + onF + onC + onG + onC + "c8( g c' g, d f) | c8( g c' c4.)! |.";
-    const Lyrics german{-4, "_00",
+    const Lyrics german{-6, "_00",
                         "Stil- _ le Nacht, hei- li- ge Nacht! Al- les schl\xE4"
                         "ft, ein- sam wacht "
                         "nur das trau- te, hoch- hei- li- ge Paar. Hol- der Kna- be im lo- cki- gen Haar, "
                         "schlaf in himm- li- scher Ruh, _ schlaf _ in himm- li- scher Ruh!"};
-    const Lyrics english{-9, "_01",
+    const Lyrics english{-13, "_01",
                          "Si- _ lent night, ho- _ ly night! All is calm, all is bright round yon Vir- _ gin "
                          "Moth- er and Child. Ho- ly In- fant so ten- der and mild, "
                          "sleep in heav- en- ly peace, _ sleep _ in heav- en- ly peace!"};
-    sheet.staves = {{"Canto", "", treble, 1, 0, {tune}, {german, english}, 9},
+    sheet.staves = {{"Canto", "", treble, 1, 0, {tune}, {german, english}, 12},
                     {"Pianoforte", "", treble, 2, 0, {rightHand}},
                     {"", "", bass, 2, 0, {leftHand}}};
     sheet.groups = {{1}, {2, StaffGroup::brace}};

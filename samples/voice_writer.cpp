@@ -235,9 +235,10 @@ void VoiceWriter::marks(const Drawn& drawn, Stems stems) const {
     if (!event.words.empty()) page_.text(16, {staff, drawn.x, 15, 0, 0.9}, "_01" + event.words);
     if (event.finger < 0) return;
     const bool leftHand = stems == Stems::down || (stems == Stems::free && clef_ == bass);
-    const double height =
-        leftHand ? std::min(0, drawn.low - 4) : std::max(13, drawn.high + 2 + (drawn.up ? 7 : 0));
-    page_.item({10, staff, drawn.x, height, double(event.finger), 0.75});
+    // A finger stands outside the staff, and clear of the stem.
+    const int height = leftHand ? std::min(-1, drawn.low - 3 - (drawn.up ? 0 : octave))
+                                : std::max(13, drawn.high + 2 + (drawn.up ? octave : 0));
+    page_.item({10, staff, drawn.x, double(height), double(event.finger), 0.75});
 }
 
 }  // namespace tul::samples

@@ -19,8 +19,6 @@ std::string timeText(const DateTime& moment) {
     return withZeros(moment.hour, 2) + ':' + withZeros(moment.minute, 2) + ':' + withZeros(moment.second, 2);
 }
 
-std::string stampText(const DateTime& moment) {
-    return dateText(moment) + ' ' + timeText(moment);
-}
+std::string stampText(const DateTime& moment) { return dateText(moment) + ' ' + timeText(moment); }
 
 }  // namespace tul

@@ -109,9 +109,7 @@ std::string notFinite(double value) {
     return value < 0.0 ? "-INF" : "INF";
 }
 
-std::string signedOrBlank(const std::string& number) {
-    return number[0] == '-' ? number : ' ' + number;
-}
+std::string signedOrBlank(const std::string& number) { return number[0] == '-' ? number : ' ' + number; }
 
 std::string joinedTo(std::string_view before, const std::string& number) {
     const bool spaced =
@@ -160,9 +158,7 @@ Decimal roundedFor(const Section& section, double magnitude) {
     return number;
 }
 
-bool isZero(const Decimal& number) {
-    return number.digits.find_first_not_of('0') == std::string::npos;
-}
+bool isZero(const Decimal& number) { return number.digits.find_first_not_of('0') == std::string::npos; }
 
 std::string written(const Section& section, const Decimal& number) {
     const auto point = static_cast<std::size_t>(number.whole);
@@ -180,17 +176,13 @@ std::string written(const Section& section, const Decimal& number) {
     return text;
 }
 
-bool isDigit(char character) {
-    return character >= '0' && character <= '9';
-}
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 std::size_t digitsAtStart(std::string_view text) {
     return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
 }
 
-bool startsWithSign(std::string_view text) {
-    return text.starts_with('-') || text.starts_with('+');
-}
+bool startsWithSign(std::string_view text) { return text.starts_with('-') || text.starts_with('+'); }
 
 /// The number that a text starts with, without its sign: digits and at most one point; empty without a digit.
 std::string_view unsignedNumber(std::string_view text) {
@@ -231,30 +223,16 @@ std::string plain(float value) {
     return (value < 0.0F ? "-" : "") + generalForm(std::fabs(value));
 }
 
-std::string plain(std::int64_t value) {
-    return std::to_string(value);
-}
+std::string plain(std::int64_t value) { return std::to_string(value); }
 
-std::string str(float value) {
-    return signedOrBlank(plain(value));
-}
-std::string str(std::int64_t value) {
-    return signedOrBlank(plain(value));
-}
+std::string str(float value) { return signedOrBlank(plain(value)); }
+std::string str(std::int64_t value) { return signedOrBlank(plain(value)); }
 
-std::string printed(float value) {
-    return str(value) + ' ';
-}
-std::string printed(std::int64_t value) {
-    return str(value) + ' ';
-}
+std::string printed(float value) { return str(value) + ' '; }
+std::string printed(std::int64_t value) { return str(value) + ' '; }
 
-std::string joined(std::string_view before, float value) {
-    return joinedTo(before, plain(value));
-}
-std::string joined(std::string_view before, std::int64_t value) {
-    return joinedTo(before, plain(value));
-}
+std::string joined(std::string_view before, float value) { return joinedTo(before, plain(value)); }
+std::string joined(std::string_view before, std::int64_t value) { return joinedTo(before, plain(value)); }
 
 std::string formatted(double value, std::string_view pattern) {
     if (!std::isfinite(value)) return notFinite(value);
@@ -309,8 +287,6 @@ std::optional<std::int32_t> toInt32(double value) {
     return fits ? std::optional(static_cast<std::int32_t>(rounded)) : std::nullopt;
 }
 
-float integerPart(float value) {
-    return std::floor(value);
-}
+float integerPart(float value) { return std::floor(value); }
 
 }  // namespace tul

@@ -61,8 +61,8 @@ double roundToEven(double value);
 /// Rounded to nearest, ties to even; nothing for NaN, infinities and values beyond signed 16 or 32 bits.
 std::optional<std::int32_t> toInt32(double value);
 inline std::optional<std::int16_t> toInt16(double value) {
-    // Every item has a length word that goes through here: adding and taking away a number whose last place is
-    // 1 rounds as the processor does, without a call.
+    // Every item has a length word that goes through here: adding and taking away a number whose last place
+    // is 1 rounds as the processor does, without a call.
     constexpr double lastPlaceIsOne = 6755399441055744.0;  // 1.5 times 2 to the 52nd
     if (!(value >= -40000.0 && value <= 40000.0)) return std::nullopt;
     const double rounded = (value + lastPlaceIsOne) - lastPlaceIsOne;

@@ -16,9 +16,7 @@ constexpr std::array<char16_t, 32> UpperControls = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-bool sameLetter(char a, char b) {
-    return upperCase(a) == upperCase(b);
-}
+bool sameLetter(char a, char b) { return upperCase(a) == upperCase(b); }
 
 unsigned char byteAt(std::string_view text, std::size_t index) {
     return static_cast<unsigned char>(text[index]);
@@ -124,9 +122,7 @@ std::string_view trimRight(std::string_view text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-std::string_view trim(std::string_view text) {
-    return trimLeft(trimRight(text));
-}
+std::string_view trim(std::string_view text) { return trimLeft(trimRight(text)); }
 
 std::string padRight(std::string_view text, std::size_t width, char fill) {
     std::string result(text);
@@ -155,13 +151,9 @@ bool isTrue(std::string_view text) {
     return equalIgnoringCase(trim(text), "TRUE") || numericValue(text) != 0.0;
 }
 
-std::string_view folderOf(std::string_view path) {
-    return path.substr(0, fileNameStart(path));
-}
+std::string_view folderOf(std::string_view path) { return path.substr(0, fileNameStart(path)); }
 
-std::string_view fileNameOf(std::string_view path) {
-    return path.substr(fileNameStart(path));
-}
+std::string_view fileNameOf(std::string_view path) { return path.substr(fileNameStart(path)); }
 
 std::string toUtf8(std::string_view text) {
     if (isUtf8(text)) return std::string(text);

@@ -69,8 +69,8 @@ std::string settingLine(std::string_view key, std::string_view value) {
 
 std::string bypassLine() { return settingLine(bypassKey, machineSettings.BypassLibTest1 ? "True" : "False"); }
 
-/// The user's settings, in one of two orders that differ in where the library test stands and whether JUST has
-/// its line.
+/// The user's settings, in one of two orders that differ in where the library test stands and whether JUST
+/// has its line.
 std::string userSettings(bool firstUse) {
     std::string text = "[UserSettings]" + newLine;
     text += settingLine("MaxLogRecords", plain(machineSettings.MaxLogRecords));

@@ -12,9 +12,9 @@ namespace tul {
 struct MainPanel {
     std::string caption;
     PanelPlace place;
-    int tabLogo = 0;         // number of the tab in front
+    int tabLogo = 0;          // number of the tab in front
     bool tabsVisible = true;  // false while the list of text files lies over them
-    std::string focus;       // the control that has it when the panel is first shown
+    std::string focus;        // the control that has it when the panel is first shown
     std::map<std::string, bool, std::less<>> enabled;  // by control; what is not named is enabled
     bool preProcessVisible = false;                    // of cmdTulSplitPreProcess
     std::string cmdLogoInputCaption = "TulInput";

@@ -100,9 +100,7 @@ void renewSelection(std::string& viewTip) {
 
 }  // namespace
 
-std::string namesFileLine(const std::string& path) {
-    return path + std::string(terminator) + newLine;
-}
+std::string namesFileLine(const std::string& path) { return path + std::string(terminator) + newLine; }
 
 void ReadNamesFile() {
     selection.SelectionValid = false;
@@ -145,16 +143,16 @@ void showNamesStatus() {
 
 void SelectFiles(const std::string& message, std::string& viewTip) {
     std::string arguments = "STARTDIR=" + paths.ProgramFolder + ",SUFFIX=" + projectSettings.PreferedSuffix +
-                            ",MUSFOLDER=" + projectSettings.MusDirectory + ",NAMESFILE=" + paths.NamesFileName +
-                            ",DEBUG=NO";
+                            ",MUSFOLDER=" + projectSettings.MusDirectory +
+                            ",NAMESFILE=" + paths.NamesFileName + ",DEBUG=NO";
     if (!message.empty()) arguments += ",MSG=" + message;
     runSelectionProgram(paths.TulNamesPath, arguments);
     renewSelection(viewTip);
 }
 
 void DropFiles(const std::vector<std::string>& dropped, std::string& viewTip) {
-    std::string arguments = "STARTDIR=" + paths.ProgramFolder + ",NAMESFILE=" + paths.NamesFileName +
-                            ",DEBUG=NO,TYPE=MUS,LIST=";
+    std::string arguments =
+        "STARTDIR=" + paths.ProgramFolder + ",NAMESFILE=" + paths.NamesFileName + ",DEBUG=NO,TYPE=MUS,LIST=";
     for (const std::string& path : dropped) arguments += path + ",";
     runSelectionProgram(paths.TulOlePath, arguments);
     renewSelection(viewTip);

@@ -45,7 +45,9 @@ void readMonitorLine(const std::string& line) {
 
 }  // namespace
 
-int heightOfPanels() { return identity.platformCode() == "XP" ? panelHeight : panelHeight + titleBarAllowance; }
+int heightOfPanels() {
+    return identity.platformCode() == "XP" ? panelHeight : panelHeight + titleBarAllowance;
+}
 
 void positionPanel(PanelPlace& place) {
     const std::string top = GetProfileValue("TOP");

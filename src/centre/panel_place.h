@@ -17,8 +17,8 @@ void positionPanel(PanelPlace& place);
 /// Stores a panel's top and left.
 void savePanelCoordinates(const PanelPlace& place);
 
-/// Runs TULMONIT.EXE and takes over what it found. Ends the program when it is missing or what it wrote cannot
-/// be read.
+/// Runs TULMONIT.EXE and takes over what it found. Ends the program when it is missing or what it wrote
+/// cannot be read.
 void readTulMonit();
 
 }  // namespace tul

@@ -57,7 +57,8 @@ std::string fontName(int number) {
     const auto info = files().info(path);
     std::string head;
     if (!info || info->length != fontFileLength) return {};
-    if (files().read(path, head, fontHeadLength) != FileError::none || !head.starts_with(fontMarks)) return {};
+    if (files().read(path, head, fontHeadLength) != FileError::none || !head.starts_with(fontMarks))
+        return {};
     return std::string(trim(std::string_view(head).substr(fontMarks.size())));
 }
 
@@ -69,14 +70,16 @@ void WriteDefaultOptions() {
                        " by " + identity.VersionText + newLine;
     for (const std::string& line :
          {std::string("DisplayOptions=NO"), std::string("Project=Installation verification"),
-          std::string("Pref=NO"), "MusDirectory=" + files().currentFolder(), std::string("NamesFile=NAMES.TUL")})
+          std::string("Pref=NO"), "MusDirectory=" + files().currentFolder(),
+          std::string("NamesFile=NAMES.TUL")})
         text += line + newLine;
     for (const char* line :
-         {"Resolution=600", "PreferedSuffix=MUS", "PageNumberPlace=Side", "PageNumberSize=201.1",
-          "PageNumberFont=0", "PageNumberLength=2", "BarNumberPlace=First", "BarNumberFont=1",
-          "BarNumberSize=201", "RehearsalFont=0", "RehearsalSize=1", "PlateNumber=", "PlateNumberFont=_00",
-          "PlateNumberSize=.8", "FingerFontLH=0", "FingerSizeLH=.75", "FingerFontRH=_26", "FingerSizeRH=.75",
-          "LyricsFont=_00", "LyricsSize=1", "StaffRange=32", "FontPreference=PSC", "ScoreEnginePreference=3"})
+         {"Resolution=600",      "PreferedSuffix=MUS", "PageNumberPlace=Side",   "PageNumberSize=201.1",
+          "PageNumberFont=0",    "PageNumberLength=2", "BarNumberPlace=First",   "BarNumberFont=1",
+          "BarNumberSize=201",   "RehearsalFont=0",    "RehearsalSize=1",        "PlateNumber=",
+          "PlateNumberFont=_00", "PlateNumberSize=.8", "FingerFontLH=0",         "FingerSizeLH=.75",
+          "FingerFontRH=_26",    "FingerSizeRH=.75",   "LyricsFont=_00",         "LyricsSize=1",
+          "StaffRange=32",       "FontPreference=PSC", "ScoreEnginePreference=3"})
         text += line + newLine;
     if (files().replace(paths.OptionsFilePath, text) != FileError::none)
         endWith(paths.OptionsFilePath + " could not be opened for output. Hit Enter to abort");

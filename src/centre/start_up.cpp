@@ -32,8 +32,8 @@ void refuseSecondInstance() {
 }
 
 void nameVersion() {
-    identity.VersionText = "v" + plain(version::major) + "." + plain(version::minor) + ".0." +
-                           plain(version::revision);
+    identity.VersionText =
+        "v" + plain(version::major) + "." + plain(version::minor) + ".0." + plain(version::revision);
     identity.BuildDateText = version::buildDate;
     face().setPointer(Pointer::normal);
     mainPanel.caption = "TUL Control Center - " + identity.VersionText;
@@ -74,7 +74,8 @@ void proveInstallation() {
         }
         return present;
     };
-    for (const char* name : {"TULSCORE.EXE", "TULSKORE.EXE", "\\TULFOLDR.EXE", "\\TULNAMES.EXE", "\\TULOLE.EXE"})
+    for (const char* name :
+         {"TULSCORE.EXE", "TULSKORE.EXE", "\\TULFOLDR.EXE", "\\TULNAMES.EXE", "\\TULOLE.EXE"})
         require(name);
     mainPanel.enabled["mnuHelp"] = require("\\TULCNTRL.HLP");
     if (issues > 0) endWith("Number of installation issues: " + plain(issues));
@@ -155,8 +156,7 @@ void testPlatform() {
     };
     std::string wayToChange;
     if (isOneOf({"98", "NT", "95"})) {
-        wayToChange =
-            "To change this go to Settings, Control Panel, Regional Settings Properties, Number.";
+        wayToChange = "To change this go to Settings, Control Panel, Regional Settings Properties, Number.";
     } else if (isOneOf({"2K", "XP", "VI", "SE", "W7", "Wx"})) {
         wayToChange =
             "To change this go to Control Panel, Regional & Language Options, set Number to format "

@@ -21,10 +21,8 @@ struct ToolFiles {
 
 const std::vector<ToolFiles>& toolsOf(ToolGroup group) {
     static const std::vector<ToolFiles> first = {
-        {"cmdTulLJ", {"\\TULLJ.EXE"}},
-        {"cmdTulBeam", {"\\TULBEAM.EXE"}},
-        {"cmdTulSeps4id", {"\\TULSEPS4ID.EXE"}},
-        {"cmdLogoThema", {"TULTHEMA.EXE"}},
+        {"cmdTulLJ", {"\\TULLJ.EXE"}},           {"cmdTulBeam", {"\\TULBEAM.EXE"}},
+        {"cmdTulSeps4id", {"\\TULSEPS4ID.EXE"}}, {"cmdLogoThema", {"TULTHEMA.EXE"}},
         {"cmdFontConv", {"TULFONTC.EXE"}},
     };
     static const std::vector<ToolFiles> second = {

@@ -27,8 +27,10 @@ void writeHead(Report& report) {
     const std::size_t blanks = pathWidth() - std::min<std::size_t>(pathWidth(), 4);
     report.line("MUS File validation " + dateAndTime());
     report.line(" ");
-    report.line("Filename       Date       Time        Size Itms Path" + std::string(blanks, ' ') + " Creator");
-    report.line("------------ --/--/---- --:--:-----  ----- ---- " + std::string(pathWidth(), '-') + " -------");
+    report.line("Filename       Date       Time        Size Itms Path" + std::string(blanks, ' ') +
+                " Creator");
+    report.line("------------ --/--/---- --:--:-----  ----- ---- " + std::string(pathWidth(), '-') +
+                " -------");
 }
 
 void writeTotals(Report& report) {
@@ -42,8 +44,8 @@ void writeTotals(Report& report) {
 bool validateFile(Report& report) {
     const std::string& path = validation.currentPath;
     const auto info = files().info(path);
-    const std::string start = padRight(fileNameOf(path), nameWidth) + " " + EditDateTime(info) +
-                              sizeField(info ? info->length : 0);
+    const std::string start =
+        padRight(fileNameOf(path), nameWidth) + " " + EditDateTime(info) + sizeField(info ? info->length : 0);
     const std::string paddedPath = padRight(path, pathWidth());
     if (IsFinale(path) == "Finale") {
         report.line(start + " ---- " + paddedPath + " is a Finale file");

@@ -10,8 +10,8 @@
 #include "shared/function_module.h"
 #include "shared/records.h"
 
-// The item loop of validation. It does not use `MusNextItem`: it must tell where a file fails, and get through
-// items that the other tools give up on.
+// The item loop of validation. It does not use `MusNextItem`: it must tell where a file fails, and get
+// through items that the other tools give up on.
 namespace tul::valid {
 
 namespace {
@@ -42,8 +42,8 @@ ItemEnd giveUp(const std::string& failure, bool mayBeNoMusFile) {
 
 /// Asks about something that a sound file may hold but hardly means. True to go on.
 bool askToContinue(const std::string& finding) {
-    return MsgBox(finding + " in file " + validation.currentPath + newLine + joined("Item = ", musItem.MusItemNumber) +
-                      newLine + newLine + "Continue?",
+    return MsgBox(finding + " in file " + validation.currentPath + newLine +
+                      joined("Item = ", musItem.MusItemNumber) + newLine + newLine + "Continue?",
                   Buttons::yesNo, Icon::question) == Answer::yes;
 }
 
@@ -52,8 +52,7 @@ bool checkMeaning() {
     const float code = musItem.MusPar[1];
     const float staff = musItem.MusPar[2];
     bool goOn = true;
-    if (code < lowestItemCode || code > highestItemCode)
-        goOn = askToContinue("Found an item code <1 or >18");
+    if (code < lowestItemCode || code > highestItemCode) goOn = askToContinue("Found an item code <1 or >18");
     if (code == 13.0F) goOn = askToContinue("Found an item code 13");
     if (!isInteger(code)) goOn = askToContinue("Found a non-integer item code (" + plain(code) + ") number");
     if (staff < 1.0F || staff > static_cast<float>(projectSettings.StaffRange))
@@ -65,8 +64,8 @@ bool checkMeaning() {
 void readParameterItem(int parameters) {
     if (parameters > Parameters::count) {
         inform("MUS file structure error. Invalid number of parms: " + plain(parameters) + newLine +
-               joined("Item number: ", musItem.MusItemNumber - 1) + newLine + joined("Par1=", musItem.MusPar[1]) +
-               newLine + "File: " + validation.currentPath);
+               joined("Item number: ", musItem.MusItemNumber - 1) + newLine +
+               joined("Par1=", musItem.MusPar[1]) + newLine + "File: " + validation.currentPath);
         inform("Too many parameters in an item. SCORE sometimes does not reject this.");
     }
     const int kept = parameters < Parameters::count ? parameters : Parameters::count;
@@ -89,8 +88,9 @@ ItemEnd validateItem(Report& report) {
     if (!parameters) return giveUp("MUS file structure error. Conversion error2.", false);
     musItem.MusParCount = *parameters;
     if (*parameters < 2) {
-        return giveUp("MUS file structure error. Invalid number of parameters (" + plain(*parameters) + ") in item.",
-                      true);
+        return giveUp(
+            "MUS file structure error. Invalid number of parameters (" + plain(*parameters) + ") in item.",
+            true);
     }
     musItem.MusPar.clear();
     MusReadWord();
@@ -166,10 +166,10 @@ void inputValidate(Report& report) {
 
 void RecoverMUS(const std::string& path, int items) {
     const std::string program = paths.ProgramFolder + "\\TULRECOV.EXE";
-    const Answer answer =
-        MsgBox("At least " + plain(musProgress()) + "% (the first " + plain(items) +
-                   " items), and may be more can be recovered from file " + path + newLine + "Attempt recovery?",
-               Buttons::okCancel, Icon::question);
+    const Answer answer = MsgBox("At least " + plain(musProgress()) + "% (the first " + plain(items) +
+                                     " items), and may be more can be recovered from file " + path + newLine +
+                                     "Attempt recovery?",
+                                 Buttons::okCancel, Icon::question);
     if (answer == Answer::cancel) return;
     const std::string command = program + " " + path + " " + plain(items);
     if (FileExists(program)) {

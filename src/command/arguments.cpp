@@ -54,7 +54,8 @@ ParseResult parseArguments(const std::vector<std::string>& words, Arguments& arg
                 "Answer the next question: Yes, No, OK, Cancel, or the text of an input box");
     CLI::Option* const yesFlag = app.add_flag("--yes", yes, "Answer Yes or OK to all other questions");
     app.add_flag("--no", no, "Answer No or Cancel to all other questions")->excludes(yesFlag);
-    app.add_flag("--list", arguments.list, "Show the panel's fields and commands with present values and prompts");
+    app.add_flag("--list", arguments.list,
+                 "Show the panel's fields and commands with present values and prompts");
     app.add_flag("--verbose", arguments.verbose, "Show the warnings of start-up, too");
     app.add_option("PANEL", arguments.panel, "The panel to run")->type_name("");
     app.add_option("FILE", arguments.files, "The music files to work on; otherwise the present selection")
@@ -77,7 +78,8 @@ ParseResult parseArguments(const std::vector<std::string>& words, Arguments& arg
         if (option != set) continue;
         const SplitText split = splitAtFirst(*nextSet, '=');
         if (!split.found) return usageError("--set " + *nextSet + ": NAME=VALUE is expected");
-        arguments.actions.push_back({Action::Kind::set, std::string(split.before), std::string(split.behind)});
+        arguments.actions.push_back(
+            {Action::Kind::set, std::string(split.before), std::string(split.behind)});
         ++nextSet;
     }
     if (arguments.panel.empty()) return usageError("Which panel?");

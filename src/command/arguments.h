@@ -18,8 +18,8 @@ enum class RestAnswer { ask, yes, no };
 struct Arguments {
     std::string home;  // the installation folder; empty: the folder of the program
     std::vector<Action> actions;
-    std::vector<std::string> answers;           // to questions, in order
-    RestAnswer restAnswer = RestAnswer::ask;    // to the questions behind them
+    std::vector<std::string> answers;         // to questions, in order
+    RestAnswer restAnswer = RestAnswer::ask;  // to the questions behind them
     bool list = false;
     bool verbose = false;
     std::string panel;
@@ -36,8 +36,8 @@ struct ParseResult {
 inline constexpr int exitFatal = 1;
 inline constexpr int exitUsage = 2;
 
-/// Reads the arguments behind the program's name. Help goes on as a text with status 0; wrong usage with a line
-/// that says what and how to see what there is, status 2.
+/// Reads the arguments behind the program's name. Help goes on as a text with status 0; wrong usage with a
+/// line that says what and how to see what there is, status 2.
 ParseResult parseArguments(const std::vector<std::string>& words, Arguments& arguments);
 
 }  // namespace tul::command

@@ -57,7 +57,8 @@ void listPanel(Panel& panel, std::ostream& out) {
     out << panel.name << " - " << toUtf8(panel.caption) << "\n\nFields:\n";
     for (const Field& field : panel.fields) {
         out << "  " << padRight(field.name, nameColumn) << padRight(kindName(field.kind), kindColumn)
-            << (field.enabled() && !field.isReadOnly() ? "" : "(read only) ") << onOneLine(field.text()) << '\n';
+            << (field.enabled() && !field.isReadOnly() ? "" : "(read only) ") << onOneLine(field.text())
+            << '\n';
         if (const std::string prompt = field.prompt(); !prompt.empty())
             out << std::string(2 + nameColumn + kindColumn, ' ') << onOneLine(prompt) << '\n';
     }
@@ -66,8 +67,8 @@ void listPanel(Panel& panel, std::ostream& out) {
         std::string caption = command.caption();
         std::erase(caption, '&');
         out << "  " << padRight(command.name, nameColumn) << toUtf8(caption)
-            << (command.enabled() ? "" : " (disabled)") << (command.name == panel.runCommand ? " (default)" : "")
-            << '\n';
+            << (command.enabled() ? "" : " (disabled)")
+            << (command.name == panel.runCommand ? " (default)" : "") << '\n';
         if (const std::string tip = command.toolTip(); !tip.empty())
             out << std::string(2 + nameColumn, ' ') << onOneLine(tip) << '\n';
     }
@@ -83,8 +84,8 @@ Refusal takeFiles(const std::vector<std::string>& given, std::vector<std::string
         const auto [other, isNew] = byUpperCase.emplace(upperCase(*path), *path);
         if (!isNew && other->second == *path) continue;
         if (!isNew)
-            return "These two names differ in letter case only: " + files().toNative(other->second) + " and " +
-                   files().toNative(*path);
+            return "These two names differ in letter case only: " + files().toNative(other->second) +
+                   " and " + files().toNative(*path);
         const std::string found = files().toNative(upperCase(*path));
         if (files().canRead(*path) && found != files().toNative(*path))
             return "These two names differ in letter case only: " + files().toNative(*path) + " and " + found;
@@ -101,9 +102,11 @@ bool writeNamesFile(const std::vector<std::string>& names) {
 
 Refusal findUnknown(const Arguments& arguments, Panel& panel) {
     for (const Action& action : arguments.actions) {
-        const bool known =
-            action.kind == Action::Kind::set ? panel.field(action.name) != nullptr : panel.command(action.name) != nullptr;
-        if (!known) return panel.name + " has no " + (action.kind == Action::Kind::set ? "field " : "command ") + action.name + ".";
+        const bool known = action.kind == Action::Kind::set ? panel.field(action.name) != nullptr
+                                                            : panel.command(action.name) != nullptr;
+        if (!known)
+            return panel.name + " has no " + (action.kind == Action::Kind::set ? "field " : "command ") +
+                   action.name + ".";
     }
     return std::nullopt;
 }

@@ -63,6 +63,7 @@ Answer ConsoleFace::msgBox(const Message& message) {
     if (message.startUpWarning && !verbose_) return Answer::ok;
     if (message.buttons != Buttons::ok) return ask(message);
     tell("message", message.text);
+    console_.err << '\n';
     return Answer::ok;
 }
 
@@ -145,7 +146,9 @@ void ConsoleFace::tell(const std::string& kind, const std::string& text) {
     if (linesOf(text).empty()) console_.err << '\n';
 }
 
-void ConsoleFace::tellAnswer(const std::string& answer) { console_.err << "answer: " << toUtf8(answer) << "\n"; }
+void ConsoleFace::tellAnswer(const std::string& answer) {
+    console_.err << "answer: " << toUtf8(answer) << "\n\n";
+}
 
 std::string ConsoleFace::nextQueued() {
     std::string text = answers_.front();

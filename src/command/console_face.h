@@ -15,7 +15,7 @@ struct Console {
     std::ostream& out;
     std::ostream& err;
     std::istream& in;
-    bool canAsk = false;        // `in` is a terminal
+    bool canAsk = false;         // `in` is a terminal
     bool showsProgress = false;  // `err` is a terminal
 };
 

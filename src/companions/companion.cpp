@@ -81,7 +81,8 @@ int openScore(const std::string& program, const std::string& page) {
     std::string score;
     for (const KeyValue& setting : *settings)
         if (setting.key == "SCOREPATH") score = setting.value;
-    if (score.empty()) return refuse(program, "no SCORE is linked. Enter its path as ScorePath= in TULCNTRL.INI.");
+    if (score.empty())
+        return refuse(program, "no SCORE is linked. Enter its path as ScorePath= in TULCNTRL.INI.");
     if (!files().canRead(score)) return refuse(program, "the linked SCORE was not found: " + score);
     files().changeFolder(std::string(folderOf(score)));
     const LaunchResult result = processes().runAndWait({.program = score, .arguments = page});

@@ -22,8 +22,7 @@ template <class T>
 using Owned = std::unique_ptr<T, Release>;
 
 xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
-    const auto request =
-        xcb_intern_atom(connection, 1, static_cast<std::uint16_t>(name.size()), name.data());
+    const auto request = xcb_intern_atom(connection, 1, static_cast<std::uint16_t>(name.size()), name.data());
     const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, request, nullptr));
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
@@ -45,7 +44,8 @@ int workAreaHeight(xcb_connection_t* connection, const xcb_screen_t& screen) {
 
 void takeMonitors(xcb_connection_t* connection, const xcb_screen_t& screen, ScreenLayout& layout) {
     const auto request = xcb_randr_get_monitors(connection, screen.root, 1);
-    const Owned<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(connection, request, nullptr));
+    const Owned<xcb_randr_get_monitors_reply_t> reply(
+        xcb_randr_get_monitors_reply(connection, request, nullptr));
     if (!reply) return;
     int count = 0;
     for (auto monitor = xcb_randr_get_monitors_monitors_iterator(reply.get()); monitor.rem > 0;

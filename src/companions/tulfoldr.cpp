@@ -13,8 +13,8 @@ int main(int argc, char** argv) {
         return companion::refuse("TULFOLDR", "STARTDIR= and FILE= are needed.");
     if (!companion::canAsk()) {
         files().remove(result);
-        return companion::refuse("TULFOLDR",
-                                 "choosing a folder needs a terminal, as this version has no window for it yet.");
+        return companion::refuse(
+            "TULFOLDR", "choosing a folder needs a terminal, as this version has no window for it yet.");
     }
     const auto folder = files().fromNative(companion::askLine(arguments["REMARK"] + ": "));
     const auto info = folder ? files().info(*folder) : std::nullopt;

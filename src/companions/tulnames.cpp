@@ -51,9 +51,10 @@ int main(int argc, char** argv) {
     if (startFolder.empty() || namesFile.empty())
         return companion::refuse("TULNAMES", "STARTDIR= and NAMESFILE= are needed.");
     if (!companion::canAsk())
-        return companion::refuse("TULNAMES",
-                                 "choosing files needs a terminal, as this version has no window for it yet. The "
-                                 "selection stays as it was; tulcmd takes files as arguments.");
+        return companion::refuse(
+            "TULNAMES",
+            "choosing files needs a terminal, as this version has no window for it yet. The "
+            "selection stays as it was; tulcmd takes files as arguments.");
     const std::vector<std::string> names = filesOf(folder, arguments["SUFFIX"]);
     if (names.empty()) return companion::refuse("TULNAMES", "there are no such files in " + folder);
 
@@ -61,11 +62,12 @@ int main(int argc, char** argv) {
     for (std::size_t i = 0; i < names.size(); ++i) std::cerr << i + 1 << "  " << toUtf8(names[i]) << '\n';
     const auto chosen = chosenNumbers(companion::askLine("Numbers (such as 1 3-5), or all: "),
                                       static_cast<int>(names.size()));
-    if (!chosen || chosen->empty()) return companion::refuse("TULNAMES", "nothing was chosen; the selection stays.");
+    if (!chosen || chosen->empty())
+        return companion::refuse("TULNAMES", "nothing was chosen; the selection stays.");
     std::string text;
     for (const int number : *chosen)
-        text += folder + (folder.ends_with('\\') ? "" : "\\") + names[static_cast<std::size_t>(number - 1)] + " 1" +
-                std::string(CrLf);
+        text += folder + (folder.ends_with('\\') ? "" : "\\") + names[static_cast<std::size_t>(number - 1)] +
+                " 1" + std::string(CrLf);
     if (files().replace(startFolder + "\\" + namesFile, text) != FileError::none)
         return companion::refuse("TULNAMES", "the names file could not be written.");
     return companion::done;

@@ -8,7 +8,8 @@ int main(int argc, char** argv) {
     const companion::ArgumentPairs arguments(argc, argv);
     const std::string folder = arguments["STARTDIR"];
     const std::string namesFile = arguments["NAMESFILE"];
-    if (folder.empty() || namesFile.empty()) return companion::refuse("TULOLE", "STARTDIR= and NAMESFILE= are needed.");
+    if (folder.empty() || namesFile.empty())
+        return companion::refuse("TULOLE", "STARTDIR= and NAMESFILE= are needed.");
 
     std::string text;
     for (const std::string& path : arguments.list()) {
@@ -16,7 +17,8 @@ int main(int argc, char** argv) {
         if (info && info->folder) continue;
         text += path + " 1" + std::string(CrLf);
     }
-    if (text.empty()) return companion::refuse("TULOLE", "no files were dropped; the selection stays as it was.");
+    if (text.empty())
+        return companion::refuse("TULOLE", "no files were dropped; the selection stays as it was.");
     if (files().replace(folder + "\\" + namesFile, text) != FileError::none)
         return companion::refuse("TULOLE", "the names file could not be written.");
     return companion::done;

@@ -1,5 +1,5 @@
-#include "companions/companion.h"
 #include "base/text.h"
+#include "companions/companion.h"
 
 // Opens SCORE with the page that stands before the first comma of the argument; a full stop stands for none.
 int main(int argc, char** argv) {

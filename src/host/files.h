@@ -50,7 +50,8 @@ class Files {
     /// The names of the plain files of a folder, folders left out, in the order of the alphabet.
     virtual std::vector<std::string> list(const std::string& folder) const = 0;
 
-    /// Reads the first `limit` bytes in one go; a shorter file gives what it has. On failure `bytes` is empty.
+    /// Reads the first `limit` bytes in one go; a shorter file gives what it has. On failure `bytes` is
+    /// empty.
     virtual FileError read(const std::string& path, std::string& bytes,
                            std::size_t limit = std::string::npos) const = 0;
     /// Puts `bytes` in the place of the file, or makes it. Whatever happens, the disk holds the old contents
@@ -67,8 +68,8 @@ class Files {
     /// The platform's short form of a path; the path itself where the platform has none.
     virtual std::string shortName(const std::string& path) const = 0;
     /// The installation's form of a path that a user or the desktop gave in the platform's own form, made
-    /// absolute against the folder in which the process was started. Nothing for a name that cannot be written
-    /// in that form (one with a backslash or a line end in it).
+    /// absolute against the folder in which the process was started. Nothing for a name that cannot be
+    /// written in that form (one with a backslash or a line end in it).
     virtual std::optional<std::string> fromNative(const std::string& nativePath) const = 0;
     /// The path as the platform's own programs write it, with the letter case of the disk.
     virtual std::string toNative(const std::string& path) const = 0;

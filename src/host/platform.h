@@ -11,12 +11,12 @@ struct PlatformVersion {
     int major = 0;
     int minor = 0;
     int build = 0;
-    std::string serviceText = {};      // such as "Service Pack 1"
-    char serviceLetter = ' ';     // of the Windows 95 line
-    int productType = 0;          // 1 workstation, 3 server; 0 where the extended query fails
-    unsigned suiteMask = 0;       // of the extended query
-    std::string productOptions = {};   // the registry's ProductType: WINNT, LANMANNT, SERVERNT
-    std::string ownText = {};          // a platform beyond these: two-letter code and description
+    std::string serviceText = {};     // such as "Service Pack 1"
+    char serviceLetter = ' ';         // of the Windows 95 line
+    int productType = 0;              // 1 workstation, 3 server; 0 where the extended query fails
+    unsigned suiteMask = 0;           // of the extended query
+    std::string productOptions = {};  // the registry's ProductType: WINNT, LANMANNT, SERVERNT
+    std::string ownText = {};         // a platform beyond these: two-letter code and description
 };
 
 /// Processor architecture numbers of the native system query.

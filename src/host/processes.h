@@ -7,7 +7,7 @@ namespace tul {
 enum class WindowStyle { normal = 1, maximized = 3 };
 
 struct Launch {
-    std::string program;    // a file name, looked for in the current folder, then in the search path; or a path
+    std::string program;  // a file name, looked for in the current folder, then in the search path; or a path
     std::string arguments;  // as one text, blanks between the arguments; the program's name is not among them
     WindowStyle style = WindowStyle::normal;
 };

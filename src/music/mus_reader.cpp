@@ -85,7 +85,8 @@ void MusOpen(const std::string& path, std::int16_t& wordCount) {
     wordCount = -1;
     const bool isFileList = path.ends_with(fileListName);
     if (isFileList) {
-        if (const auto info = files().info(path)) wordCount = wrap16(static_cast<std::int64_t>(info->length / wordBytes));
+        if (const auto info = files().info(path))
+            wordCount = wrap16(static_cast<std::int64_t>(info->length / wordBytes));
     }
     musReader.isOpen = files().read(path, musReader.bytes, reachableBytes) == FileError::none;
     if (!musReader.isOpen) return;

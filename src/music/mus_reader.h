@@ -32,10 +32,10 @@ class Parameters {
 /// The one current item; each `MusNextItem` overwrites it.
 struct MusItem {
     Parameters MusPar;
-    std::string MusText;              // single bytes, empty for items without text
-    std::int16_t MusParCount = 0;     // the length word: Par 1 and everything behind it
-    std::int16_t MusItemNumber = 0;   // ordinal in the file, from 1
-    float MusWord = 0.0F;             // the word that `MusReadWord` read last
+    std::string MusText;             // single bytes, empty for items without text
+    std::int16_t MusParCount = 0;    // the length word: Par 1 and everything behind it
+    std::int16_t MusItemNumber = 0;  // ordinal in the file, from 1
+    float MusWord = 0.0F;            // the word that `MusReadWord` read last
 };
 
 /// Outcome of the last `MusNextItem`.
@@ -72,9 +72,9 @@ inline constexpr int shortestTextItem = 14;  // parameters of a text item: 13 wo
 inline constexpr int trailerWords = 6;
 inline constexpr int shortTrailerWords = 5;
 
-/// Opens the file, reads it at once, and fills `wordCount` from its header: -1 when it cannot be opened, which
-/// is not reported. A path that ends in "\FILES.TMP" has neither header nor trailer; its word count is its
-/// length in words.
+/// Opens the file, reads it at once, and fills `wordCount` from its header: -1 when it cannot be opened,
+/// which is not reported. A path that ends in "\FILES.TMP" has neither header nor trailer; its word count is
+/// its length in words.
 void MusOpen(const std::string& path, std::int16_t& wordCount);
 /// Reads the next item and sets `MusReadState`. An item without text and more than 20 parameters throws
 /// `IndexFault` at the store into Par 21.

@@ -23,9 +23,15 @@ Panel makeLogoPanel() {
              }},
     };
     panel.commands = {
-        {.name = "mnuNotepad", .caption = std::string("&Notepad"), .run = [] { SetEditor(EditorCode::notepad); }},
-        {.name = "mnuWordpad", .caption = std::string("&Wordpad"), .run = [] { SetEditor(EditorCode::wordpad); }},
-        {.name = "mnuSeeTextFile", .caption = std::string("see &Text file (intelligently)"), .run = SeeTextFile},
+        {.name = "mnuNotepad",
+         .caption = std::string("&Notepad"),
+         .run = [] { SetEditor(EditorCode::notepad); }},
+        {.name = "mnuWordpad",
+         .caption = std::string("&Wordpad"),
+         .run = [] { SetEditor(EditorCode::wordpad); }},
+        {.name = "mnuSeeTextFile",
+         .caption = std::string("see &Text file (intelligently)"),
+         .run = SeeTextFile},
         {.name = "mnuNamesStatus", .caption = std::string("Names files status"), .run = showNamesStatus},
         {.name = "cmdExit", .caption = std::string("Exit"), .run = exitProgram},
     };

@@ -9,7 +9,8 @@ namespace tul {
 
 const std::vector<PanelEntry>& panelList() {
     static const std::vector<PanelEntry> panels = {
-        {"frmLogo", "logo", "", "the main panel: editors, text files, status of the names files", makeLogoPanel},
+        {"frmLogo", "logo", "", "the main panel: editors, text files, status of the names files",
+         makeLogoPanel},
         {"frmValid", "valid", "validate", "check the structure of music files", makeValidPanel},
         {"frmNotepad", "notepad", "", "the built-in viewer of text files", makeNotepadPanel},
     };

@@ -1,8 +1,8 @@
 #include "panels/valid_panel.h"
 
 #include "base/numbers.h"
-#include "check/validation.h"
 #include "centre/panel_place.h"
+#include "check/validation.h"
 #include "panels/tool_panel.h"
 #include "shared/records.h"
 

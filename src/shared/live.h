@@ -13,8 +13,8 @@ class Live {
   public:
     Live(T fixed) : source_(std::move(fixed)) {}
     template <class F>
-        requires std::is_invocable_r_v<T, F>
-    Live(F computed) : source_(std::function<T()>(std::move(computed))) {}
+    requires std::is_invocable_r_v<T, F> Live(F computed)
+        : source_(std::function<T()>(std::move(computed))) {}
 
     T operator()() const {
         if (const T* fixed = std::get_if<T>(&source_)) return *fixed;

@@ -11,8 +11,8 @@ namespace {
 
 template <class Named>
 Named* findByName(std::vector<Named>& list, std::string_view name) {
-    const auto found =
-        std::find_if(list.begin(), list.end(), [&](const Named& n) { return equalIgnoringCase(n.name, name); });
+    const auto found = std::find_if(list.begin(), list.end(),
+                                    [&](const Named& n) { return equalIgnoringCase(n.name, name); });
     return found == list.end() ? nullptr : &*found;
 }
 

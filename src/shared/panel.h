@@ -49,7 +49,8 @@ struct Field {
     Live<bool> enabled = true;
     Live<std::string> toolTip = std::string();
 
-    /// The value as text: check and option "1" or "0", tab and progress a number, a list its entries by lines.
+    /// The value as text: check and option "1" or "0", tab and progress a number, a list its entries by
+    /// lines.
     std::string text() const;
     /// Labels, progress, and texts that neither an input box nor a click fills.
     bool isReadOnly() const;
@@ -84,10 +85,10 @@ class Panel {
     std::string caption;  // of its title bar
     std::vector<Field> fields;
     std::vector<Command> commands;
-    std::string runCommand;       // what a batch run presses when it names none
-    std::function<void()> load;   // the panel's load step
-    Live<bool> closed = false;    // its return button has unloaded it
-    Live<int> exitStatus = 0;     // of a batch run that came to its end
+    std::string runCommand;      // what a batch run presses when it names none
+    std::function<void()> load;  // the panel's load step
+    Live<bool> closed = false;   // its return button has unloaded it
+    Live<int> exitStatus = 0;    // of a batch run that came to its end
 
     Field* field(std::string_view fieldName);
     Command* command(std::string_view commandName);

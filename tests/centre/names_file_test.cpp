@@ -75,35 +75,40 @@ TEST_F(NamesFile, WithoutTheTerminatorIsToldAndTaken) {
     EXPECT_EQ(selection.SelectionCount, 2);
     EXPECT_TRUE(selection.SelectionValid);
     ASSERT_EQ(host.messages.size(), 1U);
-    EXPECT_EQ(host.messages[0], "Filename [" + upper("ONE.MUS") +
-                                    "] in Names file not terminated by ' 1'. Hit enter to continue (Assumed correct).");
+    EXPECT_EQ(host.messages[0],
+              "Filename [" + upper("ONE.MUS") +
+                  "] in Names file not terminated by ' 1'. Hit enter to continue (Assumed correct).");
 }
 
 TEST_F(NamesFile, WithAnotherFolderIsDiscarded) {
     std::filesystem::create_directory(host.nativeFolder() / "sub");
     host.write("sub/one.mus", "page");
     readNames(crlf({host.path("one.mus") + " 1", host.path("sub\\one.mus") + " 1"}));
-    expectDiscarded("Names in Names file do not all have the same path prefix.\r\nThis is a requirement for printing "
-                    "with SCORLAS.\r\nCompared names are: " +
-                    upper("") + "\r\nAnd: " + upper("sub\\") + "\r\n\r\nNames file will be deleted after view.");
+    expectDiscarded(
+        "Names in Names file do not all have the same path prefix.\r\nThis is a requirement for printing "
+        "with SCORLAS.\r\nCompared names are: " +
+        upper("") + "\r\nAnd: " + upper("sub\\") + "\r\n\r\nNames file will be deleted after view.");
 }
 
 TEST_F(NamesFile, WithoutAFolderIsDiscarded) {
     readNames(crlf({"one.mus 1"}));
-    expectDiscarded("Invalid record format in Names file.\r\nName must have a path prefix:\r\nONE.MUS\r\nNames file "
-                    "will be deleted after view.");
+    expectDiscarded(
+        "Invalid record format in Names file.\r\nName must have a path prefix:\r\nONE.MUS\r\nNames file "
+        "will be deleted after view.");
 }
 
 TEST_F(NamesFile, WithAVanishedFileIsDiscarded) {
     readNames(crlf({host.path("one.mus") + " 1", host.path("gone.mus") + " 1"}));
-    expectDiscarded("Name in Names file [" + upper("GONE.MUS") +
-                    "] refers to non-existing or unaccessable file\r\nNames file will be deleted after view.");
+    expectDiscarded(
+        "Name in Names file [" + upper("GONE.MUS") +
+        "] refers to non-existing or unaccessable file\r\nNames file will be deleted after view.");
 }
 
 TEST_F(NamesFile, OnADisketteIsToldInItsOwnWords) {
     readNames(crlf({"a:\\gone.mus 1"}));
-    expectDiscarded("Name in names file [A:\\GONE.MUS] refers to non-existing or unaccessable file\r\nDefine a new "
-                    "names file by music file selection.");
+    expectDiscarded(
+        "Name in names file [A:\\GONE.MUS] refers to non-existing or unaccessable file\r\nDefine a new "
+        "names file by music file selection.");
 }
 
 TEST_F(NamesFile, WithAFolderOrANulInsteadOfAFileIsDiscarded) {
@@ -130,8 +135,8 @@ TEST_F(NamesFile, StatusCountsAllThreeListsAndDeletesStaleOnes) {
     showNamesStatus();
     ASSERT_EQ(host.messages.size(), 1U);
     EXPECT_EQ(host.messages[0], "1 name(s) in " + host.path("NAMES.TUL") + "\r\n1 name(s) in " +
-                                    host.path("NAMESEPS.TUL") + "\r\n1 name(s) in " + host.path("NAMESXML.TUL") +
-                                    "\r\n");
+                                    host.path("NAMESEPS.TUL") + "\r\n1 name(s) in " +
+                                    host.path("NAMESXML.TUL") + "\r\n");
     EXPECT_TRUE(host.exists("NAMESEPS.TUL"));
     EXPECT_FALSE(host.exists("NAMESXML.TUL"));
 }
@@ -151,9 +156,10 @@ TEST_F(NamesFile, ComesFromTheSelectionProgram) {
     };
     SelectFiles("Select Score music file(s)", tip);
     ASSERT_EQ(host.launches.size(), 1U);
-    EXPECT_EQ(host.launches[0], host.path("TULNAMES.EXE") + " STARTDIR=" + host.folder() +
-                                    ",SUFFIX=MUS,MUSFOLDER=Z:\\MUSIC,NAMESFILE=NAMES.TUL,DEBUG=NO,MSG=Select Score "
-                                    "music file(s)");
+    EXPECT_EQ(host.launches[0],
+              host.path("TULNAMES.EXE") + " STARTDIR=" + host.folder() +
+                  ",SUFFIX=MUS,MUSFOLDER=Z:\\MUSIC,NAMESFILE=NAMES.TUL,DEBUG=NO,MSG=Select Score "
+                  "music file(s)");
     EXPECT_EQ(tip, "Names file NAMES.TUL has one filename: " + upper("ONE.MUS"));
     SelectFiles("", tip);
     EXPECT_TRUE(host.launches[1].ends_with(",DEBUG=NO"));
@@ -179,7 +185,8 @@ TEST_F(NamesFile, TooLargeADropIsToldAndTheSelectionStays) {
     std::string tip;
     DropFiles({"Z:\\A.MUS"}, tip);
     ASSERT_EQ(host.messages.size(), 1U);
-    EXPECT_TRUE(host.messages[0].starts_with("Call to TULOLE.EXE causes error: not found\r\nUsually this error"));
+    EXPECT_TRUE(
+        host.messages[0].starts_with("Call to TULOLE.EXE causes error: not found\r\nUsually this error"));
     EXPECT_EQ(selection.SelectionCount, 1);
 }
 
@@ -201,8 +208,8 @@ TEST_F(NamesFile, AFolderIsTheLastLineThatIsNoComment) {
     host.write("TULFOLDR.EXE", "x");
     host.programs["TULFOLDR.EXE"] = [](const std::string&) { return 0; };
     SelectFolder("Select AFM folder");
-    EXPECT_EQ(host.launches.back(),
-              "TULFOLDR.EXE REMARK=Select AFM folder,STARTDIR=" + host.folder() + ",FILE=TULFOLDR.TUL,DEBUG=NO");
+    EXPECT_EQ(host.launches.back(), "TULFOLDR.EXE REMARK=Select AFM folder,STARTDIR=" + host.folder() +
+                                        ",FILE=TULFOLDR.TUL,DEBUG=NO");
 }
 
 }  // namespace

@@ -17,7 +17,8 @@ std::string codeOf(testing::ScriptedHost& host, const PlatformVersion& version) 
 TEST(PlatformCode, FollowsTheVersionQuery) {
     testing::ScriptedHost host;
     EXPECT_EQ(codeOf(host, {.platformId = 0}), "32 Microsoft Win32s");
-    EXPECT_EQ(codeOf(host, {.platformId = 1, .major = 4, .serviceLetter = 'C'}), "95 Microsoft Windows 95 OSR 2");
+    EXPECT_EQ(codeOf(host, {.platformId = 1, .major = 4, .serviceLetter = 'C'}),
+              "95 Microsoft Windows 95 OSR 2");
     EXPECT_EQ(codeOf(host, {.platformId = 1, .major = 4, .minor = 10, .serviceLetter = 'A'}),
               "98 Microsoft Windows 98 SE");
     EXPECT_EQ(codeOf(host, {.platformId = 1, .major = 4, .minor = 90}), "98 Simulated ME");

@@ -76,9 +76,10 @@ TEST_F(StartingUp, EndsInAStateFromWhichToolsAreCalled) {
 TEST_F(StartingUp, RewritesTheControlFileWithThisExecution) {
     StartUp();
     const std::string text = host.read("TULCNTRL.INI");
-    EXPECT_TRUE(text.starts_with("[TulVariables]\r\nFirstExecuted=01-02-2020,10:11:12\r\n"
-                                 "LastExecuted=11-21-2026,09:05:07,DESK,Wx,64\r\nTimesExecuted=8\r\n"
-                                 "LastVersionExecuted=v8.0.0.200\r\n[UserSettings]\r\nMaxLogRecords=1000\r\n"));
+    EXPECT_TRUE(
+        text.starts_with("[TulVariables]\r\nFirstExecuted=01-02-2020,10:11:12\r\n"
+                         "LastExecuted=11-21-2026,09:05:07,DESK,Wx,64\r\nTimesExecuted=8\r\n"
+                         "LastVersionExecuted=v8.0.0.200\r\n[UserSettings]\r\nMaxLogRecords=1000\r\n"));
     EXPECT_NE(text.find("\r\nBypassLibTest1=True\r\n"), std::string::npos);
 }
 
@@ -101,9 +102,10 @@ TEST_F(StartingUp, TellsEveryMissingModuleBeforeItEnds) {
 
 TEST_F(StartingUp, EndsInAFolderThatCannotBeWritten) {
     host.faultyFiles().refusals["TULVERSION.TXT"] = FileError::permissionDenied;
-    expectFatal({"You are running on Windows Wx Test\r\nUser Account Control prohibits writing in the current "
-                 "folder: " +
-                 host.folder() + "\r\nTUL needs to terminate."});
+    expectFatal(
+        {"You are running on Windows Wx Test\r\nUser Account Control prohibits writing in the current "
+         "folder: " +
+         host.folder() + "\r\nTUL needs to terminate."});
     host.messages.clear();
     host.version.ownText = "XP Test";
     EXPECT_EQ(endOf(StartUp), std::nullopt) << "Windows XP is not tested";
@@ -112,9 +114,10 @@ TEST_F(StartingUp, EndsInAFolderThatCannotBeWritten) {
 TEST_F(StartingUp, EndsInTheRootOfADrive) {
     files().changeFolder("Z:\\");
     EXPECT_EQ(endOf([] { readTulMonit(); }), 1);
-    EXPECT_EQ(host.messages.back(),
-              "ScoreEngine Dispatcher has lost its start directory.\r\nReport problem to development.\r\nCurrent "
-              "directory now is Z:\\");
+    EXPECT_EQ(
+        host.messages.back(),
+        "ScoreEngine Dispatcher has lost its start directory.\r\nReport problem to development.\r\nCurrent "
+        "directory now is Z:\\");
 }
 
 TEST_F(StartingUp, EndsAtMonitorValuesThatCannotBeRead) {
@@ -139,8 +142,9 @@ TEST_F(StartingUp, EndsAtMonitorValuesThatCannotBeRead) {
 
 TEST_F(StartingUp, ReadsMonitorValuesInBothForms) {
     host.programs["TULMONIT.EXE"] = [this](const std::string&) {
-        host.write("TulMonit.TXT", "* x=y,z\r\n\r\nnumberofmonitors = 9\r\nNUMBEROFMONITORS=4, 2 \r\n"
-                                   "WorkAreaHeight= 1049.5\r\nOther=a\r\nCurrentMonitorRight=-1920");
+        host.write("TulMonit.TXT",
+                   "* x=y,z\r\n\r\nnumberofmonitors = 9\r\nNUMBEROFMONITORS=4, 2 \r\n"
+                   "WorkAreaHeight= 1049.5\r\nOther=a\r\nCurrentMonitorRight=-1920");
         return 0;
     };
     readTulMonit();
@@ -151,9 +155,11 @@ TEST_F(StartingUp, ReadsMonitorValuesInBothForms) {
 
 TEST_F(StartingUp, ThrowsAnOldControlFileAway) {
     host.write("TULCNTRL.INI", controlFile("v6,0,0,121"));
-    expectFatal({"You are now using a TUL Build beyond Build 118 for the first time.\r\nThe previous version you were "
-                 "using was Build 121\r\nTUL needs to be reconfigured as if it were its first use.\r\nThis one-time "
-                 "operation takes only a few seconds of your time."});
+    expectFatal(
+        {"You are now using a TUL Build beyond Build 118 for the first time.\r\nThe previous version you "
+         "were "
+         "using was Build 121\r\nTUL needs to be reconfigured as if it were its first use.\r\nThis one-time "
+         "operation takes only a few seconds of your time."});
     EXPECT_FALSE(host.exists("TULCNTRL.INI"));
 }
 
@@ -168,9 +174,10 @@ TEST_F(StartingUp, ThrowsAControlFileWithoutABuildAway) {
     for (const std::string& text : {controlFile(""), controlFile("v8.0.0."), crlf({"MaxLogRecords=1000"})}) {
         host.messages.clear();
         host.write("TULCNTRL.INI", text);
-        expectFatal({"TULCNTRL.INI was deleted because it could not establish the last version of TUL used.\r\nThis "
-                     "file must have been corrupted. It will be deleted and you will have to restart TUL and "
-                     "re-establish this file."});
+        expectFatal(
+            {"TULCNTRL.INI was deleted because it could not establish the last version of TUL used.\r\nThis "
+             "file must have been corrupted. It will be deleted and you will have to restart TUL and "
+             "re-establish this file."});
         EXPECT_FALSE(host.exists("TULCNTRL.INI"));
     }
 }
@@ -198,9 +205,10 @@ TEST_F(StartingUp, WarnsOfADecimalCommaAndOfAnUnknownPlatform) {
     host.messages.clear();
     host.version.ownText = "ZZ Test";
     StartUp();
-    EXPECT_EQ(host.messages, std::vector<std::string>{
-                                 "TUL is not qualified for this platform. Continue at your own risk.\r\nTo avoid output "
-                                 "of this message, set the 'Bypass platform test' option (Set Global options, Other)."});
+    EXPECT_EQ(host.messages,
+              std::vector<std::string>{
+                  "TUL is not qualified for this platform. Continue at your own risk.\r\nTo avoid output "
+                  "of this message, set the 'Bypass platform test' option (Set Global options, Other)."});
     host.messages.clear();
     host.write("TULPROJ.PRO", "BypassPlatformTest=1\r\nPanelPreference=3\r\nStaffRange=200\r\n");
     StartUp();
@@ -215,19 +223,22 @@ TEST_F(StartingUp, ComparesTheLibraryFolders) {
     StartUp();
     EXPECT_TRUE(host.messages.empty()) << "letter case does not matter";
     EXPECT_EQ(mainPanel.cmdAnlibTip, "Analyze SCORE libraries. The current library folder is C:\\LIB. ");
-    host.write("TULCNTRL.INI",
-               controlFile("v8.0.0.200", "libPath=C:\\LIB\r\nPreferenceFilePath=C:\\SCOR4\\LIB\\PREF.SCR\r\n"));
+    host.write(
+        "TULCNTRL.INI",
+        controlFile("v8.0.0.200", "libPath=C:\\LIB\r\nPreferenceFilePath=C:\\SCOR4\\LIB\\PREF.SCR\r\n"));
     StartUp();
     EXPECT_EQ(host.messages,
-              std::vector<std::string>{"You defined the Score library directory as: \r\nC:\\LIB\r\nwhile the PREF file "
-                                       "prefix is:\r\nC:\\SCOR4\\LIB\r\nThe PREFerence file path was defined as: \r\n"
-                                       "C:\\SCOR4\\LIB\\PREF.SCR"});
+              std::vector<std::string>{
+                  "You defined the Score library directory as: \r\nC:\\LIB\r\nwhile the PREF file "
+                  "prefix is:\r\nC:\\SCOR4\\LIB\r\nThe PREFerence file path was defined as: \r\n"
+                  "C:\\SCOR4\\LIB\\PREF.SCR"});
 }
 
 TEST_F(StartingUp, WarnsOfToolsThatNeedTulSystem) {
     for (const char* name : {"TULSPLI5.EXE", "TULSPLI6.EXE"}) host.write(name, "x");
     StartUp();
-    EXPECT_TRUE(said("TulScore2XML and/or TulSplit require the presence of TulSystem. This utility is missing."));
+    EXPECT_TRUE(
+        said("TulScore2XML and/or TulSplit require the presence of TulSystem. This utility is missing."));
     EXPECT_TRUE(mainPanel.isEnabled("cmdLogoSplit"));
 }
 
@@ -238,8 +249,9 @@ TEST_F(StartingUp, WritesSettingsOnFirstUse) {
     EXPECT_TRUE(host.messages[0].starts_with("Neither SCORE/SCOR4 nor WinScore was selected."));
     EXPECT_EQ(machineSettings.NotepadPath, "notepad.exe");
     EXPECT_TRUE(machineSettings.BypassLibTest1);
-    EXPECT_TRUE(host.read("TULPROJ.PRO").starts_with(
-        "* Global TUL Options settings - generated 11-21-2026 at 09:05:07 by v8.0.0.200\r\nDisplayOptions=NO\r\n"));
+    EXPECT_TRUE(host.read("TULPROJ.PRO")
+                    .starts_with("* Global TUL Options settings - generated 11-21-2026 at 09:05:07 by "
+                                 "v8.0.0.200\r\nDisplayOptions=NO\r\n"));
 }
 
 TEST_F(StartingUp, PlacesThePanelWhereItWasOrInTheMiddle) {

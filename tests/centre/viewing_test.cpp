@@ -65,7 +65,8 @@ TEST_F(Viewing, TakesTheChosenEditorWhereItCanBeFound) {
     host.showsTextItself = false;
     ViewWithEditor(host.path("report.prn"));
     EXPECT_TRUE(host.launches.empty());
-    EXPECT_EQ(host.shown, std::vector<std::string>{"one\r\ntwo\r\n"}) << "without an editor the face shows it";
+    EXPECT_EQ(host.shown, std::vector<std::string>{"one\r\ntwo\r\n"})
+        << "without an editor the face shows it";
     host.programs["wordpad.exe"] = [](const std::string&) { return 0; };
     SetEditor(EditorCode::wordpad);
     ViewWithEditor(host.path("report.prn"));
@@ -84,7 +85,8 @@ TEST_F(Viewing, FillsTheBuiltInViewer) {
 }
 
 TEST_F(Viewing, TakesOverHandEditedSettings) {
-    host.write("TULCNTRL.INI", "MaxLogRecords=500\r\nPreferenceFilePath=C:\\LIB\\PREF.SCR\r\nlibPath=C:\\LIB\r\n");
+    host.write("TULCNTRL.INI",
+               "MaxLogRecords=500\r\nPreferenceFilePath=C:\\LIB\\PREF.SCR\r\nlibPath=C:\\LIB\r\n");
     ViewInPanel(host.path("TULCNTRL.INI"));
     editNotepadFile();
     EXPECT_EQ(machineSettings.MaxLogRecords, 500);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
 
 #include "base/text.h"
 #include "centre/names_file.h"
@@ -55,7 +56,8 @@ class Validating : public ::testing::Test {
     }
     std::string file() const { return upperCase(host.path("PAGE.MUS")); }
     std::string structure(const std::string& failure, int item) const {
-        return "MUS file structure error. " + failure + "\r\nItem number: " + std::to_string(item) + "\r\nFile: " + file();
+        return "MUS file structure error. " + failure + "\r\nItem number: " + std::to_string(item) +
+               "\r\nFile: " + file();
     }
     std::string offer(int percent, int items) const {
         return "At least " + std::to_string(percent) + "% (the first " + std::to_string(items) +
@@ -88,13 +90,15 @@ TEST_F(Validating, WritesTheReport) {
     const std::size_t width = longest.size();
     EXPECT_EQ(lines[0], "MUS File validation 11-21-2026 09:05:07");
     EXPECT_EQ(lines[1], " ");
-    EXPECT_EQ(lines[2],
-              "Filename       Date       Time        Size Itms Path" + std::string(width - 4, ' ') + " Creator");
-    EXPECT_EQ(lines[3], "------------ --/--/---- --:--:-----  ----- ---- " + std::string(width, '-') + " -------");
+    EXPECT_EQ(lines[2], "Filename       Date       Time        Size Itms Path" + std::string(width - 4, ' ') +
+                            " Creator");
+    EXPECT_EQ(lines[3],
+              "------------ --/--/---- --:--:-----  ----- ---- " + std::string(width, '-') + " -------");
     const auto row = [&](const std::string& name, const std::string& behindDate) {
         return name + " " + EditDateTime(files().info(std::string(trim(name)))) + behindDate;
     };
-    EXPECT_EQ(lines[4], row("A.MUS       ", "66     2     " + padRight(upperCase(host.path("A.MUS")), width) + " 80200 "));
+    EXPECT_EQ(lines[4], row("A.MUS       ",
+                            "66     2     " + padRight(upperCase(host.path("A.MUS")), width) + " 80200 "));
     EXPECT_EQ(lines[5], row("LONGER NAME.MUS", "50     1     " + longest + " "));
     EXPECT_EQ(lines[6], row("F.MUS       ", "41      ---- " + padRight(upperCase(host.path("F.MUS")), width) +
                                                 " is a Finale file"));
@@ -109,23 +113,58 @@ TEST_F(Validating, EndsWhenTheReportCannotBeOpened) {
     select({"PAGE.MUS"});
     host.faultyFiles().refusals["TULVALID.PRN"] = FileError::permissionDenied;
     EXPECT_EQ(endOf(cmdValidateRun), 1);
-    EXPECT_EQ(host.messages,
-              Texts{"File " + host.path("TULVALID.PRN") + " could not be opened for output. Hit OK to abort."});
+    EXPECT_EQ(host.messages, Texts{"File " + host.path("TULVALID.PRN") +
+                                   " could not be opened for output. Hit OK to abort."});
 }
 
 TEST_F(Validating, PassesAllSampleScores) {
-    for (const samples::Score& score : samples::scores()) {
+    for (const samples::Sample& score : samples::scores()) {
         validate(score.bytes);
         EXPECT_EQ(host.messages, Texts{}) << score.name;
         EXPECT_EQ(validation.damagedFiles, 0) << score.name;
     }
 }
 
-TEST_F(Validating, FindsSomethingInEveryDamagedSample) {
-    for (const samples::Score& page : samples::damagedPages()) {
+TEST_F(Validating, TellsTheFaultOfEveryDamagedSample) {
+    const std::map<std::string, std::string> firstWords = {
+        {"BIGLEN.MUS", "MUS file structure error. Conversion error2."},
+        {"NANLEN.MUS", "MUS file structure error. Conversion error2."},
+        {"NEGCOUNT.MUS", "File "},
+        {"SHORT1.MUS", "MUS file structure error. Invalid number of parameters (1)"},
+        {"SHORTN.MUS", "MUS file structure error. Invalid number of parameters (1)"},
+        {"EMPTY.MUS", "MUS file structure error. Invalid number of parameters (0)"},
+        {"ONEBYTE.MUS", "MUS file structure error. Invalid number of parameters (0)"},
+        {"CUT.MUS", "MUS file structure error. Invalid number of parameters (0)"},
+        {"NOTRAIL.MUS", "MUS file structure error. Invalid number of parameters (0)"},
+        {"ONELESS.MUS", "MUS file structure error. Invalid number of parameters (0)"},
+        {"ONEMORE.MUS", "MUS file structure error. Invalid number of parameters (0)"},
+        {"TWOLESS.MUS", "MUS file structure error. Invalid number of parameters (0)"},
+        {"TYPE1.MUS", "MUS file structure error. Invalid item type: 0.5"},
+        {"TYPEN.MUS", "MUS file structure error. Invalid item type: 19"},
+        {"PARMS24.MUS", "MUS file structure error. Invalid number of parms: 24"},
+        {"TEXTLEN.MUS", "MUS file structure error. Text length error (13)."},
+        {"PASTEND.MUS", "Attempt to read beyond end of file."},
+        {"CODE13.MUS", "Found an item code 13"},
+        {"CODEFRAC.MUS", "Found a non-integer item code (9.5)"},
+        {"TEXTFRAC.MUS", "Found a non-integer item code (16.5)"},
+        {"STAFF0.MUS", "Found a staff number less <1 or > 32"},
+        {"STAFF99.MUS", "Found a staff number less <1 or > 32"},
+        {"STAFFRAC.MUS", "Found a non-integer staff (1.5)"},
+        {"ASSHORT.MUS", ""},  // passes for a page with the short trailer
+        {"FINALE.MUS", ""},
+    };
+    const std::vector<samples::Sample> pages = samples::damaged();
+    EXPECT_EQ(pages.size(), firstWords.size());
+    for (const samples::Sample& page : pages) {
+        ASSERT_TRUE(firstWords.contains(page.name)) << page.name;
+        const std::string& expected = firstWords.at(page.name);
         const Texts lines = validate(page.bytes);
-        const bool isFinale = lines[4].ends_with("is a Finale file");
-        EXPECT_NE(isFinale, !host.messages.empty()) << page.name;
+        EXPECT_EQ(host.messages.empty(), expected.empty()) << page.name;
+        const std::string first = host.messages.empty() ? "" : host.messages[0];
+        EXPECT_TRUE(first.starts_with(expected)) << page.name << ": " << first;
+        EXPECT_EQ(lines[4].ends_with("is a Finale file"), page.name == "FINALE.MUS");
+        const bool isQuestion = expected.empty() || expected.starts_with("Found");
+        EXPECT_EQ(validation.damagedFiles, isQuestion ? 0 : 1) << page.name;
     }
 }
 
@@ -139,15 +178,19 @@ TEST_F(Validating, TellsEachStructuralFailureInItsOrder) {
     EXPECT_EQ(host.messages, (Texts{structure("Conversion error2.", 1), offer(11, 0)}));
 
     validate(pageOf(words({-3, 1, 1})));
-    EXPECT_EQ(host.messages, (Texts{structure("Invalid number of parameters (-3) in item.", 1), noMusFile(), offer(11, 0)}));
+    EXPECT_EQ(host.messages,
+              (Texts{structure("Invalid number of parameters (-3) in item.", 1), noMusFile(), offer(11, 0)}));
     validate(pageOf(staff + words({0.5F, 1})));
-    EXPECT_EQ(host.messages, (Texts{structure("Invalid number of parameters (0) in item.", 2), offer(53, 1)}));
+    EXPECT_EQ(host.messages,
+              (Texts{structure("Invalid number of parameters (0) in item.", 2), offer(53, 1)}));
 
     validate(pageOf(staff + words({13, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
     EXPECT_EQ(host.messages, (Texts{structure("Text length error (13).", 2), offer(33, 1)}));
 
     validate(header(9) + words({15, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
-    EXPECT_EQ(host.messages, (Texts{"Attempt to read beyond end of file.\r\nItem number: 1\r\nFile: " + file(), offer(177, 1)}));
+    EXPECT_EQ(
+        host.messages,
+        (Texts{"Attempt to read beyond end of file.\r\nItem number: 1\r\nFile: " + file(), offer(177, 1)}));
     EXPECT_EQ(validation.damagedFiles, 1);
 }
 
@@ -155,8 +198,12 @@ TEST_F(Validating, TellsTooManyParametersAndGoesOn) {
     std::string item = words({22, 5, 1});
     for (int i = 0; i < 20; ++i) item += words({0});
     validate(pageOf(staff + item));
-    EXPECT_EQ(host.messages, (Texts{"MUS file structure error. Invalid number of parms: 22\r\nItem number: 1\r\nPar1= 5\r\nFile: " + file(),
-                                    "Too many parameters in an item. SCORE sometimes does not reject this."}));
+    EXPECT_EQ(
+        host.messages,
+        (Texts{
+            "MUS file structure error. Invalid number of parms: 22\r\nItem number: 1\r\nPar1= 5\r\nFile: " +
+                file(),
+            "Too many parameters in an item. SCORE sometimes does not reject this."}));
     EXPECT_EQ(validation.damagedFiles, 1);
 
     item.replace(4, 4, words({15}));
@@ -170,7 +217,9 @@ TEST_F(Validating, HandlesAnInvalidItemTypeOnWhatAClosedFileLeaves) {
     const std::string type = structure("Invalid item type: 19.5", 2);
     const std::string outOfRange = "Found an item code <1 or >18";
     const auto codeAt = [&](int item) { return question(outOfRange, item); };
-    const auto fractionAt = [&](int item) { return question("Found a non-integer item code (19.5) number", item); };
+    const auto fractionAt = [&](int item) {
+        return question("Found a non-integer item code (19.5) number", item);
+    };
     const auto staffAt = [&](int item) { return question("Found a non-integer staff (19.5) number", item); };
 
     const std::string page = pageOf(staff + words({2, 19.5F, 1}) + words({2, 14, 1}) + words({2, 14, 1}));
@@ -182,10 +231,11 @@ TEST_F(Validating, HandlesAnInvalidItemTypeOnWhatAClosedFileLeaves) {
 
     // Agreed to, the stale word is length and code of the next item: 20 words of 19.5 lead beyond the end.
     validate(page, std::vector<Answer>(6, Answer::yes));
-    EXPECT_EQ(host.messages,
-              (Texts{type, codeAt(2), fractionAt(2), staffAt(2), structure("Invalid item type: 19.5", 3), codeAt(3),
-                     fractionAt(3), staffAt(3),
-                     "Attempt to read beyond end of file.\r\nItem number: 3\r\nFile: " + file(), offer(140, 3)}));
+    EXPECT_EQ(
+        host.messages,
+        (Texts{type, codeAt(2), fractionAt(2), staffAt(2), structure("Invalid item type: 19.5", 3), codeAt(3),
+               fractionAt(3), staffAt(3),
+               "Attempt to read beyond end of file.\r\nItem number: 3\r\nFile: " + file(), offer(140, 3)}));
 }
 
 TEST_F(Validating, EndsAnInvalidItemTypeAtAStaleLengthBelowTwo) {
@@ -207,8 +257,9 @@ TEST_F(Validating, AsksAboutWhatItemsHold) {
     projectSettings.StaffRange = 200;
     validate(pageOf(words({2, 14, 200}) + words({2, 14, 201})));
     EXPECT_EQ(host.messages, Texts{question("Found a staff number less <1 or > 200", 2)});
-    validate(pageOf(words({2, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()})),
-             std::vector<Answer>(2, Answer::yes));
+    validate(
+        pageOf(words({2, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()})),
+        std::vector<Answer>(2, Answer::yes));
     EXPECT_EQ(host.messages, (Texts{question("Found a non-integer item code (NAN) number", 1),
                                     question("Found a non-integer staff (NAN) number", 1)}));
 }
@@ -227,8 +278,9 @@ TEST_F(Validating, TheLastAnswerOfAnItemCounts) {
 TEST_F(Validating, RunsTheRecoveryOrSaysThatItCannot) {
     const std::string command = host.path("TULRECOV.EXE") + " " + file() + " 1";
     validate(pageOf(staff + words({0, 1})), {Answer::ok});
-    EXPECT_EQ(host.messages.back(), "Program " + host.path("TULRECOV.EXE") +
-                                        " not located.\r\nRecovery cannot be done.\r\nThe command string is:\r\n" + command);
+    EXPECT_EQ(host.messages.back(),
+              "Program " + host.path("TULRECOV.EXE") +
+                  " not located.\r\nRecovery cannot be done.\r\nThe command string is:\r\n" + command);
     host.write("TULRECOV.EXE", "x");
     host.programs["TULRECOV.EXE"] = [](const std::string&) { return 0; };
     validate(pageOf(staff + words({0, 1})), {Answer::ok});
@@ -246,7 +298,8 @@ TEST_F(Validating, StopsWhenItIsCancelled) {
     host.onYield = [&] {
         EXPECT_EQ(validation.control.returnCaption, "Cancel");
         EXPECT_TRUE(validation.panValidFloodRun.visible);
-        if (validation.lblValidStatus == "File being processed: 2 of 3" && files++ == 0) validation.control.press();
+        if (validation.lblValidStatus == "File being processed: 2 of 3" && files++ == 0)
+            validation.control.press();
     };
     cmdValidateRun();
     Texts lines;

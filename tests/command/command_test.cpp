@@ -22,9 +22,10 @@ struct Outcome {
 
 TEST(Arguments, KeepTheOrderOfWhatIsSetAndPressed) {
     Arguments arguments;
-    const ParseResult result = parseArguments({"--set", "a=1=2", "--press", "run", "--set", "b=", "--answer", "Yes",
-                                               "valid", "--answer", "-12", "one.mus", "--no", "two.mus"},
-                                              arguments);
+    const ParseResult result =
+        parseArguments({"--set", "a=1=2", "--press", "run", "--set", "b=", "--answer", "Yes", "valid",
+                        "--answer", "-12", "one.mus", "--no", "two.mus"},
+                       arguments);
     EXPECT_TRUE(result.goOn) << result.text;
     ASSERT_EQ(arguments.actions.size(), 3U);
     EXPECT_EQ(arguments.actions[0].value, "1=2");
@@ -39,8 +40,12 @@ TEST(Arguments, KeepTheOrderOfWhatIsSetAndPressed) {
 
 TEST(Arguments, WrongUsageSaysWhatAndHowToGoOn) {
     for (const std::vector<std::string>& words :
-         std::vector<std::vector<std::string>>{{}, {"nopanel"}, {"--set", "a", "valid"}, {"--yes", "--no", "valid"},
-                                               {"--colour", "valid"}, {"valid", "--answer"}}) {
+         std::vector<std::vector<std::string>>{{},
+                                               {"nopanel"},
+                                               {"--set", "a", "valid"},
+                                               {"--yes", "--no", "valid"},
+                                               {"--colour", "valid"},
+                                               {"valid", "--answer"}}) {
         Arguments arguments;
         const ParseResult result = parseArguments(words, arguments);
         EXPECT_FALSE(result.goOn);
@@ -80,8 +85,9 @@ class Tulcmd : public ::testing::Test {
                            .clock = &clock(),
                            .platform = &platform(),
                            .face = nullptr};
-        const int status = runCommand(arguments, machine, host.folder(),
-                                      {.out = out, .err = err, .in = in, .canAsk = terminal, .showsProgress = false});
+        const int status =
+            runCommand(arguments, machine, host.folder(),
+                       {.out = out, .err = err, .in = in, .canAsk = terminal, .showsProgress = false});
         return {status, out.str(), err.str()};
     }
     std::string page(const std::string& name) const { return (host.nativeFolder() / name).string(); }
@@ -104,8 +110,9 @@ TEST_F(Tulcmd, PrintsTheReportAndDeletesIt) {
 TEST_F(Tulcmd, TellsADamagedFileByItsStatus) {
     const Outcome outcome = run({"valid", page("good.mus"), page("bad.mus")});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_TRUE(outcome.err.starts_with("message: MUS file structure error. Invalid number of parameters (0) in item.\n"
-                                        "Item number: 1\nFile: "));
+    EXPECT_TRUE(outcome.err.starts_with(
+        "message: MUS file structure error. Invalid number of parameters (0) in item.\n"
+        "Item number: 1\nFile: "));
     EXPECT_NE(outcome.err.find("\nAttempt recovery?\nanswer: Cancel\n"), std::string::npos);
 }
 
@@ -142,15 +149,15 @@ TEST_F(Tulcmd, RefusesWrongUsageBeforeItDoesAnything) {
     const Outcome vanished = run({"valid", page("gone.mus")});
     EXPECT_EQ(vanished.status, exitUsage);
     EXPECT_NE(vanished.err.find("refers to non-existing or unaccessable file"), std::string::npos);
-    EXPECT_NE(vanished.err.find("cmdValidateRun is not enabled now: no music files are selected."), std::string::npos);
+    EXPECT_NE(vanished.err.find("cmdValidateRun is not enabled now: no music files are selected."),
+              std::string::npos);
 }
 
 TEST_F(Tulcmd, RefusesNamesThatDifferInLetterCaseOnly) {
     host.write("Page.mus", "1");
     host.write("PAGE.mus", "2");
-    for (const std::vector<std::string>& words :
-         std::vector<std::vector<std::string>>{{"valid", page("Page.mus"), page("PAGE.mus")},
-                                               {"valid", page("Page.mus")}}) {
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {"valid", page("Page.mus"), page("PAGE.mus")}, {"valid", page("Page.mus")}}) {
         const Outcome outcome = run(words);
         EXPECT_EQ(outcome.status, exitUsage);
         EXPECT_NE(outcome.err.find(page("Page.mus")), std::string::npos) << outcome.err;
@@ -163,8 +170,9 @@ TEST_F(Tulcmd, EndsWithOneAtAFatalMessage) {
     std::filesystem::remove(host.nativeFolder() / "TULOLE.EXE");
     const Outcome outcome = run({"valid", page("good.mus")});
     EXPECT_EQ(outcome.status, exitFatal);
-    EXPECT_EQ(outcome.err,
-              "message: Module TULOLE.EXE not properly installed\nmessage: Number of installation issues: 1\n");
+    EXPECT_EQ(
+        outcome.err,
+        "message: Module TULOLE.EXE not properly installed\n\nmessage: Number of installation issues: 1\n\n");
     host.anotherInstance = true;
     const std::string names = host.read("NAMES.TUL");
     EXPECT_EQ(run({"valid", page("odd.mus")}).status, exitFatal);
@@ -174,15 +182,18 @@ TEST_F(Tulcmd, EndsWithOneAtAFatalMessage) {
 TEST_F(Tulcmd, ShowsWarningsOfStartUpOnRequest) {
     host.version.ownText = "ZZ Test";
     EXPECT_EQ(run({"valid", page("good.mus")}).err, "");
-    EXPECT_TRUE(run({"--verbose", "valid"}).err.starts_with("message: TUL is not qualified for this platform."));
+    EXPECT_TRUE(
+        run({"--verbose", "valid"}).err.starts_with("message: TUL is not qualified for this platform."));
 }
 
 TEST_F(Tulcmd, ListsAPanel) {
     const Outcome outcome = run({"valid", "--list"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_TRUE(outcome.out.starts_with("frmValid - TulValid - MUS file validation and recovery\n"));
-    EXPECT_NE(outcome.out.find("  cmdValidateRun              Run (disabled) (default)\n"), std::string::npos);
-    EXPECT_NE(outcome.out.find("  txtValidRange               text      (read only) 32\n"), std::string::npos);
+    EXPECT_NE(outcome.out.find("  cmdValidateRun              Run (disabled) (default)\n"),
+              std::string::npos);
+    EXPECT_NE(outcome.out.find("  txtValidRange               text      (read only) 32\n"),
+              std::string::npos);
 }
 
 TEST_F(Tulcmd, PrintsTextFilesAndLeaves) {

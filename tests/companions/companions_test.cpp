@@ -40,7 +40,8 @@ struct Outcome {
 class Installation : public ::testing::Test {
   protected:
     Installation() {
-        for (const char* name : {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULSCORE.EXE", "TULSKORE.EXE"})
+        for (const char* name :
+             {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULSCORE.EXE", "TULSKORE.EXE"})
             fs::create_symlink(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
         // A copy: the program takes the folder in which it truly lies for its installation.
         fs::copy(fs::path(TUL_PROGRAM_FOLDER) / "TULCMD.EXE", home / "TULCMD.EXE");
@@ -54,7 +55,8 @@ class Installation : public ::testing::Test {
         FILE* const pipe = popen(line.c_str(), "r");
         Outcome outcome;
         std::array<char, 4096> part{};
-        while (const std::size_t count = std::fread(part.data(), 1, part.size(), pipe)) outcome.out.append(part.data(), count);
+        while (const std::size_t count = std::fread(part.data(), 1, part.size(), pipe))
+            outcome.out.append(part.data(), count);
         outcome.status = WEXITSTATUS(pclose(pipe));
         return outcome;
     }
@@ -66,9 +68,10 @@ class Installation : public ::testing::Test {
 TEST_F(Installation, DroppedFilesBecomeTheSelection) {
     host.write("a b.mus", "1");
     fs::create_directory(home / "folder");
-    const std::string list = host.path("a b.mus") + "," + host.path("gone.mus") + "," + host.path("folder") + ",";
-    const Outcome outcome =
-        run("./TULOLE.EXE 'STARTDIR=" + host.folder() + ",NAMESFILE=NAMES.TUL,DEBUG=NO,TYPE=MUS,LIST=" + list + "'");
+    const std::string list =
+        host.path("a b.mus") + "," + host.path("gone.mus") + "," + host.path("folder") + ",";
+    const Outcome outcome = run("./TULOLE.EXE 'STARTDIR=" + host.folder() +
+                                ",NAMESFILE=NAMES.TUL,DEBUG=NO,TYPE=MUS,LIST=" + list + "'");
     EXPECT_EQ(outcome.status, 0) << outcome.out;
     EXPECT_EQ(host.read("NAMES.TUL"), crlf({host.path("a b.mus") + " 1", host.path("gone.mus") + " 1"}));
 
@@ -88,11 +91,13 @@ TEST_F(Installation, MonitorsAreToldWithoutADisplay) {
 TEST_F(Installation, WhatNeedsAWindowSaysSoAndLeavesTheSelection) {
     host.write("NAMES.TUL", "* mine\r\n");
     host.write("TULFOLDR.TUL", "Z:\\OLD\r\n");
-    const Outcome names = run("./TULNAMES.EXE 'STARTDIR=" + host.folder() + ",SUFFIX=MUS,NAMESFILE=NAMES.TUL,DEBUG=NO'");
+    const Outcome names =
+        run("./TULNAMES.EXE 'STARTDIR=" + host.folder() + ",SUFFIX=MUS,NAMESFILE=NAMES.TUL,DEBUG=NO'");
     EXPECT_EQ(names.status, 1);
     EXPECT_NE(names.out.find("TULNAMES: choosing files needs a terminal"), std::string::npos);
     EXPECT_EQ(host.read("NAMES.TUL"), "* mine\r\n");
-    const Outcome folder = run("./TULFOLDR.EXE 'REMARK=Which,STARTDIR=" + host.folder() + ",FILE=TULFOLDR.TUL,DEBUG=NO'");
+    const Outcome folder =
+        run("./TULFOLDR.EXE 'REMARK=Which,STARTDIR=" + host.folder() + ",FILE=TULFOLDR.TUL,DEBUG=NO'");
     EXPECT_EQ(folder.status, 1);
     EXPECT_FALSE(host.exists("TULFOLDR.TUL")) << "an old choice is not taken for a new one";
 }
@@ -120,7 +125,8 @@ TEST_F(Installation, TulcmdWorksAsAProcess) {
     EXPECT_NE(first.out.find("PAGE.MUS     "), std::string::npos);
     EXPECT_TRUE(host.exists("TULCNTRL.INI"));
     EXPECT_FALSE(host.exists("TULVALID.PRN"));
-    const Outcome again = run("cd / && '" + (home / "TULCMD.EXE").string() + "' --home '" + home.string() + "' valid");
+    const Outcome again =
+        run("cd / && '" + (home / "TULCMD.EXE").string() + "' --home '" + home.string() + "' valid");
     EXPECT_EQ(again.status, 0) << again.out;
     EXPECT_NE(again.out.find("PAGE.MUS     "), std::string::npos) << "the selection of the home folder";
     EXPECT_EQ(run("./TULCMD.EXE nothing").status, 2);
@@ -135,7 +141,7 @@ TEST_F(Installation, ASecondProgramInOneInstallationIsRefused) {
     // flock(1) claims the folder as a running program does.
     const Outcome outcome = run("flock . ./TULCMD.EXE valid other.mus");
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.out, "message: There can only be one instance of TUL\n");
+    EXPECT_EQ(outcome.out, "message: There can only be one instance of TUL\n\n");
     EXPECT_EQ(host.read("NAMES.TUL"), names);
 }
 

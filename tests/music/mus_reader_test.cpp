@@ -79,12 +79,13 @@ TEST_F(MusReading, KeepsTheUnitOfTheFileBeforeAShortTrailer) {
 
 TEST_F(MusReading, CutsTextByItsCode) {
     const auto textItem = [](float code, float par12, float par13, const std::string& text) {
-        return words({static_cast<float>(13 + text.size() / 4), code, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, par12, par13}) +
+        return words({static_cast<float>(13 + text.size() / 4), code, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, par12,
+                      par13}) +
                text;
     };
-    open(pageOf(textItem(16, 6.4F, 77, "_00Largo") + textItem(11, 0, 77, "abcdefgh") + textItem(15, 3, 77, "name    ") +
-                textItem(16, 99, 0, "_00A") + textItem(16, 0, 0, "_00A") + textItem(16.5F, 8, 0, "_00Largo") +
-                textItem(16, nan, 0, "_00A")));
+    open(pageOf(textItem(16, 6.4F, 77, "_00Largo") + textItem(11, 0, 77, "abcdefgh") +
+                textItem(15, 3, 77, "name    ") + textItem(16, 99, 0, "_00A") + textItem(16, 0, 0, "_00A") +
+                textItem(16.5F, 8, 0, "_00Largo") + textItem(16, nan, 0, "_00A")));
     MusNextItem();
     EXPECT_EQ(musItem.MusText, "_00Lar");
     EXPECT_EQ(musItem.MusPar[13], 0.0F) << "the word before the text is dropped";
@@ -126,7 +127,9 @@ TEST_F(MusReading, RefusesCodesOutsideOneToEighteen) {
 
 TEST_F(MusReading, RefusesTextItemsThatAreTooShort) {
     for (const float code : {11.0F, 15.0F, 16.0F, 15.5F})
-        EXPECT_EQ(stateAfter(pageOf(words({13, code, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}))), musStructuralError) << code;
+        EXPECT_EQ(stateAfter(pageOf(words({13, code, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}))),
+                  musStructuralError)
+            << code;
 }
 
 TEST_F(MusReading, ThrowsAtTheStoreIntoParameterTwentyOne) {
@@ -142,7 +145,8 @@ TEST_F(MusReading, ThrowsAtTheStoreIntoParameterTwentyOne) {
 
 TEST_F(MusReading, MissesTheTrailerWhereTheHeaderIsWrong) {
     const std::string items = words({2, 14, 1}) + words({3, 8, 1, 0});
-    EXPECT_EQ(stateAfter(pageOf(items, trailer(), -1)), musEndOfItems) << "a word less passes for the short trailer";
+    EXPECT_EQ(stateAfter(pageOf(items, trailer(), -1)), musEndOfItems)
+        << "a word less passes for the short trailer";
     EXPECT_EQ(musReader.MusVersionText, "");
     EXPECT_EQ(stateAfter(pageOf(items, trailer(), 1)), musStructuralError);
     EXPECT_EQ(stateAfter(pageOf(items, trailer(), 2)), musStructuralError);

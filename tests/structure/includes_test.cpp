@@ -28,11 +28,21 @@ const std::map<std::string, Rooms>& allowedRooms() {
         Rooms toFaces = toPanels;
         toFaces.insert("panels");
         return std::map<std::string, Rooms>{
-            {"base", {}},           {"host", {"base"}},         {"shared", {"base", "host"}},
-            {"music", toMusic},     {"centre", toCentre},       {"check", toTools},
-            {"edit", toTools},      {"bars", toTools},          {"input", toTools},
-            {"renumber", readingPages}, {"extract", readingPages}, {"panels", toPanels},
-            {"desktop", toFaces},   {"command", toFaces},       {"companions", toMusic},
+            {"base", {}},
+            {"host", {"base"}},
+            {"shared", {"base", "host"}},
+            {"music", toMusic},
+            {"centre", toCentre},
+            {"check", toTools},
+            {"edit", toTools},
+            {"bars", toTools},
+            {"input", toTools},
+            {"renumber", readingPages},
+            {"extract", readingPages},
+            {"panels", toPanels},
+            {"desktop", toFaces},
+            {"command", toFaces},
+            {"companions", toMusic},
         };
     }();
     return allowed;

@@ -24,7 +24,8 @@ inline std::string words(std::initializer_list<float> values) {
 
 /// Six words with the stamp 80200.
 inline std::string trailer(bool metric = false) {
-    return std::string("\x20\x20\x00\x00\x48\x39\x01\x00", 8) + words({3.0F, metric ? 1.0F : 0.0F, 5.0F, -9999.0F});
+    return std::string("\x20\x20\x00\x00\x48\x39\x01\x00", 8) +
+           words({3.0F, metric ? 1.0F : 0.0F, 5.0F, -9999.0F});
 }
 
 /// A whole page: header, items, trailer. `extra` is added to the word count.

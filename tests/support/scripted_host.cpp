@@ -133,7 +133,8 @@ void ScriptedHost::install() {
                              "TULMONIT.EXE", "TULCNTRL.HLP"})
         write(name, "x");
     programs["TULMONIT.EXE"] = [this](const std::string&) {
-        write("TulMonit.TXT", "* monitors\nWorkAreaHeight=1040\nNumberOfMonitors=1\nCurrentMonitorRight=1920\n");
+        write("TulMonit.TXT",
+              "* monitors\nWorkAreaHeight=1040\nNumberOfMonitors=1\nCurrentMonitorRight=1920\n");
         return 0;
     };
 }

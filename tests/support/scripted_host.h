@@ -39,7 +39,9 @@ class FaultyFiles : public Files {
     }
     FileError replace(const std::string& path, std::string_view bytes) override;
     FileError remove(const std::string& path) override { return real_.remove(path); }
-    FileError rename(const std::string& from, const std::string& to) override { return real_.rename(from, to); }
+    FileError rename(const std::string& from, const std::string& to) override {
+        return real_.rename(from, to);
+    }
     FileError copy(const std::string& from, const std::string& to) override { return real_.copy(from, to); }
     std::string shortName(const std::string& path) const override { return real_.shortName(path); }
     std::optional<std::string> fromNative(const std::string& path) const override {
@@ -71,14 +73,14 @@ class ScriptedHost {
     std::string read(const std::string& name) const;
     bool exists(const std::string& name) const;
 
-    /// Puts the companions that start-up asks for into the folder, and a TULMONIT.EXE that reports one monitor
-    /// of 1920 by 1040 pixels.
+    /// Puts the companions that start-up asks for into the folder, and a TULMONIT.EXE that reports one
+    /// monitor of 1920 by 1040 pixels.
     void install();
 
     // What the user will do.
-    std::deque<Answer> answers;       // to questions; then the refusing one
-    std::deque<std::string> inputs;   // into input boxes; then cancelled
-    std::function<void()> onYield;    // while a run lets events through
+    std::deque<Answer> answers;      // to questions; then the refusing one
+    std::deque<std::string> inputs;  // into input boxes; then cancelled
+    std::function<void()> onYield;   // while a run lets events through
     bool showsTextItself = true;
 
     // What the machine is.

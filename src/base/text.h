@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -40,6 +41,8 @@ SplitText splitAtFirst(std::string_view text, char separator);
 
 /// The lines of a text: ended by LF, CR LF or a lone CR; a last line without an end counts.
 std::vector<std::string_view> linesOf(std::string_view text);
+template <std::same_as<std::string> Temporary>
+std::vector<std::string_view> linesOf(Temporary&&) = delete;  // the lines would outlive it
 
 /// A text as a boolean: TRUE in any case, or a number other than 0.
 bool isTrue(std::string_view text);

@@ -101,8 +101,10 @@ void cycleLog() {
         endWith("Failed to open" + paths.LogFilePath + " for input. Hit OK to terminate");
     if (linesOf(log).size() <= static_cast<std::size_t>(machineSettings.MaxLogRecords)) return;
     files().remove("TULLOG.BKP");
-    files().rename(paths.LogFilePath, "TULLOG.BKP");
-    startUpWarning("Cycled logging file " + paths.LogFilePath + " and saved previous to TULLOG.BKP");
+    const bool saved = files().rename(paths.LogFilePath, "TULLOG.BKP") == FileError::none;
+    startUpWarning(saved ? "Cycled logging file " + paths.LogFilePath + " and saved previous to TULLOG.BKP"
+                         : "Logging file " + paths.LogFilePath +
+                               " is too long and could not be saved to TULLOG.BKP");
 }
 
 }  // namespace

@@ -2,9 +2,12 @@
 
 namespace tul {
 
-/// Runs when there is no control file: writes one in which no music program is linked. The questions that
-/// link them come with the settings; until then the user enters their paths into TULCNTRL.INI. Ends the
-/// program when the file cannot be written.
+/// Runs when there is no control file: a fixed series of questions that finds the music programs of this
+/// machine, and then writes the file. It either returns with the file written or ends the program with nothing
+/// written, so that the next start asks again.
 void FirstUse();
+
+/// Shows the warranty text.
+void showDisclaimer();
 
 }  // namespace tul

@@ -141,12 +141,16 @@ void showNamesStatus() {
            plain(selection.XmlNamesCount) + " name(s) in " + folder + "\\NAMESXML.TUL" + newLine);
 }
 
-void SelectFiles(const std::string& message, std::string& viewTip) {
-    std::string arguments = "STARTDIR=" + paths.ProgramFolder + ",SUFFIX=" + projectSettings.PreferedSuffix +
-                            ",MUSFOLDER=" + projectSettings.MusDirectory +
+std::string selectionArguments(const std::string& suffix, const std::string& folder, const std::string& message) {
+    std::string arguments = "STARTDIR=" + paths.ProgramFolder + ",SUFFIX=" + suffix + ",MUSFOLDER=" + folder +
                             ",NAMESFILE=" + paths.NamesFileName + ",DEBUG=NO";
     if (!message.empty()) arguments += ",MSG=" + message;
-    runSelectionProgram(paths.TulNamesPath, arguments);
+    return arguments;
+}
+
+void SelectFiles(const std::string& message, std::string& viewTip) {
+    runSelectionProgram(paths.TulNamesPath, selectionArguments(projectSettings.PreferedSuffix,
+                                                               projectSettings.MusDirectory, message));
     renewSelection(viewTip);
 }
 

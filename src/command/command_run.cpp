@@ -157,13 +157,16 @@ int runCommand(const Arguments& arguments, Host machine, const std::string& prog
     const auto home = arguments.home.empty() ? programFolder : files().fromNative(arguments.home);
     if (!home || !files().changeFolder(*home))
         return refuse("There is no folder " + arguments.home + ".", "--help");
-    // The names file belongs to the process that has claimed the installation.
-    const bool mayWrite = !names.empty() && !platform().anotherInstanceRuns();
-    const bool written = mayWrite && writeNamesFile(names);
 
     try {
+        // The names file belongs to the process that has claimed the installation. It is written before start-up
+        // checks it; but the questions of a first use select files themselves, and throw that selection away.
+        const bool mayWrite = !names.empty() && !platform().anotherInstanceRuns();
+        const bool isFirstUse = !files().canRead("TULCNTRL.INI");
+        bool written = !mayWrite || isFirstUse || writeNamesFile(names);
         StartUp();
-        if (mayWrite && !written) endWith("NAMES.TUL could not be written.");
+        if (mayWrite && isFirstUse) written = writeNamesFile(names);
+        if (!written) endWith("NAMES.TUL could not be written.");
         Panel panel = entry.make();
         consoleFace.watch(&panel);
         if (panel.load) panel.load();

@@ -2,6 +2,7 @@
 
 #include "centre/main_panel.h"
 #include "centre/project_options.h"
+#include "check/pmx_export.h"
 #include "check/validation.h"
 #include "music/mus_reader.h"
 #include "shared/records.h"
@@ -14,6 +15,7 @@ void freshProcess() {
     resetCentreRecords();
     fontTable = {};
     valid::resetValidation();
+    pmx::resetPmxRun();
 }
 
 }  // namespace tul

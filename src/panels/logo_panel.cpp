@@ -1,9 +1,11 @@
 #include "panels/logo_panel.h"
 
+#include "centre/debug_summary.h"
 #include "centre/main_panel.h"
 #include "centre/names_file.h"
 #include "centre/start_up.h"
 #include "centre/viewing.h"
+#include "shared/records.h"
 
 namespace tul {
 
@@ -32,7 +34,14 @@ Panel makeLogoPanel() {
         {.name = "mnuSeeTextFile",
          .caption = std::string("see &Text file (intelligently)"),
          .run = SeeTextFile},
+        {.name = "mnuDebug", .caption = std::string("S&upport"), .run = WriteDebugSummary},
         {.name = "mnuNamesStatus", .caption = std::string("Names files status"), .run = showNamesStatus},
+        {.name = "mnuRegistry", .caption = std::string("&Registry"), .run = ShowRegistry},
+        {.name = "cmdViewProjectOptions",
+         .caption = std::string("View project options"),
+         .run = [] { ViewWithEditor(paths.OptionsFilePath); }},
+        // No button: a double click on the panel's background.
+        {.name = "frmLogoDblClick", .caption = std::string("Details"), .run = ShowDetailsBox},
         {.name = "cmdExit", .caption = std::string("Exit"), .run = exitProgram},
     };
     panel.load = [caption = panel.caption] { frontPanelCaption = caption; };

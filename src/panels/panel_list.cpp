@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "panels/logo_panel.h"
 #include "panels/notepad_panel.h"
+#include "panels/pmx_panel.h"
 #include "panels/valid_panel.h"
 
 namespace tul {
@@ -12,6 +13,7 @@ const std::vector<PanelEntry>& panelList() {
         {"frmLogo", "logo", "", "the main panel: editors, text files, status of the names files",
          makeLogoPanel},
         {"frmValid", "valid", "validate", "check the structure of music files", makeValidPanel},
+        {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", makePmxPanel},
         {"frmNotepad", "notepad", "", "the built-in viewer of text files", makeNotepadPanel},
     };
     return panels;

@@ -242,16 +242,17 @@ TEST_F(StartingUp, WarnsOfToolsThatNeedTulSystem) {
     EXPECT_TRUE(mainPanel.isEnabled("cmdLogoSplit"));
 }
 
-TEST_F(StartingUp, WritesSettingsOnFirstUse) {
+TEST_F(StartingUp, LeadsThroughTheFirstUse) {
     std::filesystem::remove(host.nativeFolder() / "TULCNTRL.INI");
     StartUp();
-    ASSERT_EQ(host.messages.size(), 1U);
-    EXPECT_TRUE(host.messages[0].starts_with("Neither SCORE/SCOR4 nor WinScore was selected."));
+    EXPECT_TRUE(host.messages[0].ends_with(
+        "(This message and the following dialog only appear once at program initialization)"));
+    EXPECT_TRUE(said("Neither SCORE/SCOR4 nor WinScore was selected. This is exceptional but entirely possible.\r\nIf "
+                     "you want to link any of these programs, delete file TULCNTRL.INI and start TUL again."));
     EXPECT_EQ(machineSettings.NotepadPath, "notepad.exe");
     EXPECT_TRUE(machineSettings.BypassLibTest1);
-    EXPECT_TRUE(host.read("TULPROJ.PRO")
-                    .starts_with("* Global TUL Options settings - generated 11-21-2026 at 09:05:07 by "
-                                 "v8.0.0.200\r\nDisplayOptions=NO\r\n"));
+    EXPECT_TRUE(host.read("TULPROJ.PRO").starts_with(
+        "* Global TUL Options settings - generated 11-21-2026 at 09:05:07 by v8.0.0.200\r\nDisplayOptions=NO\r\n"));
 }
 
 TEST_F(StartingUp, PlacesThePanelWhereItWasOrInTheMiddle) {

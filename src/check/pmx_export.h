@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "shared/panel.h"
+#include "shared/run_control.h"
+
+/// Writes the items of music files as parameter text, one or two lines an item, for every selected file into
+/// a file of its name with the suffix ".PMX". The music files are not changed.
+namespace tul::pmx {
+
+struct PmxOptions {
+    bool optPMXformatTab = true;  // aligned columns
+    bool optPMXformatCondensed = false;
+    bool chkPMXcomment = false;  // lines that begin with "* ", for the file, each item, and the trailer
+    bool chkPMXshow = false;     // show each output file
+    bool chkPMXreport = true;    // show the report at the end
+};
+
+/// What the panel `frmPmx` shows of a run, what it asks for, and how the run is stopped.
+struct PmxRun {
+    PmxOptions options;
+    RunControl control;
+    Progress panPmxFloodRun;   // over the files; shown only for more than one
+    Progress panPmxFloodFile;  // in the file
+    std::string panPmxFileName;
+    std::string lblPmxStatus;  // which file of how many
+};
+extern PmxRun pmxRun;
+
+void resetPmxRun();
+
+/// What a path ends in that is a bare list of items, without header and trailer. Case as written.
+inline constexpr std::string_view fileListName = "\\FILES.TMP";
+
+/// The run over the selection, which it reads anew: writes the PMX files and the report TULPMX.PRN, shows it
+/// and deletes it. A file that cannot be written ends the run; the report of what was done then stays.
+void cmdPmxRun();
+
+enum class ExportEnd { complete, damaged, cancelled };
+
+/// Appends one music file to `text`. Nothing is said about a damaged one: its items up to the damage are in
+/// `text`, as they are when the run is cancelled.
+ExportEnd exportFile(const std::string& path, std::string& text);
+
+/// Where the PMX form of a file goes: beside it, under its name up to the first full stop.
+std::string pmxPathOf(const std::string& path);
+
+}  // namespace tul::pmx

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "shared/panel.h"
+
+namespace tul {
+
+/// `frmPmx`: export of music files as parameter text.
+Panel makePmxPanel();
+
+}  // namespace tul

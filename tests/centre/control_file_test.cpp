@@ -1,0 +1,230 @@
+#include "centre/control_file.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "centre/panel_place.h"
+#include "centre/project_options.h"
+#include "centre/start_up.h"
+#include "shared/records.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::crlf;
+using testing::endOf;
+using testing::ScriptedHost;
+using Lines = std::vector<std::string>;
+
+Lines linesAfter(const std::string& text, const std::string& head) {
+    const std::size_t start = text.find(head);
+    if (start == std::string::npos) return {};
+    const auto lines = linesOf(std::string_view(text).substr(start));
+    return {lines.begin() + 1, lines.end()};
+}
+
+/// True when each line ends with CR LF and neither stands alone.
+bool hasWindowsEnds(const std::string& text) {
+    std::size_t length = 0;
+    for (const std::string_view line : linesOf(text)) length += line.size() + CrLf.size();
+    return !text.empty() && text.ends_with(CrLf) && length == text.size();
+}
+
+class ControlFile : public ::testing::Test {
+  protected:
+    ControlFile() { nameFiles(); }
+
+    void nameFiles() const {
+        paths.ControlFilePath = host.path("TULCNTRL.INI");
+        paths.OptionsFilePath = host.path("TULPROJ.PRO");
+        paths.LogFilePath = host.path("TULLOG.LOG");
+    }
+    /// A start with this count in the file, and a limit of 101 lines.
+    std::optional<int> startWith(int timesExecuted) {
+        host.write("TULCNTRL.INI",
+                   crlf({"MaxLogRecords=101", "TimesExecuted=" + std::to_string(timesExecuted)}));
+        return endOf([] { ReadControlFile(true); });
+    }
+    void writeLog(int lines) {
+        std::string text;
+        for (int line = 1; line <= lines; ++line)
+            text += "run " + std::to_string(line) + (line % 2 ? "\r\n" : "\n");
+        host.write("TULLOG.LOG", text);
+    }
+
+    ScriptedHost host;
+};
+
+TEST_F(ControlFile, IsReadByKeyUpToTheFirstEqualsSign) {
+    host.write("TULCNTRL.INI", crlf({"[UserSettings]", "maxlogrecords= 500.5", "* PagePath=C:\\NO.EXE",
+                                     " ScorePath=C:\\NO.EXE", "LIBPATH=C:\\LIB=2", "PagePath =C:\\NO.EXE",
+                                     "Unknown=1", "no setting", "BypassLibTest1=False", "BypassLibTest1=TRUE",
+                                     "JustPath=C:\\SCORE\\JUST.EXE ", "TimesExecuted=12"}));
+    ReadControlFile(false);
+    EXPECT_EQ(machineSettings.MaxLogRecords, 500);
+    EXPECT_EQ(machineSettings.TimesExecuted, 12);
+    EXPECT_EQ(machineSettings.PagePath, "");
+    EXPECT_EQ(machineSettings.ScorePath, "") << "a line that begins with a blank is a comment";
+    EXPECT_EQ(machineSettings.ScoreFolder, "");
+    EXPECT_EQ(machineSettings.LibPath, "C:\\LIB=2");
+    EXPECT_EQ(machineSettings.JustPath, "C:\\SCORE\\JUST.EXE ");
+    EXPECT_TRUE(machineSettings.BypassLibTest1) << "the last of two counts";
+    for (const auto& [path, folder] : std::vector<std::pair<std::string, std::string>>{
+             {"C:\\SCORE\\SCORE.EXE", "C:\\SCORE\\"}, {"SCORE.EXE", "SCORE.EXE"}}) {
+        host.write("TULCNTRL.INI", crlf({"MaxLogRecords=101", "ScorePath=" + path}));
+        ReadControlFile(false);
+        EXPECT_EQ(machineSettings.ScoreFolder, folder);
+    }
+}
+
+TEST_F(ControlFile, IsRewrittenInItsOwnOrderWithoutWhatItDoesNotKnow) {
+    const Lines settings = {"MaxLogRecords=1000",
+                            "WorkDrive=a",
+                            "ScorePath=b",
+                            "PagePath=c",
+                            "ScorlasPath=d",
+                            "JustPath=e",
+                            "libPath=f",
+                            "hlpPath=g",
+                            "PreferenceFilePath=h",
+                            "AFMfilesPath=i",
+                            "NotepadPath=j",
+                            "WordpadPath=k",
+                            "ScoreEngineProgramPath=l",
+                            "WinScoreProgramPath=m",
+                            "WinScoreScorLibPath=n",
+                            "WinScoreFontLibPath=o",
+                            "WinScorePrefPath=p",
+                            "BypassLibTest1=False",
+                            "ACCSPath=q",
+                            "LJPath=r",
+                            "BeamPath=s",
+                            "MidiScorPath=t",
+                            "LascorPath=u",
+                            "Seps4idProgramPath=v"};
+    host.write("TULCNTRL.INI", "* mine\r\nOther=1\r\n" + crlf({settings.rbegin(), settings.rend()}));
+    ReadControlFile(true);
+    EXPECT_EQ(linesAfter(host.read("TULCNTRL.INI"), "[UserSettings]"), settings);
+    EXPECT_TRUE(host.read("TULCNTRL.INI").starts_with("[TulVariables]\r\nFirstExecuted=\r\nLastExecuted="));
+
+    Lines firstUse = settings;
+    firstUse.erase(firstUse.begin() + 5);
+    firstUse.insert(firstUse.begin() + 12, "BypassLibTest1=False");
+    EXPECT_EQ(linesAfter(firstControlFile(), "[UserSettings]"), firstUse);
+}
+
+TEST_F(ControlFile, EndsTheProgramWhenItCannotBeUsed) {
+    EXPECT_EQ(endOf([] { ReadControlFile(false); }), 1);
+    EXPECT_EQ(host.messages.back(), "Failed to open TULCNTRL.INI. Hit OK to terminate");
+    host.write("TULCNTRL.INI", "NotepadPath=notepad.exe\r\n");
+    EXPECT_EQ(endOf([] { ReadControlFile(false); }), 1) << "no limit of the log is a limit of 0";
+    host.faultyFiles().refusals["TULCNTRL.INI"] = FileError::readOnly;
+    EXPECT_EQ(startWith(100), 1);
+    EXPECT_EQ(host.messages.back(), "Failed to rewrite TULCNTRL.INI. Hit OK to terminate.");
+}
+
+TEST_F(ControlFile, LetsTheLogGoEveryHundredthStart) {
+    for (const int count : {0, 1, 99, 101, 110, 1001}) {
+        writeLog(102);
+        EXPECT_EQ(startWith(count), std::nullopt);
+        EXPECT_TRUE(host.exists("TULLOG.LOG")) << count;
+    }
+    EXPECT_TRUE(host.messages.empty());
+    for (const int count : {100, 200, 1000, 12300}) {
+        writeLog(102);
+        const std::string log = host.read("TULLOG.LOG") + std::to_string(count);
+        host.write("TULLOG.LOG", log);
+        EXPECT_EQ(startWith(count), std::nullopt);
+        EXPECT_FALSE(host.exists("TULLOG.LOG")) << count;
+        EXPECT_EQ(host.read("TULLOG.BKP"), log) << "the backup before it is lost";
+        EXPECT_EQ(host.messages.back(),
+                  "Cycled logging file " + host.path("TULLOG.LOG") + " and saved previous to TULLOG.BKP");
+    }
+    writeLog(102);
+    startWith(99);
+    ReadControlFile(true);
+    EXPECT_FALSE(host.exists("TULLOG.LOG")) << "the start after the one that counted to 100";
+}
+
+TEST_F(ControlFile, KeepsALogWithinItsLimit) {
+    for (const int lines : {0, 100, 101}) {
+        writeLog(lines);
+        EXPECT_EQ(startWith(100), std::nullopt);
+        EXPECT_TRUE(host.exists("TULLOG.LOG")) << lines;
+        EXPECT_FALSE(host.exists("TULLOG.BKP")) << lines;
+    }
+    EXPECT_TRUE(host.messages.empty());
+    host.write("TULLOG.LOG", host.read("TULLOG.LOG") + "without an end");
+    startWith(100);
+    EXPECT_TRUE(host.exists("TULLOG.BKP")) << "a last line without an end counts";
+}
+
+TEST_F(ControlFile, EndsTheProgramAtAMissingLogOnce) {
+    EXPECT_EQ(startWith(100), 1);
+    EXPECT_EQ(host.messages,
+              Lines{"Failed to open" + host.path("TULLOG.LOG") + " for input. Hit OK to terminate"});
+    EXPECT_EQ(endOf([] { ReadControlFile(true); }), std::nullopt) << "this start was counted";
+    EXPECT_EQ(startWith(150), std::nullopt);
+}
+
+TEST_F(ControlFile, PutsTheBackupOfTheLogIntoTheCurrentFolder) {
+    fs::create_directory(host.nativeFolder() / "work");
+    host.write("TULLOG.BKP", "of the program's folder");
+    host.write("work/TULLOG.BKP", "of the current folder");
+    files().changeFolder(host.path("work"));
+    writeLog(102);
+    const std::string log = host.read("TULLOG.LOG");
+    EXPECT_EQ(startWith(100), std::nullopt);
+    EXPECT_EQ(host.read("work/TULLOG.BKP"), log);
+    EXPECT_EQ(host.read("TULLOG.BKP"), "of the program's folder");
+    EXPECT_FALSE(host.exists("TULLOG.LOG"));
+}
+
+TEST_F(ControlFile, TellsALogThatCouldNotBeSaved) {
+    fs::create_directory(host.nativeFolder() / "TULLOG.BKP");
+    writeLog(102);
+    EXPECT_EQ(startWith(100), std::nullopt);
+    EXPECT_TRUE(host.exists("TULLOG.LOG"));
+    EXPECT_EQ(host.messages, Lines{"Logging file " + host.path("TULLOG.LOG") +
+                                   " is too long and could not be saved to TULLOG.BKP"});
+}
+
+TEST_F(ControlFile, AndOtherSettingsAreReadWhateverTheirLineEnds) {
+    host.install();
+    for (const std::string end : {"\r\n", "\n", "\r"}) {
+        resetSharedRecords();
+        nameFiles();
+        host.write("TULCNTRL.INI", "[UserSettings]" + end + "* c" + end + end + "MaxLogRecords=500" + end +
+                                       "LJPath=C:\\LJ.EXE");
+        ReadControlFile(false);
+        EXPECT_EQ(machineSettings.MaxLogRecords, 500);
+        EXPECT_EQ(machineSettings.LJPath, "C:\\LJ.EXE");
+        host.write("TULPROJ.PRO",
+                   "* c" + end + "MusDirectory=C:\\MUSIC" + end + end + "StaffRange=200" + end);
+        ReadProjectOptions();
+        EXPECT_EQ(projectSettings.MusDirectory, "C:\\MUSIC");
+        EXPECT_EQ(projectSettings.StaffRange, 200);
+        host.programs["TULMONIT.EXE"] = [&](const std::string&) {
+            host.write("TulMonit.TXT",
+                       "* c" + end + "NumberOfMonitors=3" + end + "WorkAreaHeight=4,700" + end);
+            return 0;
+        };
+        readTulMonit();
+        EXPECT_EQ(monitors.MonitorCount, 3);
+        EXPECT_EQ(monitors.WorkAreaHeight, 700);
+    }
+}
+
+TEST_F(ControlFile, AndOtherSettingsAreWrittenWithWindowsEnds) {
+    host.install();
+    host.write("TULCNTRL.INI", "LastVersionExecuted=v8.0.0.200\nMaxLogRecords=500\rBypassLibTest1=1\n");
+    StartUp();
+    for (const char* name : {"TULCNTRL.INI", "TULPROJ.PRO", "TULVERSION.TXT"})
+        EXPECT_TRUE(hasWindowsEnds(host.read(name))) << name;
+    EXPECT_TRUE(hasWindowsEnds(firstControlFile()));
+}
+
+}  // namespace
+}  // namespace tul

@@ -1,0 +1,201 @@
+#include "centre/debug_summary.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "panels/panel_list.h"
+#include "shared/records.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+using testing::crlf;
+using testing::ScriptedHost;
+using Lines = std::vector<std::string>;
+
+class DebugSummary : public ::testing::Test {
+  protected:
+    DebugSummary() {
+        paths.ProgramFolder = host.folder();
+        paths.NamesFilePath = host.path("NAMES.TUL");
+        paths.OptionsFilePath = host.path("TULPROJ.PRO");
+        identity.VersionText = "v8.0.0.200";
+        identity.BuildDateText = "May 1, 2026";
+        projectSettings.MusDirectory = "C:\\MUSIC";
+    }
+
+    Lines summary() {
+        host.answers = {Answer::yes};
+        WriteDebugSummary();
+        return linesIn(host.read("TULDEBUG.TXT"));
+    }
+    /// The lines of a section, without its heading.
+    Lines section(const std::string& title) {
+        const Lines all = summary();
+        const auto isHeading = [](const std::string& line) {
+            return line.starts_with(" ---") || line.empty();
+        };
+        const auto start = std::find_if(
+            all.begin(), all.end(), [&](const auto& line) { return line.find("- " + title + " -") < 60; });
+        if (start == all.end()) return {};
+        return {start + 1, std::find_if(start + 1, all.end(), isHeading)};
+    }
+    std::string tested(const std::string& path) {
+        Report report("LINE.TXT");
+        FileTest(report, path);
+        report.close();
+        return host.read("LINE.TXT");
+    }
+    static Lines linesIn(const std::string& text) {
+        const auto lines = linesOf(text);
+        return {lines.begin(), lines.end()};
+    }
+    std::string stamp(const std::string& name) const {
+        return stampText(files().info(host.path(name))->stamp);
+    }
+
+    ScriptedHost host;
+};
+
+TEST_F(DebugSummary, IsWrittenOnlyWhenAskedFor) {
+    const std::string question = "Do you want to generate file TULDEBUG.TXT for a support request?";
+    WriteDebugSummary();
+    EXPECT_EQ(host.messages, Lines{question});
+    EXPECT_FALSE(host.exists("TULDEBUG.TXT"));
+
+    host.write("TULDEBUG.TXT", std::string(100000, 'x'));
+    const Lines lines = summary();
+    EXPECT_EQ(host.messages.back(), "Created file TULDEBUG.TXT in directory \r\n" + host.folder());
+    EXPECT_EQ(host.shown, Lines{crlf(lines)});
+    ASSERT_GT(lines.size(), 5U);
+    EXPECT_EQ(lines[0],
+              "Debug summary for Support . . . . . . . . . . . . . . v8.0.0.200 Stamp = 11-21-2026 09:05:07");
+    EXPECT_EQ(lines[1], "");
+    EXPECT_EQ(lines[2], "Current directory . . . . . . . . . . . . . . . . . . " + host.folder());
+    EXPECT_EQ(lines[3], "");
+    EXPECT_EQ(lines[4],
+              " --------------------------------------------- General ----------------------------------");
+
+    host.messages.clear();
+    host.faultyFiles().refusals["TULDEBUG.TXT"] = FileError::diskFull;
+    summary();
+    EXPECT_EQ(host.messages, (Lines{question, "TULDEBUG.TXT could not be written. The disk may be full."}));
+    EXPECT_EQ(host.shown.size(), 1U);
+}
+
+TEST_F(DebugSummary, HasItsSectionsInOrder) {
+    std::string titles;
+    std::size_t files = 0;
+    const Lines lines = summary();
+    for (const std::string& line : lines) {
+        files += line.ends_with("not located") ? 1 : 0;
+        if (!line.starts_with(" ---")) continue;
+        EXPECT_EQ(line.size(), 89U);
+        titles += line.substr(47, line.find(" -", 47) - 47) + "|";
+    }
+    EXPECT_EQ(titles,
+              "General|Service|SCORE|Editors|Anlib|Clef|Dur|Draw|EPS|Find|Input|Sib|Split|Stack|Text|Thema|"
+              "Tpose|Xlyr|"
+              "XML|Xref|Ad|Check Part|3rd party|ACCS|LJ|BEAM|seps4id|MidiScor, Lascor|");
+    EXPECT_EQ(files, 149U);
+    const auto title = std::find_if(lines.begin(), lines.end(), [](const auto& line) {
+        return line.find(" 3rd party ") != std::string::npos;
+    });
+    ASSERT_NE(title, lines.end());
+    EXPECT_EQ(title[-1], "");
+    EXPECT_EQ(title[1], "");
+    EXPECT_NE(title[2].find(" ACCS "), std::string::npos);
+}
+
+TEST_F(DebugSummary, TestsAFileOnALine) {
+    const auto missing = [](const std::string& start) { return crlf({start + "not located"}); };
+    EXPECT_EQ(tested(std::string(54, 'x')), missing(std::string(54, 'x')));
+    EXPECT_EQ(tested(std::string(53, 'x')), missing(std::string(53, 'x') + " "));
+    EXPECT_EQ(tested(std::string(50, 'x')), missing(std::string(50, 'x') + ". . "));
+    EXPECT_EQ(tested(std::string(57, 'x')), missing(std::string(57, 'x') + " "));
+    EXPECT_EQ(tested("").find("not located"), 54U);
+
+    host.write("TulText.exe", "x");
+    const std::string dots = ". . . . . . . . . . . . . . . . . . . . . ";
+    EXPECT_EQ(tested("TULTEXT.EXE"),
+              crlf({"TULTEXT.EXE " + dots + stamp("TulText.exe") + std::string(15, ' ') + "TulText.exe"}));
+    std::filesystem::create_directory(host.nativeFolder() / "TULAD.EXE");
+    EXPECT_EQ(tested("TULAD.EXE").find("not located"), 54U) << "a folder is no module";
+}
+
+TEST_F(DebugSummary, LooksForToolsBesideTheirLinkedProgram) {
+    EXPECT_TRUE(section("ACCS")[0].starts_with("ACCS.EXE. . "));
+    EXPECT_EQ(section("MidiScor, Lascor").size(), 2U);
+
+    machineSettings.ACCSPath = host.path("own.exe");
+    machineSettings.LJPath = "LJ2.EXE";
+    machineSettings.Seps4idProgramPath = "C:\\SEPS\\SEPS4ID.EXE";
+    machineSettings.LascorPath = host.path("LASCOR20.EXE");
+    host.write("ACCS.INI", "x");
+    host.write("lascor20.dat", "x");
+    const Lines accs = section("ACCS");
+    ASSERT_EQ(accs.size(), 8U);
+    EXPECT_TRUE(accs[2].starts_with(host.path("ACCS.INI")));
+    EXPECT_TRUE(accs[2].ends_with("  ACCS.INI"));
+    EXPECT_TRUE(accs[7].ends_with("not located"));
+    EXPECT_TRUE(section("LJ")[1].starts_with("LJ.EXE. . "));
+    EXPECT_TRUE(section("seps4id")[1].starts_with("C:\\SEPS\\SEPS4ID.EXE"));
+    const Lines lascor = section("MidiScor, Lascor");
+    ASSERT_EQ(lascor.size(), 4U);
+    EXPECT_EQ(lascor[1], lascor[2]);
+    EXPECT_TRUE(lascor[3].starts_with(host.path("LASCOR20.DAT")));
+    EXPECT_TRUE(lascor[3].ends_with("  lascor20.dat"));
+    machineSettings.LascorPath = "X";
+    EXPECT_TRUE(section("MidiScor, Lascor").back().starts_with(".DAT. . "));
+}
+
+TEST_F(DebugSummary, EndsWithTheControlFile) {
+    const std::string ending = crlf({"", "File contents of TULCNTRL.INI:", "-----------------------------"});
+    summary();
+    EXPECT_TRUE(host.read("TULDEBUG.TXT").ends_with(ending)) << "the summary of a damaged installation";
+    host.write("TULCNTRL.INI", "* mine\n\nMaxLogRecords=1000\rlast");
+    summary();
+    EXPECT_TRUE(
+        host.read("TULDEBUG.TXT").ends_with(ending + crlf({"* mine", "", "MaxLogRecords=1000", "last"})));
+}
+
+TEST_F(DebugSummary, IsOneOfTheMainPanelsRecords) {
+    Panel panel = findPanel("logo")->make();
+    panel.press("mnuDebug");
+    EXPECT_EQ(host.messages.size(), 1U);
+    host.write("TULPROJ.PRO", "* options");
+    panel.press("cmdViewProjectOptions");
+    EXPECT_EQ(host.shown, Lines{"* options"});
+
+    host.profile = {{"TUL",
+                     {{"StartTime", "ON"},
+                      {"OS", "Wx Test"},
+                      {"PT", "64"},
+                      {"InitialFolder", std::string(40, 'x')},
+                      {"TOP", "30 twips"},
+                      {"LEFT", "-15 twips"}}},
+                    {"TulNames", {{"BypassFirstPanel", "YES"}}},
+                    {"TulFind", {{"Last", "code 5"}}}};
+    panel.press("mnuRegistry");
+    EXPECT_EQ(linesIn(host.messages.back()),
+              (Lines{"Registry kept by TUL utilities.", "", "StartTime: ON", "Operating System: Wx Test",
+                     "Processor type: 64", "Initial folder: " + std::string(32, 'x'),
+                     "Top coordinate: 30 twips", "Left coordinate: -15", "Bypass first TulNames panel: YES",
+                     "Second TulNames panel tall: ", "TulFind Last: code 5"}));
+
+    const Lines details = {"TUL build date: May 1, 2026", "Current directory = " + host.folder(),
+                           "Initial folder = C:\\MUSIC",  "",
+                           "NAMES.TUL details:",          host.path("NAMES.TUL"),
+                           "(File not existing)"};
+    panel.press("frmLogoDblClick");
+    EXPECT_EQ(linesIn(host.messages.back()), details);
+    host.write("NAMES.TUL", "");
+    panel.press("frmLogoDblClick");
+    EXPECT_EQ(linesIn(host.messages.back()).back(), stamp("NAMES.TUL"));
+}
+
+}  // namespace
+}  // namespace tul

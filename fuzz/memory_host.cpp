@@ -44,15 +44,10 @@ FileError MemoryHost::copy(const std::string& from, const std::string& to) {
 }
 
 Answer MemoryHost::msgBox(const Message& message) {
-    switch (message.buttons) {
-        case Buttons::ok:
-        case Buttons::okCancel:
-            return Answer::ok;
-        case Buttons::yesNo:
-        case Buttons::yesNoCancel:
-            break;
-    }
-    return Answer::yes;
+    if (message.buttons == Buttons::ok) return Answer::ok;
+    const bool refuses = !refusals.empty() && (refusals[questions++ % refusals.size()] & 1) != 0;
+    if (message.buttons == Buttons::okCancel) return refuses ? Answer::cancel : Answer::ok;
+    return refuses ? Answer::no : Answer::yes;
 }
 
 }  // namespace tul::fuzz

@@ -10,7 +10,7 @@ namespace tul::fuzz {
 /// The end of the program.
 struct End {};
 
-/// A machine whose files live in memory and whose user agrees to everything.
+/// A machine whose files live in memory.
 class MemoryHost : public Files,
                    public Processes,
                    public Profile,
@@ -21,6 +21,7 @@ class MemoryHost : public Files,
     MemoryHost();
 
     std::map<std::string, std::string> contents;  // by path
+    std::string refusals;  // a byte a question, again and again: an odd one refuses; empty refuses nothing
 
     std::string currentFolder() const override { return "Z:\\HOME"; }
     bool changeFolder(const std::string&) override { return true; }
@@ -55,6 +56,7 @@ class MemoryHost : public Files,
     bool anotherInstanceRuns() override { return false; }
 
     Answer msgBox(const Message& message) override;
+    std::size_t questions = 0;
     std::string inputBox(const std::string&, const std::string& text) override { return text; }
     bool showsTextItself() const override { return true; }
     void showText(const std::string&) override {}

@@ -54,6 +54,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     host.contents[fileList] = host.contents[page];
     for (const std::string& path : {page, fileList}) {
         readItems(path);
+        host.refusals.clear();
+        validate(path);
+        host.refusals.assign(reinterpret_cast<const char*>(data), size < 16 ? size : 16);
         validate(path);
     }
     return 0;

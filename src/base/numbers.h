@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cfloat>
 #include <concepts>
 #include <cstdint>
 #include <optional>
@@ -63,6 +64,7 @@ std::optional<std::int32_t> toInt32(double value);
 inline std::optional<std::int16_t> toInt16(double value) {
     // Every item has a length word that goes through here: adding and taking away a number whose last place
     // is 1 rounds as the processor does, without a call.
+    static_assert(FLT_EVAL_METHOD == 0);
     constexpr double lastPlaceIsOne = 6755399441055744.0;  // 1.5 times 2 to the 52nd
     if (!(value >= -40000.0 && value <= 40000.0)) return std::nullopt;
     const double rounded = (value + lastPlaceIsOne) - lastPlaceIsOne;

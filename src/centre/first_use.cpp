@@ -55,7 +55,7 @@ class SelectionSeries {
         }
         {
             const HiddenPanel hidden;
-            ShellAndWait(paths.TulNamesPath + " " + arguments);
+            ShellAndWait(paths.TulNamesPath + " " + arguments, {arguments});
         }
         ReadNamesFile();
         if (selection.SelectionCount == 0 && mayBeNone) return {};

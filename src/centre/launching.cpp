@@ -62,8 +62,10 @@ std::string programOf(const std::string& command) {
     return position == std::string::npos ? std::string() : command.substr(0, position + executable.size());
 }
 
-void ExecAndWait(const std::string& command) {
-    const LaunchResult result = processes().runAndWait(directLaunch(command));
+void ExecAndWait(const std::string& command, const std::vector<std::string>& words) {
+    Launch launch = directLaunch(command);
+    launch.words = words;
+    const LaunchResult result = processes().runAndWait(launch);
     if (result.started && result.exitCode != -1) return;
     std::string text = "Failed to execute " + command;
     if (!result.failure.empty()) text.append(CrLf).append(result.failure);
@@ -71,14 +73,14 @@ void ExecAndWait(const std::string& command) {
     endProgram();
 }
 
-void ShellAndWait(const std::string& command) {
-    if (command.find("TULNAMES.EXE") != std::string::npos) return ExecAndWait(command);
+void ShellAndWait(const std::string& command, const std::vector<std::string>& words) {
+    if (command.find("TULNAMES.EXE") != std::string::npos) return ExecAndWait(command, words);
 
-    Launch launch{.program = command, .arguments = {}, .style = windowStyleOf(command)};
+    Launch launch{.program = command, .arguments = {}, .words = words, .style = windowStyleOf(command)};
     if (command.find("ScoreEngine") == std::string::npos) {
         const std::string program = programOf(command);
         if (program.empty()) {
-            if (containsIgnoringCase(command, ".BAT")) return ExecAndWait(command);
+            if (containsIgnoringCase(command, ".BAT")) return ExecAndWait(command, words);
             MsgBox("ShellAndWait error: " + command + std::string(CrLf) +
                        "Assure that TUL knows where NOTEPAD/WORDPAD are.",
                    Buttons::ok, Icon::critical);

@@ -1,17 +1,19 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 /// Programs of the installation and of the outside world. Each is waited for; nothing comes back but files.
 namespace tul {
 
 /// Runs a command line, the program's path and its arguments behind a blank, and waits until it ends. The
 /// program runs by its file name from the current folder or the search path. A failure to start is told and
-/// the program goes on; a command that names no program ends it.
-void ShellAndWait(const std::string& command);
+/// the program goes on; a command that names no program ends it. `words` are its arguments one by one, for a
+/// caller that passes whole paths.
+void ShellAndWait(const std::string& command, const std::vector<std::string>& words = {});
 
 /// Runs a command line as it stands and waits. A failure to start, and an exit code of -1, end the program.
-void ExecAndWait(const std::string& command);
+void ExecAndWait(const std::string& command, const std::vector<std::string>& words = {});
 
 /// The program part of a command line: up to and including its first ".EXE"; empty without one.
 std::string programOf(const std::string& command);

@@ -90,7 +90,7 @@ std::int16_t checkUtilityNames(const std::string& path) {
 void runSelectionProgram(const std::string& program, const std::string& arguments) {
     if (!FileExists(program)) return;
     const HiddenPanel hidden;
-    ShellAndWait(program + " " + arguments);
+    ShellAndWait(program + " " + arguments, {arguments});
 }
 
 void renewSelection(std::string& viewTip) {

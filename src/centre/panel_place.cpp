@@ -18,8 +18,7 @@ const std::string newLine(CrLf);
 
 int twips(const std::string& text) { return toInt32(numericValue(text)).value_or(0); }
 
-void centre(PanelPlace& place) {
-    const ScreenSize screen = face().screen();
+void centre(PanelPlace& place, const ScreenSize& screen) {
     place.left = (screen.width - place.width) / 2;
     place.top = (screen.height - place.height) / 2;
 }
@@ -50,24 +49,27 @@ int heightOfPanels() {
 }
 
 void positionPanel(PanelPlace& place) {
+    const auto screen = face().screen();
+    if (!screen) return readTulMonit();
     const std::string top = GetProfileValue("TOP");
     const std::string left = GetProfileValue("LEFT");
     if (!top.empty() && !left.empty()) {
         place.top = twips(top);
         place.left = twips(left);
     } else {
-        centre(place);
+        centre(place, *screen);
     }
     readTulMonit();
     const auto rightEdge = static_cast<std::int64_t>(monitors.MonitorRight) * twipsPerPixel;
     if (monitors.MonitorCount == 1 && (place.left < 0 || place.left > rightEdge)) {
         startUpWarning("Lost coordinates of TUL panel from a multi-monitor session. Centered.");
-        centre(place);
+        centre(place, *screen);
     }
     savePanelCoordinates(place);
 }
 
 void savePanelCoordinates(const PanelPlace& place) {
+    if (!face().screen()) return;
     SaveProfileValue("TOP", plain(place.top));
     SaveProfileValue("LEFT", plain(place.left));
     mainPanel.cmdMinimizeTip = joined("Top =", place.top) + joined(", Left =", place.left) + ".";

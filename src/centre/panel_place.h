@@ -12,7 +12,8 @@ inline constexpr int panelHeight = 6660;
 inline constexpr int titleBarAllowance = 200;
 int heightOfPanels();
 
-/// Moves a panel to the stored coordinates, or to the middle of the screen; keeps it on the only monitor.
+/// Moves a panel to the stored coordinates, or to the middle of the screen; keeps it on the only monitor. A
+/// face without a screen leaves the stored coordinates alone.
 void positionPanel(PanelPlace& place);
 /// Stores a panel's top and left.
 void savePanelCoordinates(const PanelPlace& place);

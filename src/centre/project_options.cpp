@@ -1,5 +1,6 @@
 #include "centre/project_options.h"
 
+#include <functional>
 #include <string_view>
 
 #include "base/numbers.h"
@@ -23,23 +24,67 @@ constexpr std::size_t fontFileLength = 694;
 constexpr std::size_t fontHeadLength = 30;
 constexpr std::string_view fontMarks = "\x4B\x81";
 
-void storeOption(const KeyValue& option) {
-    ProjectSettings& settings = projectSettings;
-    const std::string& value = option.value;
-    const auto whole = [&value] { return toInt16(numericValue(value)).value_or(0); };
-    if (option.key == "MUSDIRECTORY") settings.MusDirectory = value;
-    if (option.key == "PREFEREDSUFFIX") settings.PreferedSuffix = value;
-    if (option.key == "LYRICSSIZE") settings.LyricsSize = value;
-    if (option.key == "LYRICSFONT") settings.LyricsFont = trimRight(value);
-    if (option.key == "PAGENUMBERFONT") settings.PageNumberFont = value;
-    if (option.key == "PAGENUMBERSIZE") settings.PageNumberSize = value;
-    if (option.key == "PLATENUMBER") settings.PlateNumber = value;
-    if (option.key == "PLATENUMBERFONT") settings.PlateNumberFont = value;
-    if (option.key == "PLATENUMBERSIZE") settings.PlateNumberSize = value;
-    if (option.key == "STAFFRANGE") settings.StaffRange = whole();
-    if (option.key == "PANELPREFERENCE") settings.PanelPreference = whole();
-    if (option.key == "BYPASSDECIMALTEST") settings.BypassDecimalTest = whole();
-    if (option.key == "BYPASSPLATFORMTEST") settings.BypassPlatformTest = whole();
+/// How a value of the file gets into the project settings.
+using Store = std::function<void(const std::string&)>;
+using Text = std::string ProjectSettings::*;
+
+Store asRead(Text setting) {
+    return [setting](const std::string& value) { projectSettings.*setting = value; };
+}
+Store rightTrimmed(Text setting) {
+    return [setting](const std::string& value) { projectSettings.*setting = trimRight(value); };
+}
+Store inUpperCase(Text setting) {
+    return [setting](const std::string& value) { projectSettings.*setting = upperCase(value); };
+}
+Store rounded(std::int16_t ProjectSettings::*setting) {
+    return [setting](const std::string& value) {
+        projectSettings.*setting = toInt16(numericValue(value)).value_or(0);
+    };
+}
+Store inputMode(const char* mode) {
+    return [mode](const std::string& value) {
+        if (isTrue(value)) projectSettings.InputMode = mode;
+    };
+}
+
+struct SharedOption {
+    std::string_view key;
+    Store store;
+};
+using SharedOptions = std::vector<SharedOption>;
+
+const SharedOptions sharedOptions = {
+    {"MUSDIRECTORY", asRead(&ProjectSettings::MusDirectory)},
+    {"PREFEREDSUFFIX", asRead(&ProjectSettings::PreferedSuffix)},
+    {"LYRICSSIZE", asRead(&ProjectSettings::LyricsSize)},
+    {"LYRICSFONT", rightTrimmed(&ProjectSettings::LyricsFont)},
+    {"PAGENUMBERFONT", asRead(&ProjectSettings::PageNumberFont)},
+    {"PAGENUMBERSIZE", asRead(&ProjectSettings::PageNumberSize)},
+    {"PAGENUMBERLENGTH", asRead(&ProjectSettings::PageNumberLength)},
+    {"BARNUMBERFONT", asRead(&ProjectSettings::BarNumberFont)},
+    {"BARNUMBERSIZE", asRead(&ProjectSettings::BarNumberSize)},
+    {"PLATENUMBER", asRead(&ProjectSettings::PlateNumber)},
+    {"PLATENUMBERFONT", asRead(&ProjectSettings::PlateNumberFont)},
+    {"PLATENUMBERSIZE", asRead(&ProjectSettings::PlateNumberSize)},
+    {"STAFFRANGE", rounded(&ProjectSettings::StaffRange)},
+    {"PANELPREFERENCE", rounded(&ProjectSettings::PanelPreference)},
+    {"BYPASSDECIMALTEST", rounded(&ProjectSettings::BypassDecimalTest)},
+    {"BYPASSPLATFORMTEST", rounded(&ProjectSettings::BypassPlatformTest)},
+    {"TULINPUTDOS", inputMode("D")},
+    {"TULINPUTWINDOWS", inputMode("W")},
+    {"FONTPREFERENCE", inUpperCase(&ProjectSettings::FontPreference)},
+    {"SCOREENGINEPREFERENCE", inUpperCase(&ProjectSettings::ScoreEnginePreference)},
+};
+
+const SharedOptions returnedOptions = {
+    {"LIBRARY", asRead(&ProjectSettings::Library)},
+    {"WARNONPATHLENGTH", rounded(&ProjectSettings::WarnOnPathLength)},
+};
+
+void storeInto(const SharedOptions& options, std::string_view key, const std::string& value) {
+    for (const SharedOption& option : options)
+        if (option.key == key) option.store(value);
 }
 
 std::vector<KeyValue> readOptions() {
@@ -64,30 +109,59 @@ std::string fontName(int number) {
 
 }  // namespace
 
+std::vector<OptionLine> defaultOptions() {
+    return {
+        {"DisplayOptions", "NO"},
+        {"Project", "Installation verification"},
+        {"Pref", "NO"},
+        {"MusDirectory", files().currentFolder()},
+        {"NamesFile", "NAMES.TUL"},
+        {"Resolution", "600"},
+        {"PreferedSuffix", "MUS"},
+        {"PageNumberPlace", "Side"},
+        {"PageNumberSize", "201.1"},
+        {"PageNumberFont", "0"},
+        {"PageNumberLength", "2"},
+        {"BarNumberPlace", "First"},
+        {"BarNumberFont", "1"},
+        {"BarNumberSize", "201"},
+        {"RehearsalFont", "0"},
+        {"RehearsalSize", "1"},
+        {"PlateNumber", ""},
+        {"PlateNumberFont", "_00"},
+        {"PlateNumberSize", ".8"},
+        {"FingerFontLH", "0"},
+        {"FingerSizeLH", ".75"},
+        {"FingerFontRH", "_26"},
+        {"FingerSizeRH", ".75"},
+        {"LyricsFont", "_00"},
+        {"LyricsSize", "1"},
+        {"StaffRange", "32"},
+        {"FontPreference", "PSC"},
+        {"ScoreEnginePreference", "3"},
+    };
+}
+
 void WriteDefaultOptions() {
-    const DateTime now = clock().now();
-    std::string text = "* Global TUL Options settings - generated " + dateText(now) + " at " + timeText(now) +
-                       " by " + identity.VersionText + newLine;
-    for (const std::string& line :
-         {std::string("DisplayOptions=NO"), std::string("Project=Installation verification"),
-          std::string("Pref=NO"), "MusDirectory=" + files().currentFolder(),
-          std::string("NamesFile=NAMES.TUL")})
-        text += line + newLine;
-    for (const char* line :
-         {"Resolution=600",      "PreferedSuffix=MUS", "PageNumberPlace=Side",   "PageNumberSize=201.1",
-          "PageNumberFont=0",    "PageNumberLength=2", "BarNumberPlace=First",   "BarNumberFont=1",
-          "BarNumberSize=201",   "RehearsalFont=0",    "RehearsalSize=1",        "PlateNumber=",
-          "PlateNumberFont=_00", "PlateNumberSize=.8", "FingerFontLH=0",         "FingerSizeLH=.75",
-          "FingerFontRH=_26",    "FingerSizeRH=.75",   "LyricsFont=_00",         "LyricsSize=1",
-          "StaffRange=32",       "FontPreference=PSC", "ScoreEnginePreference=3"})
-        text += line + newLine;
+    std::string text = "* Global TUL Options settings - generated " + dateAndTime(" at ") + " by " +
+                       identity.VersionText + newLine;
+    for (const OptionLine& line : defaultOptions()) text += line.key + "=" + line.value + newLine;
     if (files().replace(paths.OptionsFilePath, text) != FileError::none)
         endWith(paths.OptionsFilePath + " could not be opened for output. Hit Enter to abort");
 }
 
+void storeProjectOption(std::string_view key, const std::string& value) {
+    storeInto(sharedOptions, upperCase(key), value);
+}
+
 void ReadProjectOptions() {
     projectSettings.Code9Path = machineSettings.LibPath + "\\CODE9.DAT";
-    for (const KeyValue& option : readOptions()) storeOption(option);
+    for (const KeyValue& option : readOptions()) storeInto(sharedOptions, option.key, option.value);
+}
+
+void ReadReturnedOptions() {
+    ReadProjectOptions();
+    for (const KeyValue& option : readOptions()) storeInto(returnedOptions, option.key, option.value);
 }
 
 void readMusDirectory() {

@@ -2,17 +2,32 @@
 
 #include <array>
 #include <string>
+#include <string_view>
+#include <vector>
 
-/// TULPROJ.PRO, the project-level choices, as start-up reads them.
+/// TULPROJ.PRO, the project-level choices, as the tools read them. The options panel reads and writes the
+/// whole file (`global_options.h`).
 namespace tul {
 
-/// Writes the options file of a new installation. Ends the program when it cannot be written.
+struct OptionLine {
+    std::string key;
+    std::string value;
+};
+
+/// The lines of the options file of a new installation, in its order.
+std::vector<OptionLine> defaultOptions();
+/// Writes them. Ends the program when the file cannot be written.
 void WriteDefaultOptions();
 
 /// Reads what the tools need. Ends the program when the file cannot be opened.
 void ReadProjectOptions();
+/// The same behind the options panel, which makes a few more values known.
+void ReadReturnedOptions();
 /// Reads `MusDirectory` alone.
 void readMusDirectory();
+
+/// Stores one value as `ReadProjectOptions` does. Nothing happens for a key that it passes over.
+void storeProjectOption(std::string_view key, const std::string& value);
 
 /// SCORE's fonts by number: the name, empty for a font that the library does not have.
 struct FontTable {

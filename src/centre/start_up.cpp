@@ -44,8 +44,8 @@ void nameVersion() {
 void testWriting() {
     if (identity.platformCode() == "XP") return;
     const std::string file = "TULVERSION.TXT";
-    files().replace(file, dateAndTime() + newLine);
-    if (FileExists(file)) return;
+    const FileError error = files().replace(file, dateAndTime() + newLine);
+    if (error == FileError::none && FileExists(file)) return;
     endWith("You are running on Windows " + identity.OsCode + newLine +
             "User Account Control prohibits writing in the current folder: " + files().currentFolder() +
             newLine + "TUL needs to terminate.");

@@ -46,7 +46,9 @@ void ViewWithEditor(const std::string& path) {
     if (face().showsTextItself() || !editorIsThere()) {
         face().showText(path);
     } else {
-        ShellAndWait(editor.path + " " + GetShortName(path));
+        const std::string shortPath = GetShortName(path);
+        const bool isBareProgram = programOf(editor.path) == editor.path;
+        ShellAndWait(editor.path + " " + shortPath, isBareProgram ? std::vector{shortPath} : std::vector<std::string>());
     }
 }
 
@@ -74,11 +76,7 @@ void editNotepadFile() {
 }
 
 void showAndDelete(Report& report) {
-    if (!report.close()) {
-        MsgBox("The report " + report.path() + " could not be written. The disk may be full.", Buttons::ok,
-               Icon::exclamation);
-        return;
-    }
+    if (!report.close()) endWith("The report " + report.path() + " could not be written. The disk may be full.");
     ViewWithEditor(report.path());
     files().remove(report.path());
 }

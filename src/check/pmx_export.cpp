@@ -195,6 +195,17 @@ RunStep processSelection(Report& report, std::size_t pathWidth) {
     return RunStep::nextFile;
 }
 
+void finishReport(Report& report) {
+    report.line(" ");
+    report.line("Number of files processed: " + plain(selection.SelectionCount));
+    if (pmxRun.control.cancelled()) report.line("(Processing interrupted by user)");
+    if (pmxRun.options.chkPMXreport) {
+        showAndDelete(report);
+    } else {
+        files().remove(report.path());
+    }
+}
+
 }  // namespace
 
 void resetPmxRun() { pmxRun = {}; }
@@ -231,19 +242,13 @@ void cmdPmxRun() {
     const RunStep step = processSelection(report, pathWidth);
     pmxRun.panPmxFloodRun.visible = false;
     pmxRun.lblPmxStatus.clear();
-    pmxRun.control.endRun();
+    pmxRun.control.endLoop();
     if (step == RunStep::outputRefused) {
         report.close();
-        return;
-    }
-    report.line(" ");
-    report.line("Number of files processed: " + plain(selection.SelectionCount));
-    if (pmxRun.control.cancelled()) report.line("(Processing interrupted by user)");
-    if (pmxRun.options.chkPMXreport) {
-        showAndDelete(report);
     } else {
-        files().remove(report.path());
+        finishReport(report);
     }
+    pmxRun.control.endRun();
 }
 
 }  // namespace tul::pmx

@@ -87,9 +87,10 @@ void cmdValidateRun() {
     validateSelection(report);
     validation.panValidFloodRun.visible = false;
     validation.lblValidStatus.clear();
-    validation.control.endRun();
+    validation.control.endLoop();
     writeTotals(report);
     showAndDelete(report);
+    validation.control.endRun();
 }
 
 }  // namespace tul::valid

@@ -61,6 +61,14 @@ bool checkMeaning() {
     return goOn;
 }
 
+/// What the messages pass over or only mention, but the other tools stop at. A code 15 item may be as long as
+/// the file name that it holds.
+bool isRefusedByTools(float code, int parameters) {
+    const float whole = integerPart(code);
+    const bool isText = whole == 11.0F || whole == 15.0F || whole == 16.0F;
+    return isText ? parameters < shortestTextItem : parameters > Parameters::count;
+}
+
 void readParameterItem(int parameters) {
     if (parameters > Parameters::count) {
         inform("MUS file structure error. Invalid number of parms: " + plain(parameters) + newLine +
@@ -110,8 +118,7 @@ ItemEnd validateItem(Report& report) {
             return giveUp("MUS file structure error. Text length error (" + plain(*parameters) + ").", true);
         readTextItem(*parameters);
     } else {
-        // The text of a code 15 item is as long as a file's name: only the other codes are damaged by it.
-        if (*parameters > Parameters::count && code != 15.0F) validation.damaged = true;
+        if (isRefusedByTools(code, *parameters)) validation.damaged = true;
         readParameterItem(*parameters);
     }
     if (!checkMeaning()) {
@@ -144,9 +151,11 @@ void tellBeyondEnd() {
 void validateItems(Report& report) {
     if (musReader.MusWordCount < 0) return tellNoWordCount();
     while (musReader.MusWordIndex <= musReader.MusWordCount) {
-        const bool ended = atTrailer() || atShortTrailer();
-        if (atTrailer()) MusReadTrailer();
-        if (ended) return MusClose();
+        if (atTrailer()) {
+            MusReadTrailer();
+            return MusClose();
+        }
+        if (atShortTrailer()) return MusClose();
         if (validateItem(report) == ItemEnd::stop) return;
     }
     tellBeyondEnd();
@@ -173,7 +182,7 @@ void RecoverMUS(const std::string& path, int items) {
     if (answer == Answer::cancel) return;
     const std::string command = program + " " + path + " " + plain(items);
     if (FileExists(program)) {
-        ShellAndWait(command);
+        ShellAndWait(command, {path, plain(items)});
     } else {
         inform("Program " + program + " not located." + newLine + "Recovery cannot be done." + newLine +
                "The command string is:" + newLine + command);

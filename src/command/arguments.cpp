@@ -27,6 +27,16 @@ ParseResult usageError(const std::string& what) {
     return {.goOn = false, .exitStatus = exitUsage, .text = what + "\nSee: tulcmd --help"};
 }
 
+/// The parser takes "[a,b]" for a list of two files. A file of such a name is the same file behind "./".
+std::vector<std::string> withPlainBrackets(std::vector<std::string> words) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const bool isValue = i > 0 && (words[i - 1] == "--home" || words[i - 1] == "--set" ||
+                                       words[i - 1] == "--press" || words[i - 1] == "--answer");
+        if (!isValue && words[i].starts_with('[')) words[i].insert(0, "./");
+    }
+    return words;
+}
+
 /// One value for each appearance of the option, and no more.
 CLI::Option* addRepeated(CLI::App& app, const std::string& name, std::vector<std::string>& values,
                          const std::string& type, const std::string& description) {
@@ -62,7 +72,8 @@ ParseResult parseArguments(const std::vector<std::string>& words, Arguments& arg
         ->type_name("");
 
     try {
-        std::vector<std::string> reversed(words.rbegin(), words.rend());
+        std::vector<std::string> reversed = withPlainBrackets(words);
+        std::reverse(reversed.begin(), reversed.end());
         app.parse(std::move(reversed));
     } catch (const CLI::CallForHelp&) {
         return {.goOn = false, .exitStatus = 0, .text = app.help()};

@@ -1,16 +1,22 @@
 #include "command/command_run.h"
 
+#include <algorithm>
+#include <exception>
 #include <iostream>
-#include <map>
 #include <optional>
+#include <set>
+#include <unordered_set>
 #include <utility>
+#include <variant>
 #include <vector>
 
+#include "base/numbers.h"
 #include "base/text.h"
 #include "centre/names_file.h"
 #include "centre/start_up.h"
 #include "panels/fresh_process.h"
 #include "panels/panel_list.h"
+#include "shared/letter_case.h"
 #include "shared/panel.h"
 #include "shared/records.h"
 
@@ -50,6 +56,8 @@ std::string onOneLine(const std::string& text) {
     return line;
 }
 
+constexpr std::size_t mostNames = 32767;  // as its counter has 16 bits
+
 constexpr std::size_t nameColumn = 28;
 constexpr std::size_t kindColumn = 10;
 
@@ -74,24 +82,30 @@ void listPanel(Panel& panel, std::ostream& out) {
     }
 }
 
-/// The files in the installation's form. The selection is kept in upper case: a name that then leads to
-/// another file, or that two of the files share, is refused.
+/// What keeps one file from being selected.
+Refusal refusalOfFile(const std::string& given, const std::string& path) {
+    const auto info = files().info(path);
+    if (!info) return "There is no file " + given + ".";
+    if (info->folder) return given + " is a folder.";
+    if (!files().canRead(path)) return given + " cannot be read.";
+    return std::nullopt;
+}
+
+/// The files in the installation's form, each once. Whatever cannot become a selection is refused here, so that
+/// the present one is not lost for a slip of the pen.
 Refusal takeFiles(const std::vector<std::string>& given, std::vector<std::string>& taken) {
-    std::map<std::string, std::string> byUpperCase;
+    std::unordered_set<std::string> known;
     for (const std::string& name : given) {
         const auto path = files().fromNative(name);
         if (!path) return "The name " + name + " cannot be written into a names file.";
-        const auto [other, isNew] = byUpperCase.emplace(upperCase(*path), *path);
-        if (!isNew && other->second == *path) continue;
-        if (!isNew)
-            return "These two names differ in letter case only: " + files().toNative(other->second) +
-                   " and " + files().toNative(*path);
-        const std::string found = files().toNative(upperCase(*path));
-        if (files().canRead(*path) && found != files().toNative(*path))
-            return "These two names differ in letter case only: " + files().toNative(*path) + " and " + found;
+        if (!known.insert(*path).second) continue;
+        if (Refusal refusal = refusalOfFile(name, *path)) return refusal;
         taken.push_back(*path);
+        if (upperCase(folderOf(*path)) != upperCase(folderOf(taken.front())))
+            return given.front() + " and " + name + " lie in different folders; a selection has one folder.";
     }
-    return std::nullopt;
+    if (taken.size() > mostNames) return "A selection has at most " + plain(mostNames) + " files.";
+    return findLetterCaseClash(taken);
 }
 
 bool writeNamesFile(const std::vector<std::string>& names) {
@@ -111,7 +125,7 @@ Refusal findUnknown(const Arguments& arguments, Panel& panel) {
     return std::nullopt;
 }
 
-Refusal refusalOf(PanelAnswer answer, const std::string& name) {
+Refusal refusalOf(PanelAnswer answer, const std::string& name, bool isPress) {
     switch (answer) {
         case PanelAnswer::done:
             return std::nullopt;
@@ -121,20 +135,77 @@ Refusal refusalOf(PanelAnswer answer, const std::string& name) {
         case PanelAnswer::disabled:
             break;
     }
-    return name + " is not enabled now" + (selection.SelectionValid ? "." : ": no music files are selected.");
+    const bool mayLackSelection = isPress && !selection.SelectionValid;
+    return name + " is not enabled now" + (mayLackSelection ? ": no music files are selected." : ".");
 }
 
-Refusal act(const Arguments& arguments, Panel& panel) {
-    bool pressed = false;
-    for (const Action& action : arguments.actions) {
-        const bool isPress = action.kind == Action::Kind::press;
-        pressed = pressed || isPress;
-        const PanelAnswer answer = isPress ? panel.press(action.name) : panel.set(action.name, action.value);
-        if (const Refusal refusal = refusalOf(answer, action.name)) return refusal;
+/// The lists that were brought up since the last look, as a window would show them.
+class ListPrinter {
+  public:
+    explicit ListPrinter(std::ostream& out) : out_(out) {}
+
+    void markShown(const Panel& panel) {
+        for (const Field& field : panel.fields)
+            if (isUp(field)) shown_.insert(field.name);
     }
-    if (pressed) return std::nullopt;
-    if (panel.runCommand.empty()) return panel.name + " has no Run command: press one.";
-    return refusalOf(panel.press(panel.runCommand), panel.runCommand);
+    void printNew(const Panel& panel) {
+        for (const Field& field : panel.fields) {
+            if (!isUp(field) || !shown_.insert(field.name).second) continue;
+            const ListBox& list = *std::get<ListBox*>(field.value);
+            if (!list.title.empty()) out_ << toUtf8(list.title) << "\n\n";
+            for (const std::string& entry : list.entries) out_ << toUtf8(entry) << '\n';
+        }
+    }
+
+  private:
+    static bool isUp(const Field& field) {
+        const auto list = std::get_if<ListBox*>(&field.value);
+        return list && (*list)->visible && field.visible();
+    }
+
+    std::ostream& out_;
+    std::set<std::string> shown_;
+};
+
+Refusal act(const Arguments& arguments, Panel& panel, std::ostream& out) {
+    std::vector<Action> actions = arguments.actions;
+    const auto isPress = [](const Action& action) { return action.kind == Action::Kind::press; };
+    if (std::none_of(actions.begin(), actions.end(), isPress)) {
+        if (panel.runCommand.empty()) return panel.name + " has no Run command: press one.";
+        actions.push_back({Action::Kind::press, panel.runCommand, {}});
+    }
+    ListPrinter lists(out);
+    lists.markShown(panel);
+    for (const Action& action : actions) {
+        const PanelAnswer answer =
+            isPress(action) ? panel.press(action.name) : panel.set(action.name, action.value);
+        if (Refusal refusal = refusalOf(answer, action.name, isPress(action))) return refusal;
+        lists.printNew(panel);
+    }
+    return std::nullopt;
+}
+
+/// Start-up, the panel, and what is to be done on it. The panel's exit status, or what was wrong.
+std::variant<int, std::string> runPanel(const Arguments& arguments, const PanelEntry& entry,
+                                        const std::vector<std::string>& names, ConsoleFace& consoleFace,
+                                        std::ostream& out) {
+    // The names file belongs to the process that has claimed the installation. It is written before start-up
+    // checks it; but the questions of a first use select files themselves, and throw that selection away.
+    const bool mayWrite = !names.empty() && files().canRead("TULMONIT.EXE") && !platform().anotherInstanceRuns();
+    const bool isFirstUse = !files().canRead("TULCNTRL.INI");
+    bool written = !mayWrite || isFirstUse || writeNamesFile(names);
+    StartUp();
+    if (mayWrite && isFirstUse) written = writeNamesFile(names);
+    if (!written) endWith("NAMES.TUL could not be written.");
+    Panel panel = entry.make();
+    consoleFace.watch(&panel);
+    if (panel.load) panel.load();
+    if (arguments.list) {
+        listPanel(panel, out);
+        return 0;
+    }
+    if (const Refusal refusal = act(arguments, panel, out)) return *refusal;
+    return panel.exitStatus();
 }
 
 }  // namespace
@@ -152,34 +223,28 @@ int runCommand(const Arguments& arguments, Host machine, const std::string& prog
     installHost(machine);
     freshProcess();
 
+    Panel unloaded = entry.make();
+    if (const Refusal unknown = findUnknown(arguments, unloaded)) return refuse(*unknown, listHint);
     std::vector<std::string> names;
     if (const Refusal refusal = takeFiles(arguments.files, names)) return refuse(*refusal, "--help");
     const auto home = arguments.home.empty() ? programFolder : files().fromNative(arguments.home);
     if (!home || !files().changeFolder(*home))
         return refuse("There is no folder " + arguments.home + ".", "--help");
 
+    int status = 0;
     try {
-        // The names file belongs to the process that has claimed the installation. It is written before start-up
-        // checks it; but the questions of a first use select files themselves, and throw that selection away.
-        const bool mayWrite = !names.empty() && !platform().anotherInstanceRuns();
-        const bool isFirstUse = !files().canRead("TULCNTRL.INI");
-        bool written = !mayWrite || isFirstUse || writeNamesFile(names);
-        StartUp();
-        if (mayWrite && isFirstUse) written = writeNamesFile(names);
-        if (!written) endWith("NAMES.TUL could not be written.");
-        Panel panel = entry.make();
-        consoleFace.watch(&panel);
-        if (panel.load) panel.load();
-        if (arguments.list) {
-            listPanel(panel, console.out);
-            return 0;
-        }
-        if (const Refusal unknown = findUnknown(arguments, panel)) return refuse(*unknown, listHint);
-        if (const Refusal refusal = act(arguments, panel)) return refuse(*refusal, listHint);
-        return panel.exitStatus();
+        const auto outcome = runPanel(arguments, entry, names, consoleFace, console.out);
+        if (const auto refusal = std::get_if<std::string>(&outcome)) return refuse(*refusal, listHint);
+        status = std::get<int>(outcome);
     } catch (const ProgramEnd& end) {
-        return end.status;
+        status = end.status;
+    } catch (const std::exception& fault) {
+        console.err << "The program ended at a fault of its own: " << fault.what() << '\n';
+        return exitFatal;
     }
+    if (console.out.flush()) return status;
+    console.err << "Standard output could not be written.\n";
+    return exitFatal;
 }
 
 }  // namespace tul::command

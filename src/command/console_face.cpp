@@ -115,8 +115,12 @@ void ConsoleFace::showText(const std::string& path) {
 }
 
 void ConsoleFace::openPanel(const std::string& name) {
-    // The main panel stands behind every run; of the others only the viewer has something to print.
-    if (name != "frmNotepad") return;
+    if (name == "frmLogo") return;  // it stands behind every run
+    if (name != "frmNotepad") {
+        tell("message", "Open it with: tulcmd " + std::string(findPanel(name)->shortName));
+        console_.err << '\n';
+        return;
+    }
     Panel panel = findPanel(name)->make();
     console_.out << toUtf8(panel.caption) << "\n\n";
     for (const Field& field : panel.fields)

@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
     const Console console{.out = std::cout,
                           .err = std::cerr,
                           .in = std::cin,
-                          .canAsk = isatty(STDIN_FILENO) != 0,
+                          .canAsk = isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0,
                           .showsProgress = isatty(STDERR_FILENO) != 0};
     return runCommand(arguments, machine->host(), machine->programFolder(), console);
 }

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "companions/companion.h"
 #include "companions/terminal.h"
+#include "shared/letter_case.h"
 
 // Lets the user choose files of one folder and writes the names file. It has no window yet: it asks on the
 // terminal, and where there is none the present selection stays.
@@ -64,10 +65,12 @@ int main(int argc, char** argv) {
                                       static_cast<int>(names.size()));
     if (!chosen || chosen->empty())
         return companion::refuse("TULNAMES", "nothing was chosen; the selection stays.");
-    std::string text;
+    std::vector<std::string> paths;
     for (const int number : *chosen)
-        text += folder + (folder.ends_with('\\') ? "" : "\\") + names[static_cast<std::size_t>(number - 1)] +
-                " 1" + std::string(CrLf);
+        paths.push_back(folder + (folder.ends_with('\\') ? "" : "\\") + names[static_cast<std::size_t>(number - 1)]);
+    if (const auto clash = findLetterCaseClash(paths)) return companion::refuse("TULNAMES", *clash);
+    std::string text;
+    for (const std::string& path : paths) text += path + " 1" + std::string(CrLf);
     if (files().replace(startFolder + "\\" + namesFile, text) != FileError::none)
         return companion::refuse("TULNAMES", "the names file could not be written.");
     return companion::done;

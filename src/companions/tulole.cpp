@@ -1,5 +1,6 @@
 #include "base/text.h"
 #include "companions/companion.h"
+#include "shared/letter_case.h"
 
 // Takes the files that were dropped on a select button over into the names file.
 int main(int argc, char** argv) {
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
         if (info && info->folder) continue;
         text += path + " 1" + std::string(CrLf);
     }
+    if (const auto clash = findLetterCaseClash(arguments.list())) return companion::refuse("TULOLE", *clash);
     if (text.empty())
         return companion::refuse("TULOLE", "no files were dropped; the selection stays as it was.");
     if (files().replace(folder + "\\" + namesFile, text) != FileError::none)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace tul {
@@ -18,8 +19,8 @@ struct Message {
 };
 
 struct ScreenSize {
-    int width = 15360;  // twips, 15 to the pixel; a face without a screen counts as 1024 by 768 pixels
-    int height = 11520;
+    int width = 0;  // twips, 15 to the pixel
+    int height = 0;
 };
 
 /// What drives the panels: windows, the command line, a test. The logic talks to the user through it alone.
@@ -40,7 +41,8 @@ class Face {
     /// Hides the panel in front while an outside program has the screen, and shows it again.
     virtual void setPanelVisible(bool visible) = 0;
     virtual void setPointer(Pointer pointer) = 0;
-    virtual ScreenSize screen() const { return {}; }
+    /// Nothing for a face without a screen: it has no place to store.
+    virtual std::optional<ScreenSize> screen() const { return std::nullopt; }
     /// Repaints, and lets pending events run.
     virtual void yield() = 0;
 

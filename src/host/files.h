@@ -69,7 +69,7 @@ class Files {
     virtual std::string shortName(const std::string& path) const = 0;
     /// The installation's form of a path that a user or the desktop gave in the platform's own form, made
     /// absolute against the folder in which the process was started. Nothing for a name that cannot be
-    /// written in that form (one with a backslash or a line end in it).
+    /// written in that form (one with a backslash, a quotation mark or a line end in it).
     virtual std::optional<std::string> fromNative(const std::string& nativePath) const = 0;
     /// The path as the platform's own programs write it, with the letter case of the disk.
     virtual std::string toNative(const std::string& path) const = 0;

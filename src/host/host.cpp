@@ -18,6 +18,8 @@ struct YieldState {
 };
 YieldState yieldState;
 
+int waits = 0;  // waiting pointers inside one another
+
 }  // namespace
 
 void installHost(const Host& host) {
@@ -59,8 +61,13 @@ void yieldToEvents() {
     face().yield();
 }
 
-WaitingPointer::WaitingPointer() { face().setPointer(Pointer::waiting); }
-WaitingPointer::~WaitingPointer() { face().setPointer(Pointer::normal); }
+WaitingPointer::WaitingPointer() {
+    if (waits++ == 0) face().setPointer(Pointer::waiting);
+}
+
+WaitingPointer::~WaitingPointer() {
+    if (--waits == 0) face().setPointer(Pointer::normal);
+}
 
 HiddenPanel::HiddenPanel() { face().setPanelVisible(false); }
 HiddenPanel::~HiddenPanel() { face().setPanelVisible(true); }

@@ -65,7 +65,7 @@ extern MusReader musReader;
 /// Back to the state before the first file of a process.
 void resetMusReader();
 
-/// Length and range of item codes.
+/// The range of item codes, and lengths in words.
 inline constexpr float lowestItemCode = 1.0F;
 inline constexpr float highestItemCode = 18.0F;
 inline constexpr int shortestTextItem = 14;  // parameters of a text item: 13 words, then the text

@@ -1,5 +1,6 @@
 #include "panels/fresh_process.h"
 
+#include "centre/global_options.h"
 #include "centre/main_panel.h"
 #include "centre/project_options.h"
 #include "check/pmx_export.h"
@@ -14,6 +15,7 @@ void freshProcess() {
     resetMusReader();
     resetCentreRecords();
     fontTable = {};
+    globalOptions = {};
     valid::resetValidation();
     pmx::resetPmxRun();
 }

@@ -1,6 +1,7 @@
 #include "panels/panel_list.h"
 
 #include "base/text.h"
+#include "panels/global_options_panel.h"
 #include "panels/logo_panel.h"
 #include "panels/notepad_panel.h"
 #include "panels/pmx_panel.h"
@@ -14,6 +15,8 @@ const std::vector<PanelEntry>& panelList() {
          makeLogoPanel},
         {"frmValid", "valid", "validate", "check the structure of music files", makeValidPanel},
         {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", makePmxPanel},
+        {"frmGlobalOptions", "globaloptions", "options", "the choices of a project: folder, suffix, fonts, sizes",
+         makeGlobalOptionsPanel},
         {"frmNotepad", "notepad", "", "the built-in viewer of text files", makeNotepadPanel},
     };
     return panels;

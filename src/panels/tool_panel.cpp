@@ -17,16 +17,16 @@ void loadToolPanel(const std::string& caption, PanelPlace& place) {
 Command selectCommand(const std::string& name, const std::string& message, std::string& viewTip,
                       Live<bool> enabled) {
     return {.name = name,
-            .caption = std::string("Select"),
+            .caption = "Select",
             .run = [message, &viewTip] { SelectFiles(message, viewTip); },
             .enabled = std::move(enabled),
-            .toolTip = std::string("Select music files, or drop them here"),
+            .toolTip = "Select music files, or drop them here",
             .drop = [&viewTip](const std::vector<std::string>& dropped) { DropFiles(dropped, viewTip); }};
 }
 
 Command viewCommand(const std::string& name, std::string& viewTip, const Live<bool>& enabled) {
     return {.name = name,
-            .caption = std::string("View"),
+            .caption = "View",
             .run = [&viewTip] { ViewNamesFile(viewTip); },
             .enabled = [enabled] { return selection.SelectionValid && enabled(); },
             .toolTip = [&viewTip] { return viewTip; }};

@@ -60,7 +60,7 @@ Panel makeValidPanel() {
         withFirstName(selectCommand("cmdValidateSelect", "", validPanel.viewTip, idle)),
         withFirstName(viewCommand("cmdValidateView", validPanel.viewTip, idle)),
         {.name = "cmdValidateRun",
-         .caption = std::string("Run"),
+         .caption = "Run",
          .run = valid::cmdValidateRun,
          .enabled = [] { return selection.SelectionValid && !validation.control.running; }},
         {.name = "cmdValidateReturn",

@@ -12,6 +12,9 @@ template <class T>
 class Live {
   public:
     Live(T fixed) : source_(std::move(fixed)) {}
+    Live(const char* fixed)
+        requires std::is_constructible_v<T, const char*> && (!std::is_same_v<T, bool>)
+        : source_(T(fixed)) {}
     template <class F>
     requires std::is_invocable_r_v<T, F> Live(F computed)
         : source_(std::function<T()>(std::move(computed))) {}

@@ -4,6 +4,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "host/host.h"
 
 namespace tul {
 
@@ -37,6 +38,8 @@ bool isBoolean(std::string_view text) {
     return isNumeric(text) || equalIgnoringCase(trim(text), "TRUE") || equalIgnoringCase(trim(text), "FALSE");
 }
 
+bool isOpen(const Field& field) { return field.visible() && field.enabled(); }
+
 }  // namespace
 
 std::string Field::text() const { return std::visit(AsText{}, value); }
@@ -53,15 +56,16 @@ Command* Panel::command(std::string_view commandName) { return findByName(comman
 PanelAnswer Panel::set(std::string_view fieldName, const std::string& text) {
     Field* const target = field(fieldName);
     if (!target) return PanelAnswer::unknown;
-    if (!target->enabled()) return PanelAnswer::disabled;
+    if (!isOpen(*target)) return PanelAnswer::disabled;
 
     if (const auto flag = std::get_if<bool*>(&target->value)) {
         if (!isBoolean(text)) return PanelAnswer::invalid;
         const bool on = isTrue(text);
         if (target->kind == FieldKind::option && on) {
             for (Field& other : fields)
-                if (other.kind == FieldKind::option && other.group == target->group)
-                    *std::get<bool*>(other.value) = false;
+                if (const auto option = std::get_if<bool*>(&other.value);
+                    option && other.kind == FieldKind::option && other.group == target->group)
+                    **option = false;
         }
         **flag = on;
         if (target->accept) target->accept(target->text());
@@ -69,7 +73,8 @@ PanelAnswer Panel::set(std::string_view fieldName, const std::string& text) {
     }
     if (const auto number = std::get_if<int*>(&target->value)) {
         const auto page = isWholeNumber(text) ? toInt32(numericValue(text)) : std::nullopt;
-        if (!page) return PanelAnswer::invalid;
+        if (!page || (target->choices > 0 && (*page < 0 || *page >= target->choices)))
+            return PanelAnswer::invalid;
         **number = *page;
         return PanelAnswer::done;
     }
@@ -84,6 +89,18 @@ PanelAnswer Panel::set(std::string_view fieldName, const std::string& text) {
     std::string kept = target->accept ? target->accept(text) : text;
     *std::get<std::string*>(target->value) = std::move(kept);
     return PanelAnswer::done;
+}
+
+PanelAnswer Panel::click(std::string_view fieldName) {
+    const Field* const target = field(fieldName);
+    if (!target) return PanelAnswer::unknown;
+    if (!isOpen(*target)) return PanelAnswer::disabled;
+    if (target->click) {
+        target->click();
+        return PanelAnswer::done;
+    }
+    if (target->kind != FieldKind::text || target->prompt().empty()) return PanelAnswer::disabled;
+    return set(fieldName, InputBox(target->prompt(), target->text()));
 }
 
 PanelAnswer Panel::press(std::string_view commandName) {

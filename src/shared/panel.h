@@ -26,7 +26,7 @@ struct ListBox {
 enum class FieldKind {
     text,      // filled through an input box when it has a prompt; read only otherwise
     check,     // on or off
-    option,    // one of its group is on
+    option,    // one of its group is on; or, as a number, which of its row is on, from 0
     tab,       // number of the page in front, from 0
     list,      // entries to choose from
     label,     // shows a text
@@ -48,6 +48,10 @@ struct Field {
     std::function<std::string(const std::string&)> accept = {};
     Live<bool> enabled = true;
     Live<std::string> toolTip = std::string();
+    Live<bool> visible = true;
+    /// A click on it, where that does something else than to open the input box.
+    std::function<void()> click = {};
+    int choices = 0;  // tabs, options in a row: how many there are; 0 sets no limit
 
     /// The value as text: check and option "1" or "0", tab and progress a number, a list its entries by
     /// lines.
@@ -75,7 +79,7 @@ struct PanelPlace {
     int height = 6660;
 };
 
-/// `disabled` stands for a read-only field too; `invalid` for a text that is no value of the field.
+/// `disabled` stands for a hidden or read-only field too; `invalid` for a text that is no value of the field.
 enum class PanelAnswer { done, unknown, disabled, invalid };
 
 /// A tool as a record of fields and a list of commands. A face only sets fields and presses commands.
@@ -96,6 +100,8 @@ class Panel {
     /// What typing into the field's input box, or clicking the control, does. A check or an option takes a
     /// boolean, a tab a number; `invalid` when the text is none.
     PanelAnswer set(std::string_view fieldName, const std::string& text);
+    /// A click on a text field: opens its input box with the present text, or does what it does instead.
+    PanelAnswer click(std::string_view fieldName);
     PanelAnswer press(std::string_view commandName);
 };
 

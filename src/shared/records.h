@@ -99,17 +99,23 @@ struct ProjectSettings {
     std::string LyricsSize;
     std::string LyricsFont;
     std::string PageNumberFont;
-    std::string PageNumberSize;
+    std::string PageNumberSize;    // 200 added
+    std::string PageNumberLength;  // digits of a number in a file name
+    std::string BarNumberFont;
+    std::string BarNumberSize;  // 200 added
     std::string PlateNumber;
     std::string PlateNumberFont;
     std::string PlateNumberSize;
     std::string Code9Path;
     std::string FontPreference = "PSC";
     std::string ScoreEnginePreference = "3";
+    std::string InputMode = "D";  // of the input tool: "D" DOS, "W" Windows
+    std::string Library;          // known once the options panel has returned
     std::int16_t StaffRange = 32;  // the highest valid staff number, 32 or 200
     std::int16_t PanelPreference = 0;
     std::int16_t BypassDecimalTest = 0;
     std::int16_t BypassPlatformTest = 0;
+    std::int16_t WarnOnPathLength = 0;  // known once the options panel has returned
 };
 
 /// The one group of pages that every tool works on. Owner: the reading of the names file.

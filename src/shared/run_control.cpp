@@ -8,16 +8,11 @@ void RunControl::beginRun() {
     running = true;
 }
 
-void RunControl::endRun() {
-    returnCaption = "Return";
-    running = false;
-}
-
 void RunControl::press() {
     if (returnCaption == "Cancel") {
         cancelFlag = "cancel";
         returnCaption = "Return";
-    } else {
+    } else if (!running) {
         closed = true;
     }
 }

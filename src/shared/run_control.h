@@ -13,9 +13,12 @@ struct RunControl {
     bool closed = false;                   // the panel was unloaded
 
     void beginRun();
-    void endRun();
+    /// The loop is over: the button returns again. The other buttons wait until the report was read.
+    void endLoop() { returnCaption = "Return"; }
+    void endRun() { running = false; }
     bool cancelled() const { return !cancelFlag.empty(); }
-    /// The button: asks a run to stop, or closes the panel when none is on.
+    /// The button: asks a run to stop, or closes the panel when none is on. A second click while the run is
+    /// still unwinding does nothing.
     void press();
 };
 

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "base/text.h"
 #include "panels/panel_list.h"
 #include "shared/records.h"
@@ -32,16 +30,16 @@ class DebugSummary : public ::testing::Test {
         WriteDebugSummary();
         return linesIn(host.read("TULDEBUG.TXT"));
     }
-    /// The lines of a section, without its heading.
+    /// The lines behind the heading of a section.
     Lines section(const std::string& title) {
-        const Lines all = summary();
-        const auto isHeading = [](const std::string& line) {
-            return line.starts_with(" ---") || line.empty();
-        };
-        const auto start = std::find_if(
-            all.begin(), all.end(), [&](const auto& line) { return line.find("- " + title + " -") < 60; });
-        if (start == all.end()) return {};
-        return {start + 1, std::find_if(start + 1, all.end(), isHeading)};
+        Lines lines;
+        bool inside = false;
+        for (const std::string& line : summary()) {
+            if (inside && !line.empty() && !line.starts_with(" ---")) lines.push_back(line);
+            if (line.starts_with(" ---") || line.empty())
+                inside = line.find("- " + title + " -") < line.size();
+        }
+        return lines;
     }
     std::string tested(const std::string& path) {
         Report report("LINE.TXT");
@@ -70,14 +68,10 @@ TEST_F(DebugSummary, IsWrittenOnlyWhenAskedFor) {
     const Lines lines = summary();
     EXPECT_EQ(host.messages.back(), "Created file TULDEBUG.TXT in directory \r\n" + host.folder());
     EXPECT_EQ(host.shown, Lines{crlf(lines)});
-    ASSERT_GT(lines.size(), 5U);
-    EXPECT_EQ(lines[0],
-              "Debug summary for Support . . . . . . . . . . . . . . v8.0.0.200 Stamp = 11-21-2026 09:05:07");
-    EXPECT_EQ(lines[1], "");
-    EXPECT_EQ(lines[2], "Current directory . . . . . . . . . . . . . . . . . . " + host.folder());
-    EXPECT_EQ(lines[3], "");
-    EXPECT_EQ(lines[4],
-              " --------------------------------------------- General ----------------------------------");
+    EXPECT_TRUE(host.shown[0].starts_with(
+        crlf({"Debug summary for Support . . . . . . . . . . . . . . v8.0.0.200 Stamp = 11-21-2026 09:05:07",
+              "", "Current directory . . . . . . . . . . . . . . . . . . " + host.folder(), "",
+              " --------------------------------------------- General ----------------------------------"})));
 
     host.messages.clear();
     host.faultyFiles().refusals["TULDEBUG.TXT"] = FileError::diskFull;
@@ -88,26 +82,18 @@ TEST_F(DebugSummary, IsWrittenOnlyWhenAskedFor) {
 
 TEST_F(DebugSummary, HasItsSectionsInOrder) {
     std::string titles;
-    std::size_t files = 0;
     const Lines lines = summary();
-    for (const std::string& line : lines) {
-        files += line.ends_with("not located") ? 1 : 0;
-        if (!line.starts_with(" ---")) continue;
-        EXPECT_EQ(line.size(), 89U);
-        titles += line.substr(47, line.find(" -", 47) - 47) + "|";
+    for (std::size_t i = 4; i < lines.size(); ++i) {
+        if (lines[i].empty()) titles += "/";
+        if (!lines[i].starts_with(" ---")) continue;
+        EXPECT_EQ(lines[i].size(), 89U);
+        titles += lines[i].substr(47, lines[i].find(" -", 47) - 47) + "|";
     }
-    EXPECT_EQ(titles,
-              "General|Service|SCORE|Editors|Anlib|Clef|Dur|Draw|EPS|Find|Input|Sib|Split|Stack|Text|Thema|"
-              "Tpose|Xlyr|"
-              "XML|Xref|Ad|Check Part|3rd party|ACCS|LJ|BEAM|seps4id|MidiScor, Lascor|");
-    EXPECT_EQ(files, 149U);
-    const auto title = std::find_if(lines.begin(), lines.end(), [](const auto& line) {
-        return line.find(" 3rd party ") != std::string::npos;
-    });
-    ASSERT_NE(title, lines.end());
-    EXPECT_EQ(title[-1], "");
-    EXPECT_EQ(title[1], "");
-    EXPECT_NE(title[2].find(" ACCS "), std::string::npos);
+    EXPECT_EQ(
+        titles,
+        "General|Service|SCORE|Editors|Anlib|Clef|Dur|Draw|EPS|Find|Input|Sib|Split|Stack|Text|Thema|Tpose|"
+        "Xlyr|XML|Xref|Ad|Check Part|/3rd party|/ACCS|LJ|BEAM|seps4id|MidiScor, Lascor|/");
+    EXPECT_EQ(lines.size(), 4U + 28U + 2U + 156U + 3U) << "a line for each of 156 modules";
 }
 
 TEST_F(DebugSummary, TestsAFileOnALine) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <ctime>
 #include <limits>
 #include <map>
 
@@ -50,6 +52,7 @@ class Validating : public ::testing::Test {
         host.write("PAGE.MUS", bytes);
         select({"PAGE.MUS"});
         cmdValidateRun();
+        EXPECT_FALSE(musReader.isOpen);
         Texts lines;
         for (const std::string_view line : linesOf(host.shown.at(0))) lines.emplace_back(line);
         return lines;
@@ -80,6 +83,17 @@ TEST_F(Validating, WritesTheReport) {
     finale.resize(32, ' ');
     host.write("F.MUS", finale + "Finale(R)");
     select({"A.MUS", "LONGER NAME.MUS", "F.MUS"});
+    std::tm stamp{};
+    stamp.tm_sec = 7;
+    stamp.tm_min = 5;
+    stamp.tm_hour = 9;
+    stamp.tm_mday = 3;
+    stamp.tm_mon = 1;
+    stamp.tm_year = 121;
+    stamp.tm_isdst = -1;
+    const auto moment = std::chrono::system_clock::from_time_t(std::mktime(&stamp));
+    for (const char* name : {"A.MUS", "LONGER NAME.MUS", "F.MUS"})
+        std::filesystem::last_write_time(host.nativeFolder() / name, std::chrono::file_clock::from_sys(moment));
     cmdValidateRun();
     EXPECT_TRUE(host.messages.empty());
     ASSERT_EQ(host.shown.size(), 1U);
@@ -95,7 +109,7 @@ TEST_F(Validating, WritesTheReport) {
     EXPECT_EQ(lines[3],
               "------------ --/--/---- --:--:-----  ----- ---- " + std::string(width, '-') + " -------");
     const auto row = [&](const std::string& name, const std::string& behindDate) {
-        return name + " " + EditDateTime(files().info(std::string(trim(name)))) + behindDate;
+        return name + " 02-03-2021 09:05:07   " + behindDate;
     };
     EXPECT_EQ(lines[4], row("A.MUS       ",
                             "66     2     " + padRight(upperCase(host.path("A.MUS")), width) + " 80200 "));
@@ -187,6 +201,9 @@ TEST_F(Validating, TellsEachStructuralFailureInItsOrder) {
     validate(pageOf(staff + words({13, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
     EXPECT_EQ(host.messages, (Texts{structure("Text length error (13).", 2), offer(33, 1)}));
 
+    validate(pageOf(words({13, 11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
+    EXPECT_EQ(host.messages, (Texts{structure("Text length error (13).", 1), noMusFile(), offer(2 * 100 / 20, 0)}));
+
     validate(header(9) + words({15, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
     EXPECT_EQ(
         host.messages,
@@ -195,13 +212,13 @@ TEST_F(Validating, TellsEachStructuralFailureInItsOrder) {
 }
 
 TEST_F(Validating, TellsTooManyParametersAndGoesOn) {
-    std::string item = words({22, 5, 1});
-    for (int i = 0; i < 20; ++i) item += words({0});
+    std::string item = words({21, 5, 1});
+    for (int i = 0; i < 19; ++i) item += words({0});
     validate(pageOf(staff + item));
     EXPECT_EQ(
         host.messages,
         (Texts{
-            "MUS file structure error. Invalid number of parms: 22\r\nItem number: 1\r\nPar1= 5\r\nFile: " +
+            "MUS file structure error. Invalid number of parms: 21\r\nItem number: 1\r\nPar1= 5\r\nFile: " +
                 file(),
             "Too many parameters in an item. SCORE sometimes does not reject this."}));
     EXPECT_EQ(validation.damagedFiles, 1);
@@ -211,6 +228,14 @@ TEST_F(Validating, TellsTooManyParametersAndGoesOn) {
     EXPECT_EQ(host.messages.size(), 2U);
     EXPECT_EQ(validation.damagedFiles, 0) << "a long file name in a code 15 item is no damage";
     EXPECT_TRUE(lines[4].ends_with(" 80200 "));
+}
+
+TEST_F(Validating, CountsWhatOtherToolsRefuseAsDamaged) {
+    for (const float code : {15.0F, 11.5F, 16.5F}) {
+        validate(pageOf(words({3, code, 1, 2})), {Answer::yes});
+        EXPECT_EQ(host.messages.size(), code == 15.0F ? 0U : 1U) << "no structural message";
+        EXPECT_EQ(validation.damagedFiles, 1) << code;
+    }
 }
 
 TEST_F(Validating, HandlesAnInvalidItemTypeOnWhatAClosedFileLeaves) {
@@ -236,6 +261,19 @@ TEST_F(Validating, HandlesAnInvalidItemTypeOnWhatAClosedFileLeaves) {
         (Texts{type, codeAt(2), fractionAt(2), staffAt(2), structure("Invalid item type: 19.5", 3), codeAt(3),
                fractionAt(3), staffAt(3),
                "Attempt to read beyond end of file.\r\nItem number: 3\r\nFile: " + file(), offer(140, 3)}));
+}
+
+TEST_F(Validating, EndsAnInvalidItemTypeWhereItsIndexMeetsTheTrailer) {
+    // The stale length of 19 leads 20 words on from the 9 or 10 that were read: to 29, the marks of a trailer.
+    std::string items = staff + words({2, 19, 1});
+    for (int i = 0; i < 6; ++i) items += words({2, 14, 1});
+    Texts lines = validate(pageOf(items + words({1, 1})), std::vector<Answer>(4, Answer::yes));
+    EXPECT_EQ(validation.damagedFiles, 1);
+    EXPECT_EQ(host.messages.size(), 4U) << "neither an end of the file nor a recovery";
+    EXPECT_TRUE(lines[4].ends_with(" 0 ")) << "a stamp of stale bytes";
+    lines = validate(pageOf(items + words({1})), std::vector<Answer>(4, Answer::yes));
+    EXPECT_EQ(host.messages.size(), 4U);
+    EXPECT_TRUE(lines[4].ends_with("PAGE.MUS ")) << "the mark of a short trailer";
 }
 
 TEST_F(Validating, EndsAnInvalidItemTypeAtAStaleLengthBelowTwo) {
@@ -269,6 +307,8 @@ TEST_F(Validating, TheLastAnswerOfAnItemCounts) {
     Texts lines = validate(page, {Answer::no, Answer::no, Answer::yes, Answer::no});
     EXPECT_EQ(host.messages.size(), 4U) << "a No is taken back by a later Yes";
     EXPECT_EQ(lines[4], "(Processing discontinued by user)");
+    validate(pageOf(words({2, 12.5F, 99})), {Answer::no, Answer::yes});
+    EXPECT_EQ(host.messages.size(), 2U);
     lines = validate(page, {Answer::yes, Answer::yes, Answer::no});
     EXPECT_EQ(host.messages.size(), 3U);
     EXPECT_EQ(lines[4], "(Processing discontinued by user)");
@@ -320,6 +360,8 @@ TEST_F(Validating, TakesTheRecognisedFinaleFilesOnly) {
     host.write("f.mus", finale + " Finale(R)");
     EXPECT_EQ(IsFinale(host.path("f.mus")), "");
     host.write("f.mus", "ENIGMA BINARY FILE");
+    EXPECT_EQ(IsFinale(host.path("f.mus")), "");
+    host.write("f.mus", std::string(32, '\0') + "Finale(R)");
     EXPECT_EQ(IsFinale(host.path("f.mus")), "");
     EXPECT_EQ(IsFinale(host.path("none.mus")), "");
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <map>
 #include <sstream>
 
 #include "command/arguments.h"
@@ -36,6 +37,11 @@ TEST(Arguments, KeepTheOrderOfWhatIsSetAndPressed) {
     EXPECT_EQ(arguments.files, (std::vector<std::string>{"one.mus", "two.mus"}));
     EXPECT_EQ(arguments.restAnswer, RestAnswer::no);
     EXPECT_EQ(arguments.panel, "valid");
+
+    Arguments brackets;
+    parseArguments({"--answer", "[x,y]", "valid", "[a,b]", "[draft]"}, brackets);
+    EXPECT_EQ(brackets.answers, std::vector<std::string>{"[x,y]"});
+    EXPECT_EQ(brackets.files, (std::vector<std::string>{"./[a,b]", "./[draft]"}));
 }
 
 TEST(Arguments, WrongUsageSaysWhatAndHowToGoOn) {
@@ -142,15 +148,35 @@ TEST_F(Tulcmd, RefusesWrongUsageBeforeItDoesAnything) {
     EXPECT_EQ(unknown.status, exitUsage);
     EXPECT_EQ(unknown.err, "frmValid has no field txtNone.\nSee: tulcmd valid --list\n");
     EXPECT_EQ(unknown.out, "");
+    EXPECT_FALSE(host.exists("NAMES.TUL"));
     EXPECT_EQ(run({"valid", page("good.mus"), "--set", "txtValidRange=99"}).status, exitUsage) << "read only";
     EXPECT_EQ(run({"logo"}).status, exitUsage) << "nothing to run";
     EXPECT_EQ(run({"--home", page("nowhere"), "valid"}).status, exitUsage);
 
-    const Outcome vanished = run({"valid", page("gone.mus")});
-    EXPECT_EQ(vanished.status, exitUsage);
-    EXPECT_NE(vanished.err.find("refers to non-existing or unaccessable file"), std::string::npos);
-    EXPECT_NE(vanished.err.find("cmdValidateRun is not enabled now: no music files are selected."),
-              std::string::npos);
+    std::filesystem::remove(host.nativeFolder() / "NAMES.TUL");
+    EXPECT_EQ(run({"valid"}).err,
+              "cmdValidateRun is not enabled now: no music files are selected.\nSee: tulcmd valid --list\n");
+}
+
+TEST_F(Tulcmd, RefusesWhatCannotBeSelectedAndKeepsTheSelection) {
+    std::filesystem::create_directory(host.nativeFolder() / "sub");
+    host.write("sub/good.mus", "x");
+    host.write("[a,b]", host.read("good.mus"));
+    ASSERT_EQ(run({"valid", page("good.mus")}).status, 0);
+    const std::string names = host.read("NAMES.TUL");
+    const std::map<std::string, std::string> refusals = {
+        {page("gone.mus"), "There is no file " + page("gone.mus") + "."},
+        {page("sub"), page("sub") + " is a folder."},
+        {page("sub/good.mus"), " lie in different folders; a selection has one folder."},
+        {page("back\\slash.mus"), "The name " + page("back\\slash.mus") + " cannot be written into a names file."},
+    };
+    for (const auto& [file, text] : refusals) {
+        const Outcome outcome = run({"valid", page("good.mus"), file});
+        EXPECT_EQ(outcome.status, exitUsage);
+        EXPECT_NE(outcome.err.find(text), std::string::npos) << outcome.err;
+    }
+    EXPECT_EQ(host.read("NAMES.TUL"), names);
+    EXPECT_NE(run({"valid", page("[a,b]")}).out.find("[A,B]"), std::string::npos);
 }
 
 TEST_F(Tulcmd, RefusesNamesThatDifferInLetterCaseOnly) {
@@ -202,6 +228,7 @@ TEST_F(Tulcmd, PrintsTextFilesAndLeaves) {
     const Outcome outcome = run({"logo", "--press", "mnuSeeTextFile", "--set", "lstTextFiles=notes.txt"});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_NE(outcome.out.find("\n\ncaf\xC3\xA9\n"), std::string::npos);
+    EXPECT_NE(outcome.out.find("\nnotes.txt\n"), std::string::npos) << "the list itself is printed first";
     EXPECT_EQ(run({"logo", "--press", "cmdExit"}).status, 0);
     EXPECT_TRUE(host.profile["TUL"]["StartTime"].starts_with("OFF "));
 }

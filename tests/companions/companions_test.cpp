@@ -138,6 +138,7 @@ TEST_F(Installation, ASecondProgramInOneInstallationIsRefused) {
     host.write("page.mus", testing::pageOf(testing::words({2, 14, 1})));
     ASSERT_EQ(run("./TULCMD.EXE valid page.mus").status, 0);
     const std::string names = host.read("NAMES.TUL");
+    host.write("other.mus", "1");
     // flock(1) claims the folder as a running program does.
     const Outcome outcome = run("flock . ./TULCMD.EXE valid other.mus");
     EXPECT_EQ(outcome.status, 1);

@@ -48,9 +48,9 @@ TEST_F(LinuxProcessesTest, ArgumentsAreSplitAtBlanksButForQuotesAndPathsThatExis
     EXPECT_EQ(recorded("RECORD.EXE", "\"a b\" x=\"c d\" \"\" $HOME *"), "a b\nx=c d\n\n$HOME\n*\n" + here);
     EXPECT_EQ(recorded("RECORD.EXE", path + " -x"), path + "\n-x\n" + here);
     EXPECT_EQ(recorded("RECORD.EXE", "Z:\\no such " + path), "Z:\\no\nsuch\n" + path + "\n" + here);
-    folder.makeFolder("my");  // the shorter text names something now
-    EXPECT_EQ(recorded("RECORD.EXE", folder.installation("my work")),
-              folder.installation("my") + "\nwork\n" + here);
+    folder.makeFolder("my");  // the shorter text names something now; the longest one counts
+    EXPECT_EQ(recorded("RECORD.EXE", folder.installation("my work") + " 12"),
+              folder.installation("my work") + "\n12\n" + here);
 }
 
 TEST_F(LinuxProcessesTest, AProgramIsLookedForHereThenInTheSearchPathAndAPathOnlyThere) {

@@ -122,7 +122,8 @@ TEST_F(MusReading, RoundsLengthWordsToTheNearestEven) {
 TEST_F(MusReading, RefusesCodesOutsideOneToEighteen) {
     for (const float code : {0.0F, 0.999F, 18.001F, -1.0F, infinity})
         EXPECT_EQ(stateAfter(pageOf(words({2, code, 1}))), musStructuralError) << code;
-    EXPECT_EQ(readAll(pageOf(words({2, 1, 1}) + words({2, 18, 1}))).size(), 2U);
+    EXPECT_EQ(readAll(pageOf(words({2, 1, 1}) + words({2, 18, 1}) + words({2, nan, 1}))).size(), 3U);
+    EXPECT_TRUE(host.messages.at(0).starts_with("Par1 is not an integer value: NAN"));
 }
 
 TEST_F(MusReading, RefusesTextItemsThatAreTooShort) {
@@ -133,8 +134,8 @@ TEST_F(MusReading, RefusesTextItemsThatAreTooShort) {
 }
 
 TEST_F(MusReading, ThrowsAtTheStoreIntoParameterTwentyOne) {
-    std::string item = words({22, 5});
-    for (int i = 0; i < 21; ++i) item += words({static_cast<float>(i)});
+    std::string item = words({21, 5});
+    for (int i = 0; i < 20; ++i) item += words({static_cast<float>(i)});
     open(pageOf(item));
     EXPECT_THROW(MusNextItem(), IndexFault);
     EXPECT_EQ(musReader.MusReadState, musItemReady);
@@ -151,6 +152,7 @@ TEST_F(MusReading, MissesTheTrailerWhereTheHeaderIsWrong) {
     EXPECT_EQ(stateAfter(pageOf(items, trailer(), 1)), musStructuralError);
     EXPECT_EQ(stateAfter(pageOf(items, trailer(), 2)), musStructuralError);
     EXPECT_EQ(stateAfter(pageOf(items, "")), musStructuralError);
+    EXPECT_EQ(readAll(header(3) + items).size(), 2U) << "an item may begin at the last word of the count";
 }
 
 TEST_F(MusReading, EndsWithAStateWhateverTheFileIs) {
@@ -188,6 +190,8 @@ TEST_F(MusReading, FindsTheFileListByItsExactName) {
     EXPECT_EQ(musReader.MusBytePos, 1);
     MusNextItem();
     EXPECT_EQ(musItem.MusPar[1], 14.0F);
+    open(list, "XFILES.TMP");
+    EXPECT_EQ(musReader.MusBytePos, 3);
     open(list, "files.tmp");
     EXPECT_EQ(musReader.MusBytePos, 3) << "in lower case it is a page like any other";
 }

@@ -54,7 +54,7 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
     void openPanel(const std::string& name) override { host.opened.push_back(name); }
     void setPanelVisible(bool) override {}
     void setPointer(Pointer) override {}
-    ScreenSize screen() const override { return host.screen; }
+    std::optional<ScreenSize> screen() const override { return host.screen; }
     void yield() override {
         if (host.onYield) host.onYield();
     }

@@ -89,7 +89,7 @@ class ScriptedHost {
     std::optional<int> architecture = architectureX64;
     bool anotherInstance = false;
     char decimalSymbol = '.';
-    ScreenSize screen;
+    std::optional<ScreenSize> screen = ScreenSize{15360, 11520};
     std::map<std::string, std::map<std::string, std::string>> profile;
     /// By file name: what a fake program does with its arguments; its exit code.
     std::map<std::string, std::function<int(const std::string&)>> programs;

@@ -439,10 +439,13 @@ std::optional<std::string> LinuxFiles::fromNative(const std::string& nativePath)
     if (beginsWithDrive(nativePath)) return installationPath(nativePath);
     const std::filesystem::path whole = std::filesystem::path(finder_.startFolder()) / nativePath;
     std::error_code failure;
-    // Behind a symbolic link ".." leads to the parent of what the link points to.
+    // Behind a symbolic link ".." leads to the parent of what the link points to; the last name stays as it is.
     const bool goesUp = std::find(whole.begin(), whole.end(), "..") != whole.end();
-    std::string path = goesUp ? std::filesystem::weakly_canonical(whole, failure) : whole.lexically_normal();
-    if (failure) path = whole.lexically_normal();
+    const bool endsInName = whole.filename() != ".." && whole.filename() != ".";
+    const std::filesystem::path folder = endsInName ? whole.parent_path() : whole;
+    std::filesystem::path clean = goesUp ? std::filesystem::weakly_canonical(folder, failure) : whole;
+    if (goesUp && endsInName) clean /= whole.filename();
+    std::string path = failure ? whole.lexically_normal() : clean.lexically_normal();
     while (path.size() > 1 && path.ends_with('/')) path.pop_back();
     return installationPath(path);
 }

@@ -128,7 +128,9 @@ int exitCodeOf(pid_t child) {
     do ended = ::waitpid(child, &status, 0);
     while (ended < 0 && errno == EINTR);
     if (ended < 0) return 0;  // whoever started this program has the ends of its children thrown away
-    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+    if (WIFSIGNALED(status)) return 128 + WTERMSIG(status);
+    const int code = WEXITSTATUS(status);
+    return code == 255 ? -1 : code;  // all that the system keeps of -1
 }
 
 }  // namespace
@@ -167,7 +169,8 @@ LinuxProcesses::Command LinuxProcesses::commandFor(const Launch& launch) const {
     Command command;
     if (!helper.empty()) command.words.push_back(helper);
     command.words.push_back(path);
-    for (std::string& word : wordsOf(launch.arguments)) command.words.push_back(std::move(word));
+    const std::vector<std::string> words = launch.words.empty() ? wordsOf(launch.arguments) : launch.words;
+    command.words.insert(command.words.end(), words.begin(), words.end());
     return command;
 }
 
@@ -230,22 +233,24 @@ std::vector<std::string> LinuxProcesses::wordsOf(std::string_view arguments) con
 }
 
 /// A path may have blanks in it, and argument texts are written without quotes. So a first word that is a
-/// path (up to `end`) goes on over the following words where only the longer text names something on disk.
+/// path (up to `end`) goes on over the following words as far as the longest text that names something on disk:
+/// a page "A 1.MUS" is not to be taken for the file "A" beside it.
 std::size_t LinuxProcesses::endOfPath(std::string_view text, std::size_t end) const {
     const auto leadsSomewhere = [&](std::size_t length) {
         const auto path = finder_.native(text.substr(0, length));
         return path && nameExists(*path);
     };
-    if (!beginsWithDrive(text.substr(0, end)) || leadsSomewhere(end)) return end;
+    if (!beginsWithDrive(text.substr(0, end))) return end;
+    std::size_t longest = end;
     for (std::size_t longer = end; longer < text.size() && longer < PATH_MAX;) {
         const std::size_t next = text.find_first_not_of(' ', longer);
         if (next == std::string_view::npos) break;
         longer = std::min(text.find(' ', next), text.size());
         const std::string_view word = text.substr(next, longer - next);
         if (beginsWithDrive(word) || word.find('"') != std::string_view::npos) break;
-        if (leadsSomewhere(longer)) return longer;
+        if (leadsSomewhere(longer)) longest = longer;
     }
-    return end;
+    return longest;
 }
 
 }  // namespace tul

@@ -99,7 +99,7 @@ bool isFolder(const std::string& nativePath) {
 std::optional<std::string> installationPath(std::string_view nativePath) {
     const bool ready = beginsWithDrive(nativePath);
     const std::string_view unwritable =
-        ready ? std::string_view("\r\n\0", 3) : std::string_view("\\\r\n\0", 4);
+        ready ? std::string_view("\"\r\n\0", 4) : std::string_view("\\\"\r\n\0", 5);
     if (!ready && !nativePath.starts_with('/')) return std::nullopt;
     if (nativePath.find_first_of(unwritable) != std::string_view::npos) return std::nullopt;
     std::string path = (ready ? "" : "Z:") + std::string(nativePath);

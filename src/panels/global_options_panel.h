@@ -1,0 +1,10 @@
+#pragma once
+
+#include "shared/panel.h"
+
+namespace tul {
+
+/// `frmGlobalOptions`: the choices of a project, kept in TULPROJ.PRO.
+Panel makeGlobalOptionsPanel();
+
+}  // namespace tul

@@ -1,0 +1,95 @@
+#include "centre/option_checks.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "shared/records.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+using testing::ScriptedHost;
+
+TEST(FontNumbers, AreThoseThatScoreKnows) {
+    const std::map<std::string, std::string> kept = {{"0", "0"},       {" 07 ", "7"},    {"199", "199"},
+                                                     {"1000", "1000"}, {"1199", "1199"}, {"5.0", "5"},
+                                                     {"-0", "0"},      {"+12", "12"}};
+    for (const auto& [typed, number] : kept) {
+        std::string text = typed;
+        EXPECT_TRUE(CheckFontNumber(text)) << typed;
+        EXPECT_EQ(text, number);
+    }
+    for (const char* typed : {"200", "999", "1200", "-1", "5.5", "", "_26", "1,2", "4e", "99999999999"}) {
+        std::string text = typed;
+        EXPECT_FALSE(CheckFontNumber(text)) << typed;
+        EXPECT_EQ(text, "0");
+    }
+}
+
+TEST(FontPrefixes, HaveTwoDigits) {
+    const std::map<std::string, std::string> kept = {
+        {"_01", "_01"}, {"_1", "_01"},  {"7", "_07"},    {"26", "_26"}, {"_99", "_99"}, {"_100", "_00"},
+        {"_1,", "_00"}, {"_-5", "_00"}, {"_2.5", "_00"}, {"", "_00"},   {"__5", "_00"}, {"Times", "_00"}};
+    for (const auto& [typed, prefix] : kept) EXPECT_EQ(CheckFontPrefix(typed), prefix) << typed;
+}
+
+TEST(Sizes, LieBetweenZeroAndTen) {
+    const std::map<std::string, std::string> kept = {
+        {".75", "0.75"}, {"9.99", "9.99"}, {"0.001", "0.001"}, {" 1.50", " 1.50"}};
+    for (const auto& [typed, size] : kept) {
+        std::string text = typed;
+        EXPECT_TRUE(CheckSize(text)) << typed;
+        EXPECT_EQ(text, size) << "the text stays as it was typed";
+    }
+    for (const char* typed : {"0", "10", "-1", "", ".", "1,5", "one"}) {
+        std::string text = typed;
+        EXPECT_FALSE(CheckSize(text)) << typed;
+        EXPECT_EQ(text, "1");
+    }
+}
+
+TEST(OptionFields, TellWhatTheyKeepInstead) {
+    ScriptedHost host;
+    const auto expectTold = [&host](const std::string& kept, const std::string& expected,
+                                    const std::vector<std::string>& messages) {
+        EXPECT_EQ(kept, expected);
+        EXPECT_EQ(host.messages, messages) << expected;
+        host.messages.clear();
+    };
+    const std::vector<std::string> sizeRefused = {"Value not numeric or out of range. Assumed 1."};
+    const std::vector<std::string> lengthRefused = {"Invalid number of digits specified. Assumed 2."};
+    const std::vector<std::string> suffixRefused = {
+        "Invalid character in suffix. Only letters and digits are allowed."};
+
+    expectTold(keepFontNumber("200"), "0", {"Value not 00-99, 100-199, 1000-1099, 1100-1199. Assumed 0."});
+    expectTold(keepFontNumber("1100"), "1100", {});
+    expectTold(keepSize(".8"), "0.8", {});
+    expectTold(keepSize("10"), "1", sizeRefused);
+    expectTold(keepMarkedSize("1.10"), "201.1", {});
+    expectTold(keepMarkedSize("201.1"), "201", sizeRefused);
+    expectTold(keepLyricsSize("-12"), "-12", {});
+    expectTold(keepLyricsSize("-pt"), "1", sizeRefused);
+    expectTold(keepLyricsSize("12"), "1", sizeRefused);
+    expectTold(keepPageLength("7.9"), "7", {});
+    expectTold(keepPageLength("8"), "2", lengthRefused);
+    expectTold(keepPageLength("0.9"), "2", lengthRefused);
+    expectTold(keepSuffix(" mus2", "PAG"), "MUS", {});
+    expectTold(keepSuffix("m-s", "PAG"), "PAG", suffixRefused);
+    expectTold(keepSuffix("m\xE9", "PAG"), "PAG", suffixRefused);
+}
+
+TEST(FontCodes, StandForATextOfTheirOwnOrOfTheLibrary) {
+    ScriptedHost host;
+    EXPECT_EQ(FontCodeText("3123"), "") << "there is no library";
+    projectSettings.Code9Path = host.path("CODE9.DAT");
+    host.write("CODE9.DAT", "3122 one\r\n 3123 no\r\n3123 two  \r\n3123 three\r\n4000 four\r\n");
+    const std::map<std::string, std::string> texts = {
+        {"3123", "3123 two"}, {"3124", ""}, {"312", ""},  {"31230", ""}, {"4000", ""}, {"_01solo", "_01solo"},
+        {"_26", "_26"},       {"_2", ""},   {"_x1a", ""}, {"solo", ""},  {"", ""}};
+    for (const auto& [code, text] : texts) EXPECT_EQ(FontCodeText(code), text) << code;
+}
+
+}  // namespace
+}  // namespace tul

@@ -19,21 +19,20 @@ namespace {
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
-constexpr int rounds = 11;
-
 struct Measured {
     double milliseconds = 0;
     long peakKilobytes = 0;
 };
 
-Measured measure(const Words& words) {
+Measured measure(const Words& words, const std::string& output) {
     std::vector<char*> arguments;
     for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
-        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                     0644);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
 
     const auto start = std::chrono::steady_clock::now();
     pid_t child = 0;
@@ -61,15 +60,17 @@ Measured median(std::vector<Measured> all) {
     return middle;
 }
 
-void compare(const char* what, const Words& ours, const char* against, const Words& theirs) {
+/// Standard output of ours is thrown away; theirs goes to `theirOutput`.
+void compare(const char* what, const Words& ours, const char* against, const Words& theirs, int rounds = 11,
+             const std::string& theirOutput = "/dev/null") {
     std::vector<Measured> our;
     std::vector<Measured> their;
-    measure(ours);
-    measure(theirs);
-    for (int round = 0; round < rounds; ++round) {
-        our.push_back(measure(ours));
-        their.push_back(measure(theirs));
+    for (int round = 0; round <= rounds; ++round) {
+        our.push_back(measure(ours, "/dev/null"));
+        their.push_back(measure(theirs, theirOutput));
     }
+    our.erase(our.begin());  // the first round warms the caches
+    their.erase(their.begin());
     const Measured a = median(our);
     const Measured b = median(their);
     std::printf("%-28s %8.1f ms   %-6s %8.1f ms   ratio %5.2f   peak %5.1f MB\n", what, a.milliseconds,
@@ -86,7 +87,7 @@ Words withFiles(Words words, const Words& files) {
 Words filesOf(const fs::path& folder) {
     Words files;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder))
-        if (entry.is_regular_file()) files.push_back(entry.path().string());
+        if (entry.path().extension() == ".MUS") files.push_back(entry.path().string());
     std::sort(files.begin(), files.end());
     return files;
 }
@@ -104,6 +105,11 @@ int main(int argc, char** argv) {
 
     const Words pages = filesOf(fs::absolute(argv[2]));
     compare("validation of the pages", withFiles(validate, pages), "cat", withFiles({"cat"}, pages));
+
+    // The export writes a file for each page, od one file for all.
+    const Words pmx = {(home / "tulcmd").string(), "--no", "pmx"};
+    compare("PMX export of the pages", withFiles(pmx, pages), "od",
+            withFiles({"od", "-A", "n", "-v", "-t", "f4"}, pages), 3, (home / "od.txt").string());
 
     // Small pages, so that the names are what takes the time: ten times the names, ten times the time.
     const Words many = filesOf(fs::absolute(argv[3]));

@@ -51,7 +51,8 @@ class SelectionSeries {
         const std::string arguments = selectionArguments(offer.suffix, folder_, offer.prompt);
         if (!FileExists(paths.TulNamesPath)) {
             endWith(lines({"Installation problem. " + offer.missingModule + " not located.",
-                           "The path where it is supposed to be is:", paths.TulNamesPath, "With parameters:", arguments}));
+                           "The path where it is supposed to be is:", paths.TulNamesPath,
+                           "With parameters:", arguments}));
         }
         {
             const HiddenPanel hidden;
@@ -96,24 +97,25 @@ std::string LinkProgram(SelectionSeries& series, const Linkage& linkage) {
 
 void introduce() {
     showDisclaimer();
-    face().msgBox({.text = "TUL keeps some basic environmental information in its own registry file TULCNTRL.INI." +
-                           newLine + "This file is created by the following dialog." + newLine +
-                           "If you want to create this file from scratch again, just erase it, and creation will" +
-                           " begin at the next execution of TUL." + newLine +
-                           "Though discouraged, you can update this file yourself. Double-click the Orlanth picture, "
-                           "then Editor from the menu.",
-                   .title = "TUL - Registry"});
+    face().msgBox(
+        {.text = "TUL keeps some basic environmental information in its own registry file TULCNTRL.INI." +
+                 newLine + "This file is created by the following dialog." + newLine +
+                 "If you want to create this file from scratch again, just erase it, and creation will" +
+                 " begin at the next execution of TUL." + newLine +
+                 "Though discouraged, you can update this file yourself. Double-click the Orlanth picture, "
+                 "then Editor from the menu.",
+         .title = "TUL - Registry"});
 }
 
 /// The Sibelius converter needs two tables that only an earlier installation has.
 void noticeMissingTables() {
     const auto inFolder = [](const char* name) { return FileExists(paths.ProgramFolder + "\\" + name); };
     if (!inFolder("TULSIB05.EXE") || (inFolder("TULSIB09.TXT") && inFolder("TULSIB16.TXT"))) return;
-    const Answer answer =
-        MsgBox(lines({"The files TULSIB09.TXT and/or TULSIB16.TXT", "are missing in the TUL directory.",
-                      "They must come from a previous installation of TUL.",
-                      "You will be reminded that these files are missing when starting TULSIB.", "Continue?"}),
-               Buttons::yesNo, Icon::question);
+    const Answer answer = MsgBox(
+        lines({"The files TULSIB09.TXT and/or TULSIB16.TXT", "are missing in the TUL directory.",
+               "They must come from a previous installation of TUL.",
+               "You will be reminded that these files are missing when starting TULSIB.", "Continue?"}),
+        Buttons::yesNo, Icon::question);
     if (answer == Answer::no) endProgram();
 }
 
@@ -133,10 +135,10 @@ std::string findScore(SelectionSeries& series) {
     const bool has3 = FileExists(score3);
     const bool has4 = FileExists(score4);
     if (has3 && has4) {
-        const Answer answer = MsgBox(lines({"Your system has both Score3 and Score4 on drive C.",
-                                            "Do you want to link Score3? ", "",
-                                            "Answer YES to link Score3, answer NO to link Score4"}),
-                                     Buttons::yesNo, Icon::question);
+        const Answer answer = MsgBox(
+            lines({"Your system has both Score3 and Score4 on drive C.", "Do you want to link Score3? ", "",
+                   "Answer YES to link Score3, answer NO to link Score4"}),
+            Buttons::yesNo, Icon::question);
         return answer == Answer::yes ? score3 : score4;
     }
     if (has3) return score3;
@@ -201,16 +203,18 @@ void linkScore(SelectionSeries& series) {
     linkScoreCompanion(series, machineSettings.ScorlasPath, "SCORLAS(4)", "SCORLAS");
     linkScoreCompanion(series, machineSettings.JustPath, "JUST", "JUST");
     if (!machineSettings.PreferenceFilePath.empty()) return;
-    MsgBox(lines({"You must select the PREFerence file to be linked to TUL",
-                  "(TUL needs to know where it is. It MUST be in C:\\LIB or in C:\\SCOR4\\LIB or in a non-default "
-                  "location)."}));
+    MsgBox(lines(
+        {"You must select the PREFerence file to be linked to TUL",
+         "(TUL needs to know where it is. It MUST be in C:\\LIB or in C:\\SCOR4\\LIB or in a non-default "
+         "location)."}));
     machineSettings.PreferenceFilePath =
         series.select({.prompt = "Select a PREF file in the LIB directory", .suffix = "SCR"}, false);
 }
 
 void linkWinScore(SelectionSeries& series) {
-    if (!agreed(lines({"Do you want to link WinScore?",
-                       "It usually resides in the Program Files\\WinScore directory.", declineLine("WinScore")})))
+    if (!agreed(
+            lines({"Do you want to link WinScore?",
+                   "It usually resides in the Program Files\\WinScore directory.", declineLine("WinScore")})))
         return;
     const std::string program = series.select({.prompt = "Select the WinScore executable WSCORE.EXE"}, true);
     if (program.empty()) {
@@ -235,7 +239,8 @@ void linkWinScore(SelectionSeries& series) {
 
 void linkScoreEngine(SelectionSeries& series) {
     if (!agreed(lines({"Do you want to link ScoreEngine?",
-                       "It usually resides in the Program Files\\ScoreEngine directory.", declineLine("ScoreEngine")})))
+                       "It usually resides in the Program Files\\ScoreEngine directory.",
+                       declineLine("ScoreEngine")})))
         return;
     const std::string program = series.select({.prompt = "Select the ScoreEngineDispatch executable"}, true);
     if (program.empty()) {
@@ -252,7 +257,8 @@ void linkFontMetrics() {
     if (!agreed(lines(
             {"Some TUL utilities such as TulText refer to AFM files (Adobe Font Metrics).",
              "Select the folder where you keep AFM files.", "Cancel if you do not use this feature.",
-             "In general, the information in AFM files is of better quality than that from default PSC/FMT files.",
+             "In general, the information in AFM files is of better quality than that from default PSC/FMT "
+             "files.",
              "TUL remembers the path to this folder for when it needs to access the collection of AFM files.",
              "If you do not link this, TUL programs will be restricted to PSC/FMT files for font metrics "
              "information."})))
@@ -280,7 +286,8 @@ std::function<bool(const std::string&)> holding(const std::string& part) {
 
 ThirdPartyTool namedTool(const std::string& maker, const std::string& tool, const std::string& fileName,
                          const std::string& confirmedAs, std::string MachineSettings::*path) {
-    return {{.intro = "You may select " + maker + "'s " + tool + " to be linked to TUL. The filename is " + fileName + ".",
+    return {{.intro = "You may select " + maker + "'s " + tool + " to be linked to TUL. The filename is " +
+                      fileName + ".",
              .name = tool,
              .offer = {.prompt = "Select " + maker + "'s " + tool + " program", .missingModule = fileName},
              .confirmedAs = confirmedAs,
@@ -310,7 +317,8 @@ std::vector<ThirdPartyTool> thirdPartyTools() {
           .confirmedAs = "seps4id",
           .check =
               [](const std::string& path) {
-                  return path.find(".EXE") != std::string::npos && path.find("\\SEPS4ID") != std::string::npos;
+                  return path.find(".EXE") != std::string::npos &&
+                         path.find("\\SEPS4ID") != std::string::npos;
               },
           .failure = "No name was given to link 'seps4id'."},
          &MachineSettings::Seps4idProgramPath},
@@ -334,9 +342,11 @@ void writeControlFile() {
     // The selections of this dialogue have filled it.
     if (FileExists(paths.NamesFilePath)) files().remove(paths.NamesFilePath);
     if (machineSettings.ScorePath.empty() && machineSettings.WinScoreProgramPath.empty()) {
-        MsgBox(lines({"Neither SCORE/SCOR4 nor WinScore was selected. This is exceptional but entirely possible.",
-                      "If you want to link any of these programs, delete file TULCNTRL.INI and start TUL again."}),
-               Buttons::ok, Icon::information);
+        MsgBox(
+            lines(
+                {"Neither SCORE/SCOR4 nor WinScore was selected. This is exceptional but entirely possible.",
+                 "If you want to link any of these programs, delete file TULCNTRL.INI and start TUL again."}),
+            Buttons::ok, Icon::information);
         machineSettings.BypassLibTest1 = true;
     }
     if (files().replace(paths.ControlFilePath, firstControlFile()) != FileError::none)
@@ -347,10 +357,11 @@ void writeControlFile() {
 
 void showDisclaimer() {
     face().msgBox(
-        {.text = lines({"TUL is provided as it is, without warranty of any kind.",
-                        "Its tools change music files. Keep copies of your files, and use the backup options.",
-                        "The makers of TUL are not liable for any loss that comes from its use.",
-                        "(This message and the following dialog only appear once at program initialization)"}),
+        {.text =
+             lines({"TUL is provided as it is, without warranty of any kind.",
+                    "Its tools change music files. Keep copies of your files, and use the backup options.",
+                    "The makers of TUL are not liable for any loss that comes from its use.",
+                    "(This message and the following dialog only appear once at program initialization)"}),
          .title = "TUL - Disclaimer"});
 }
 

@@ -141,7 +141,8 @@ void showNamesStatus() {
            plain(selection.XmlNamesCount) + " name(s) in " + folder + "\\NAMESXML.TUL" + newLine);
 }
 
-std::string selectionArguments(const std::string& suffix, const std::string& folder, const std::string& message) {
+std::string selectionArguments(const std::string& suffix, const std::string& folder,
+                               const std::string& message) {
     std::string arguments = "STARTDIR=" + paths.ProgramFolder + ",SUFFIX=" + suffix + ",MUSFOLDER=" + folder +
                             ",NAMESFILE=" + paths.NamesFileName + ",DEBUG=NO";
     if (!message.empty()) arguments += ",MSG=" + message;

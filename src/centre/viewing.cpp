@@ -48,7 +48,8 @@ void ViewWithEditor(const std::string& path) {
     } else {
         const std::string shortPath = GetShortName(path);
         const bool isBareProgram = programOf(editor.path) == editor.path;
-        ShellAndWait(editor.path + " " + shortPath, isBareProgram ? std::vector{shortPath} : std::vector<std::string>());
+        ShellAndWait(editor.path + " " + shortPath,
+                     isBareProgram ? std::vector{shortPath} : std::vector<std::string>());
     }
 }
 
@@ -76,7 +77,8 @@ void editNotepadFile() {
 }
 
 void showAndDelete(Report& report) {
-    if (!report.close()) endWith("The report " + report.path() + " could not be written. The disk may be full.");
+    if (!report.close())
+        endWith("The report " + report.path() + " could not be written. The disk may be full.");
     ViewWithEditor(report.path());
     files().remove(report.path());
 }

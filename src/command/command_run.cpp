@@ -91,8 +91,8 @@ Refusal refusalOfFile(const std::string& given, const std::string& path) {
     return std::nullopt;
 }
 
-/// The files in the installation's form, each once. Whatever cannot become a selection is refused here, so that
-/// the present one is not lost for a slip of the pen.
+/// The files in the installation's form, each once. Whatever cannot become a selection is refused here, so
+/// that the present one is not lost for a slip of the pen.
 Refusal takeFiles(const std::vector<std::string>& given, std::vector<std::string>& taken) {
     std::unordered_set<std::string> known;
     for (const std::string& name : given) {
@@ -191,7 +191,8 @@ std::variant<int, std::string> runPanel(const Arguments& arguments, const PanelE
                                         std::ostream& out) {
     // The names file belongs to the process that has claimed the installation. It is written before start-up
     // checks it; but the questions of a first use select files themselves, and throw that selection away.
-    const bool mayWrite = !names.empty() && files().canRead("TULMONIT.EXE") && !platform().anotherInstanceRuns();
+    const bool mayWrite =
+        !names.empty() && files().canRead("TULMONIT.EXE") && !platform().anotherInstanceRuns();
     const bool isFirstUse = !files().canRead("TULCNTRL.INI");
     bool written = !mayWrite || isFirstUse || writeNamesFile(names);
     StartUp();

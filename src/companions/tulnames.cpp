@@ -67,7 +67,8 @@ int main(int argc, char** argv) {
         return companion::refuse("TULNAMES", "nothing was chosen; the selection stays.");
     std::vector<std::string> paths;
     for (const int number : *chosen)
-        paths.push_back(folder + (folder.ends_with('\\') ? "" : "\\") + names[static_cast<std::size_t>(number - 1)]);
+        paths.push_back(folder + (folder.ends_with('\\') ? "" : "\\") +
+                        names[static_cast<std::size_t>(number - 1)]);
     if (const auto clash = findLetterCaseClash(paths)) return companion::refuse("TULNAMES", *clash);
     std::string text;
     for (const std::string& path : paths) text += path + " 1" + std::string(CrLf);

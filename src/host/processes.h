@@ -10,8 +10,8 @@ enum class WindowStyle { normal = 1, maximized = 3 };
 struct Launch {
     std::string program;  // a file name, looked for in the current folder, then in the search path; or a path
     std::string arguments;  // as one text, blanks between the arguments; the program's name is not among them
-    std::vector<std::string> words = {};  // the same arguments one by one, where the caller knows them: a path
-                                          // may have blanks in it
+    std::vector<std::string> words = {};  // the same arguments one by one, where the caller knows them: a
+                                          // path may have blanks in it
     WindowStyle style = WindowStyle::normal;
 };
 

@@ -15,8 +15,8 @@ const std::vector<PanelEntry>& panelList() {
          makeLogoPanel},
         {"frmValid", "valid", "validate", "check the structure of music files", makeValidPanel},
         {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", makePmxPanel},
-        {"frmGlobalOptions", "globaloptions", "options", "the choices of a project: folder, suffix, fonts, sizes",
-         makeGlobalOptionsPanel},
+        {"frmGlobalOptions", "globaloptions", "options",
+         "the choices of a project: folder, suffix, fonts, sizes", makeGlobalOptionsPanel},
         {"frmNotepad", "notepad", "", "the built-in viewer of text files", makeNotepadPanel},
     };
     return panels;

@@ -12,8 +12,7 @@ template <class T>
 class Live {
   public:
     Live(T fixed) : source_(std::move(fixed)) {}
-    Live(const char* fixed)
-        requires std::is_constructible_v<T, const char*> && (!std::is_same_v<T, bool>)
+    Live(const char* fixed) requires std::is_constructible_v<T, const char*> &&(!std::is_same_v<T, bool>)
         : source_(T(fixed)) {}
     template <class F>
     requires std::is_invocable_r_v<T, F> Live(F computed)

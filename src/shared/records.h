@@ -109,8 +109,8 @@ struct ProjectSettings {
     std::string Code9Path;
     std::string FontPreference = "PSC";
     std::string ScoreEnginePreference = "3";
-    std::string InputMode = "D";  // of the input tool: "D" DOS, "W" Windows
-    std::string Library;          // known once the options panel has returned
+    std::string InputMode = "D";   // of the input tool: "D" DOS, "W" Windows
+    std::string Library;           // known once the options panel has returned
     std::int16_t StaffRange = 32;  // the highest valid staff number, 32 or 200
     std::int16_t PanelPreference = 0;
     std::int16_t BypassDecimalTest = 0;

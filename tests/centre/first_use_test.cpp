@@ -107,7 +107,8 @@ TEST_F(FirstUseSeries, EndsInASettingsFileWhenEverythingIsRefused) {
 }
 
 TEST_F(FirstUseSeries, FindsWhatLiesBesideScore4) {
-    make({"scor4/SCOR4.EXE", "scor4/PAGE4.EXE", "scor4/SCORLAS4.EXE", "scor4/LIB/PREF-4.SCR", "scor4/HLP/COD01-4.HLP"});
+    make({"scor4/SCOR4.EXE", "scor4/PAGE4.EXE", "scor4/SCORLAS4.EXE", "scor4/LIB/PREF-4.SCR",
+          "scor4/HLP/COD01-4.HLP"});
     selections = {{"scor4\\SCOR4.EXE"}};
     host.answers = {yes, refused};  // link SCORE; not JUST, which alone is missing
     FirstUse();
@@ -118,11 +119,13 @@ TEST_F(FirstUseSeries, FindsWhatLiesBesideScore4) {
     EXPECT_EQ(value("PreferenceFilePath"), upper("scor4\\LIB\\PREF-4.SCR"));
     EXPECT_EQ(value("hlpPath"), upper("scor4\\HLP\\COD01-4.HLP"));
     EXPECT_EQ(value("BypassLibTest1"), "False");
-    EXPECT_TRUE(said("You can select the JUST program to be linked to TUL\r\nIf you do not want to link JUST to TUL, "
-                     "just Cancel."));
-    EXPECT_EQ(host.launches, std::vector<std::string>{host.path("TULNAMES.EXE") + " STARTDIR=" + host.folder() +
-                                                      ",SUFFIX=EXE,MUSFOLDER=,NAMESFILE=NAMES.TUL,DEBUG=NO,MSG=Select "
-                                                      "the SCORE/SCOR4 executable:"})
+    EXPECT_TRUE(
+        said("You can select the JUST program to be linked to TUL\r\nIf you do not want to link JUST to TUL, "
+             "just Cancel."));
+    EXPECT_EQ(host.launches,
+              std::vector<std::string>{host.path("TULNAMES.EXE") + " STARTDIR=" + host.folder() +
+                                       ",SUFFIX=EXE,MUSFOLDER=,NAMESFILE=NAMES.TUL,DEBUG=NO,MSG=Select "
+                                       "the SCORE/SCOR4 executable:"})
         << "blanks at the end of an argument string do not arrive";
 }
 
@@ -135,8 +138,9 @@ TEST_F(FirstUseSeries, AsksForWhatDoesNotLieBesideScore) {
     EXPECT_EQ(value("PagePath"), upper("tools\\PAGE.EXE"));
     EXPECT_EQ(value("libPath"), "") << "a library without fonts is none";
     EXPECT_EQ(value("PreferenceFilePath"), upper("lib\\PREF.SCR"));
-    EXPECT_TRUE(said("You selected the PAGE program: " + upper("tools\\PAGE.EXE") +
-                     "\r\nIs that OK?\r\nNote that to change this name you can\r\nedit file TULCNTRL.INI by hand."));
+    EXPECT_TRUE(
+        said("You selected the PAGE program: " + upper("tools\\PAGE.EXE") +
+             "\r\nIs that OK?\r\nNote that to change this name you can\r\nedit file TULCNTRL.INI by hand."));
     ASSERT_EQ(host.launches.size(), 3U);
     EXPECT_NE(host.launches[1].find(",MUSFOLDER=" + upper("score") + ",NAMESFILE"), std::string::npos);
     EXPECT_NE(host.launches[2].find(",SUFFIX=SCR,"), std::string::npos);
@@ -160,8 +164,9 @@ TEST_F(FirstUseSeries, LinksWinScoreAlone) {
     EXPECT_EQ(value("WinScorePrefPath"), upper("win\\") + "scorlib\\PREF.DAT");
     EXPECT_EQ(value("libPath"), "");
     EXPECT_EQ(value("BypassLibTest1"), "False");
-    EXPECT_TRUE(said("WinScore linkage failed. One of those not existing:\r\n - scorLib Path - " + upper("win\\") +
-                     "scorlib\r\n - fontLib Path - " + upper("win\\") + "fontlib\r\n - pref.dat Path - " + upper("win\\") +
+    EXPECT_TRUE(said("WinScore linkage failed. One of those not existing:\r\n - scorLib Path - " +
+                     upper("win\\") + "scorlib\r\n - fontLib Path - " + upper("win\\") +
+                     "fontlib\r\n - pref.dat Path - " + upper("win\\") +
                      "scorlib\\PREF.DAT\r\nManual intervention on TULCNTRL.INI required..."));
 
     fs::remove(host.nativeFolder() / "NAMES.TUL");
@@ -172,11 +177,13 @@ TEST_F(FirstUseSeries, LinksWinScoreAlone) {
 }
 
 TEST_F(FirstUseSeries, ChecksTheNamesOfOtherTools) {
-    make({"afm/x.afm", "t/ACCS.EXE", "t/LASCOR12.EXE", "t/LASCORXY.EXE", "t/SCOREENGINEDISPATCHER.EXE", "t/BEAM.EXE"});
-    // neither SCORE nor WinScore; ScoreEngine; fonts, confirmed; tools: ACCS confirmed, LJ refused, BEAM not confirmed,
-    // not MidiScor, LASCOR confirmed, not seps4id
+    make({"afm/x.afm", "t/ACCS.EXE", "t/LASCOR12.EXE", "t/LASCORXY.EXE", "t/SCOREENGINEDISPATCHER.EXE",
+          "t/BEAM.EXE"});
+    // neither SCORE nor WinScore; ScoreEngine; fonts, confirmed; tools: ACCS confirmed, LJ refused, BEAM not
+    // confirmed, not MidiScor, LASCOR confirmed, not seps4id
     selections = {{"t\\SCOREENGINEDISPATCHER.EXE"}, {"t\\ACCS.EXE"}, {"t\\BEAM.EXE"}, {"t\\LASCOR12.EXE"}};
-    host.answers = {refused, refused, yes, yes, yes, yes, yes, yes, refused, yes, refused, refused, yes, yes, refused};
+    host.answers = {refused, refused, yes,     yes,     yes, yes, yes,    yes,
+                    refused, yes,     refused, refused, yes, yes, refused};
     FirstUse();
     EXPECT_EQ(value("ScoreEngineProgramPath"), upper("t\\SCOREENGINEDISPATCHER.EXE"));
     EXPECT_EQ(value("AFMfilesPath"), host.path("afm"));
@@ -184,8 +191,9 @@ TEST_F(FirstUseSeries, ChecksTheNamesOfOtherTools) {
     EXPECT_EQ(value("LJPath"), "");
     EXPECT_EQ(value("BeamPath"), "");
     EXPECT_EQ(value("LascorPath"), upper("t\\LASCOR12.EXE"));
-    EXPECT_TRUE(said("You selected the LJ program: " + upper("t\\BEAM.EXE") +
-                     "\r\nIs that OK?\r\nNote that to change this name you can\r\nedit file TULCNTRL.INI by hand."))
+    EXPECT_TRUE(
+        said("You selected the LJ program: " + upper("t\\BEAM.EXE") +
+             "\r\nIs that OK?\r\nNote that to change this name you can\r\nedit file TULCNTRL.INI by hand."))
         << "BEAM is confirmed under LJ's name";
 
     fs::remove(host.nativeFolder() / "TULCNTRL.INI");
@@ -220,7 +228,8 @@ TEST_F(FirstUseSeries, AsksAboutMissingTables) {
 TEST_F(FirstUseSeries, EndsWhenTheFileCannotBeWritten) {
     host.faultyFiles().refusals["TULCNTRL.INI"] = FileError::readOnly;
     EXPECT_EQ(endOf(FirstUse), 1);
-    EXPECT_EQ(host.messages.back(), host.path("TULCNTRL.INI") + " could not be opened for output. Hit Enter to abort");
+    EXPECT_EQ(host.messages.back(),
+              host.path("TULCNTRL.INI") + " could not be opened for output. Hit Enter to abort");
 }
 
 }  // namespace

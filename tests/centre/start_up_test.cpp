@@ -247,12 +247,14 @@ TEST_F(StartingUp, LeadsThroughTheFirstUse) {
     StartUp();
     EXPECT_TRUE(host.messages[0].ends_with(
         "(This message and the following dialog only appear once at program initialization)"));
-    EXPECT_TRUE(said("Neither SCORE/SCOR4 nor WinScore was selected. This is exceptional but entirely possible.\r\nIf "
-                     "you want to link any of these programs, delete file TULCNTRL.INI and start TUL again."));
+    EXPECT_TRUE(said(
+        "Neither SCORE/SCOR4 nor WinScore was selected. This is exceptional but entirely possible.\r\nIf "
+        "you want to link any of these programs, delete file TULCNTRL.INI and start TUL again."));
     EXPECT_EQ(machineSettings.NotepadPath, "notepad.exe");
     EXPECT_TRUE(machineSettings.BypassLibTest1);
-    EXPECT_TRUE(host.read("TULPROJ.PRO").starts_with(
-        "* Global TUL Options settings - generated 11-21-2026 at 09:05:07 by v8.0.0.200\r\nDisplayOptions=NO\r\n"));
+    EXPECT_TRUE(host.read("TULPROJ.PRO")
+                    .starts_with("* Global TUL Options settings - generated 11-21-2026 at 09:05:07 by "
+                                 "v8.0.0.200\r\nDisplayOptions=NO\r\n"));
 }
 
 TEST_F(StartingUp, PlacesThePanelWhereItWasOrInTheMiddle) {

@@ -93,7 +93,8 @@ TEST_F(Validating, WritesTheReport) {
     stamp.tm_isdst = -1;
     const auto moment = std::chrono::system_clock::from_time_t(std::mktime(&stamp));
     for (const char* name : {"A.MUS", "LONGER NAME.MUS", "F.MUS"})
-        std::filesystem::last_write_time(host.nativeFolder() / name, std::chrono::file_clock::from_sys(moment));
+        std::filesystem::last_write_time(host.nativeFolder() / name,
+                                         std::chrono::file_clock::from_sys(moment));
     cmdValidateRun();
     EXPECT_TRUE(host.messages.empty());
     ASSERT_EQ(host.shown.size(), 1U);
@@ -202,7 +203,8 @@ TEST_F(Validating, TellsEachStructuralFailureInItsOrder) {
     EXPECT_EQ(host.messages, (Texts{structure("Text length error (13).", 2), offer(33, 1)}));
 
     validate(pageOf(words({13, 11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
-    EXPECT_EQ(host.messages, (Texts{structure("Text length error (13).", 1), noMusFile(), offer(2 * 100 / 20, 0)}));
+    EXPECT_EQ(host.messages,
+              (Texts{structure("Text length error (13).", 1), noMusFile(), offer(2 * 100 / 20, 0)}));
 
     validate(header(9) + words({15, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
     EXPECT_EQ(
@@ -264,7 +266,8 @@ TEST_F(Validating, HandlesAnInvalidItemTypeOnWhatAClosedFileLeaves) {
 }
 
 TEST_F(Validating, EndsAnInvalidItemTypeWhereItsIndexMeetsTheTrailer) {
-    // The stale length of 19 leads 20 words on from the 9 or 10 that were read: to 29, the marks of a trailer.
+    // The stale length of 19 leads 20 words on from the 9 or 10 that were read: to 29, the marks of a
+    // trailer.
     std::string items = staff + words({2, 19, 1});
     for (int i = 0; i < 6; ++i) items += words({2, 14, 1});
     Texts lines = validate(pageOf(items + words({1, 1})), std::vector<Answer>(4, Answer::yes));

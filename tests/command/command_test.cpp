@@ -168,7 +168,8 @@ TEST_F(Tulcmd, RefusesWhatCannotBeSelectedAndKeepsTheSelection) {
         {page("gone.mus"), "There is no file " + page("gone.mus") + "."},
         {page("sub"), page("sub") + " is a folder."},
         {page("sub/good.mus"), " lie in different folders; a selection has one folder."},
-        {page("back\\slash.mus"), "The name " + page("back\\slash.mus") + " cannot be written into a names file."},
+        {page("back\\slash.mus"),
+         "The name " + page("back\\slash.mus") + " cannot be written into a names file."},
     };
     for (const auto& [file, text] : refusals) {
         const Outcome outcome = run({"valid", page("good.mus"), file});

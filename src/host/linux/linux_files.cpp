@@ -439,7 +439,8 @@ std::optional<std::string> LinuxFiles::fromNative(const std::string& nativePath)
     if (beginsWithDrive(nativePath)) return installationPath(nativePath);
     const std::filesystem::path whole = std::filesystem::path(finder_.startFolder()) / nativePath;
     std::error_code failure;
-    // Behind a symbolic link ".." leads to the parent of what the link points to; the last name stays as it is.
+    // Behind a symbolic link ".." leads to the parent of what the link points to; the last name stays as it
+    // is.
     const bool goesUp = std::find(whole.begin(), whole.end(), "..") != whole.end();
     const bool endsInName = whole.filename() != ".." && whole.filename() != ".";
     const std::filesystem::path folder = endsInName ? whole.parent_path() : whole;

@@ -233,8 +233,8 @@ std::vector<std::string> LinuxProcesses::wordsOf(std::string_view arguments) con
 }
 
 /// A path may have blanks in it, and argument texts are written without quotes. So a first word that is a
-/// path (up to `end`) goes on over the following words as far as the longest text that names something on disk:
-/// a page "A 1.MUS" is not to be taken for the file "A" beside it.
+/// path (up to `end`) goes on over the following words as far as the longest text that names something on
+/// disk: a page "A 1.MUS" is not to be taken for the file "A" beside it.
 std::size_t LinuxProcesses::endOfPath(std::string_view text, std::size_t end) const {
     const auto leadsSomewhere = [&](std::size_t length) {
         const auto path = finder_.native(text.substr(0, length));

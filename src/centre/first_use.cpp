@@ -9,7 +9,6 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "centre/control_file.h"
-#include "centre/launching.h"
 #include "centre/names_file.h"
 #include "centre/platform_code.h"
 #include "centre/start_up.h"
@@ -54,10 +53,9 @@ class SelectionSeries {
                            "The path where it is supposed to be is:", paths.TulNamesPath,
                            "With parameters:", arguments}));
         }
-        {
-            const HiddenPanel hidden;
-            ShellAndWait(paths.TulNamesPath + " " + arguments, {arguments});
-        }
+        // What was chosen for the program before is not to be taken for this one when the user cancels.
+        files().remove(paths.NamesFilePath);
+        chooseNames(arguments, offer.prompt);
         ReadNamesFile();
         if (selection.SelectionCount == 0 && mayBeNone) return {};
         if (selection.SelectionCount != 1)

@@ -149,9 +149,19 @@ std::string selectionArguments(const std::string& suffix, const std::string& fol
     return arguments;
 }
 
+void chooseNames(const std::string& arguments, const std::string& message) {
+    const auto named = face().namedPaths(message.empty() ? "Select file(s)" : message);
+    if (!named) return runSelectionProgram(paths.TulNamesPath, arguments);
+    if (named->empty()) return;
+    std::string text;
+    for (const std::string& path : *named) text += namesFileLine(path);
+    if (files().replace(paths.NamesFilePath, text) != FileError::none)
+        MsgBox(paths.NamesFilePath + " could not be written.", Buttons::ok, Icon::exclamation);
+}
+
 void SelectFiles(const std::string& message, std::string& viewTip) {
-    runSelectionProgram(paths.TulNamesPath, selectionArguments(projectSettings.PreferedSuffix,
-                                                               projectSettings.MusDirectory, message));
+    chooseNames(selectionArguments(projectSettings.PreferedSuffix, projectSettings.MusDirectory, message),
+                message);
     renewSelection(viewTip);
 }
 
@@ -183,6 +193,7 @@ void RefreshViewTip(std::string& viewTip) {
 }
 
 std::string SelectFolder(const std::string& remark) {
+    if (const auto named = face().namedPaths(remark)) return named->empty() ? std::string() : named->front();
     if (FileExists(paths.TulFolderPath)) {
         const WaitingPointer pointer;
         runSelectionProgram(paths.TulFolderPath, "REMARK=" + remark + ",STARTDIR=" + paths.ProgramFolder +

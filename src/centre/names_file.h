@@ -20,6 +20,8 @@ void showNamesStatus();
 /// The argument string of TULNAMES.EXE: what it offers, and its prompt (empty: none).
 std::string selectionArguments(const std::string& suffix, const std::string& folder,
                                const std::string& message);
+/// Runs TULNAMES.EXE, or takes the files that the user named beforehand over into the names file.
+void chooseNames(const std::string& arguments, const std::string& message);
 /// The select button of a panel, on a click: runs TULNAMES.EXE with `message` as its prompt (empty: none),
 /// then reads the selection and renews the view button's tool tip.
 void SelectFiles(const std::string& message, std::string& viewTip);

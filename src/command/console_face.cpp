@@ -107,6 +107,17 @@ std::string ConsoleFace::inputBox(const std::string& prompt, const std::string& 
     return text;
 }
 
+std::optional<std::vector<std::string>> ConsoleFace::namedPaths(const std::string& prompt) {
+    if (answers_.empty()) return std::nullopt;
+    tell("question", prompt);
+    const std::string text = nextQueued();
+    std::vector<std::string> chosen;
+    if (!text.empty() && !equalIgnoringCase(text, "Cancel"))
+        if (auto path = files().fromNative(text)) chosen.push_back(std::move(*path));
+    tellAnswer(chosen.empty() ? "Cancel" : chosen.front());
+    return chosen;
+}
+
 void ConsoleFace::showText(const std::string& path) {
     std::string text;
     clearProgress();

@@ -2,7 +2,9 @@
 
 #include <deque>
 #include <iosfwd>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "command/arguments.h"
 #include "host/face.h"
@@ -32,6 +34,8 @@ class ConsoleFace : public Face {
 
     Answer msgBox(const Message& message) override;
     std::string inputBox(const std::string& prompt, const std::string& defaultText) override;
+    /// The next of the arguments' answers.
+    std::optional<std::vector<std::string>> namedPaths(const std::string& prompt) override;
     bool showsTextItself() const override { return true; }
     void showText(const std::string& path) override;
     void openPanel(const std::string& name) override;

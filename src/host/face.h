@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tul {
 
@@ -31,6 +32,11 @@ class Face {
     virtual Answer msgBox(const Message& message) = 0;
     /// The text that the user typed; empty when the box was cancelled.
     virtual std::string inputBox(const std::string& prompt, const std::string& defaultText) = 0;
+
+    /// The files or the folder that the user named beforehand, in the installation's form, where one of the
+    /// selection programs would ask for them with this prompt; none of them when the choice was cancelled.
+    /// Nothing where the program is to ask.
+    virtual std::optional<std::vector<std::string>> namedPaths(const std::string&) { return std::nullopt; }
 
     /// True when `showText` is to be used for all texts, the configured editor for none.
     virtual bool showsTextItself() const = 0;

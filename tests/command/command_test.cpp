@@ -3,6 +3,7 @@
 #include <map>
 #include <sstream>
 
+#include "base/text.h"
 #include "command/arguments.h"
 #include "command/command_run.h"
 #include "samples/page_builder.h"
@@ -211,6 +212,20 @@ TEST_F(Tulcmd, ShowsWarningsOfStartUpOnRequest) {
     EXPECT_EQ(run({"valid", page("good.mus")}).err, "");
     EXPECT_TRUE(
         run({"--verbose", "valid"}).err.starts_with("message: TUL is not qualified for this platform."));
+}
+
+TEST_F(Tulcmd, SetsANewInstallationUpByAnswers) {
+    std::filesystem::remove(host.nativeFolder() / "TULCNTRL.INI");
+    std::filesystem::create_directory(host.nativeFolder() / "win");
+    host.write("win/WSCORE.EXE", "x");
+    const Outcome outcome = run({"--answer", "Cancel", "--answer", "OK", "--answer", page("win/WSCORE.EXE"),
+                                 "--no", "valid", page("good.mus")});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_NE(host.read("TULCNTRL.INI")
+                  .find("WinScoreProgramPath=" + upperCase(host.path("win\\WSCORE.EXE")) + "\r\n"),
+              std::string::npos);
+    EXPECT_NE(outcome.out.find("\nGOOD.MUS "), std::string::npos) << "the files given are selected behind it";
+    EXPECT_TRUE(host.launches.empty() || host.launches.back() == "TULMONIT.EXE");
 }
 
 TEST_F(Tulcmd, ListsAPanel) {

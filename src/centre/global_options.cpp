@@ -353,7 +353,7 @@ void chooseFont(const std::string& entry) {
     const Text field = globalOptions.fontField;
     globalOptions.fontField = &GlobalOptions::txtLyricsFont;
     globalOptions.lstFont.visible = false;
-    if (entry == noFont) return;
+    if (entry == noFont || entry.empty()) return;
     const std::string prefix = "_" + entry.substr(0, 2);
     globalOptions.*field = prefix;
     globalOptions.txtFontName = fontNameOf(prefix);

@@ -81,34 +81,6 @@ void proveInstallation() {
     if (issues > 0) endWith("Number of installation issues: " + plain(issues));
 }
 
-void namePaths() {
-    const auto inFolder = [](const char* name) { return paths.ProgramFolder + "\\" + name; };
-    paths.NamesFileName = "NAMES.TUL";
-    paths.NamesFilePath = inFolder("NAMES.TUL");
-    paths.LogFilePath = inFolder("TULLOG.LOG");
-    paths.TulFolderPath = inFolder("TULFOLDR.EXE");
-    paths.TulFolderResultName = "TULFOLDR.TUL";
-    paths.TulNamesPath = inFolder("TULNAMES.EXE");
-    paths.TulOlePath = inFolder("TULOLE.EXE");
-    identity.DeveloperMode = FileExists(inFolder("TULXREF5.ASM"));
-}
-
-void nameModulePaths() {
-    const auto inFolder = [](const char* name) { return paths.ProgramFolder + "\\" + name; };
-    paths.TulSeps4idPath = inFolder("TULSEPS4ID.EXE");
-    paths.TulBeamPath = inFolder("TULBEAM.EXE");
-    paths.TulLjPath = inFolder("TULLJ.EXE");
-    paths.HelpFilePath = inFolder("TULCNTRL.HLP");
-    paths.TulXrefProfilePath = inFolder("TULXREF.PRO");
-    paths.TulFindPath = inFolder("TULFIND.EXE");
-    paths.TulDrawPath = inFolder("TULDRAW.EXE");
-    paths.TulEpsFxPath = inFolder("TULEPSFX.EXE");
-    paths.TulTposePath = inFolder("TULTPOSE.EXE");
-    paths.TulAnli1Path = inFolder("TULANLI1.EXE");
-    paths.TulAnli2Path = inFolder("TULANLI2.EXE");
-    paths.TulScHlpPath = inFolder("TULSCHLP.EXE");
-}
-
 /// The build number in a version text: what stands behind its last comma, or else behind its last full stop.
 std::string buildNumberOf(const std::string& versionText) {
     const char separator = versionText.find(',') != std::string::npos ? ',' : '.';
@@ -250,6 +222,31 @@ void LoadDateSettings() {
     }
 }
 
+void namePaths() {
+    const auto inFolder = [](const char* name) { return paths.ProgramFolder + "\\" + name; };
+    paths.NamesFileName = "NAMES.TUL";
+    paths.NamesFilePath = inFolder("NAMES.TUL");
+    paths.ControlFilePath = inFolder("TULCNTRL.INI");
+    paths.OptionsFilePath = inFolder("TULPROJ.PRO");
+    paths.LogFilePath = inFolder("TULLOG.LOG");
+    paths.TulFolderPath = inFolder("TULFOLDR.EXE");
+    paths.TulFolderResultName = "TULFOLDR.TUL";
+    paths.TulNamesPath = inFolder("TULNAMES.EXE");
+    paths.TulOlePath = inFolder("TULOLE.EXE");
+    paths.TulSeps4idPath = inFolder("TULSEPS4ID.EXE");
+    paths.TulBeamPath = inFolder("TULBEAM.EXE");
+    paths.TulLjPath = inFolder("TULLJ.EXE");
+    paths.HelpFilePath = inFolder("TULCNTRL.HLP");
+    paths.TulXrefProfilePath = inFolder("TULXREF.PRO");
+    paths.TulFindPath = inFolder("TULFIND.EXE");
+    paths.TulDrawPath = inFolder("TULDRAW.EXE");
+    paths.TulEpsFxPath = inFolder("TULEPSFX.EXE");
+    paths.TulTposePath = inFolder("TULTPOSE.EXE");
+    paths.TulAnli1Path = inFolder("TULANLI1.EXE");
+    paths.TulAnli2Path = inFolder("TULANLI2.EXE");
+    paths.TulScHlpPath = inFolder("TULSCHLP.EXE");
+}
+
 void StartUp() {
     identity.ComputerName = platform().computerName();
     refuseSecondInstance();
@@ -262,8 +259,8 @@ void StartUp() {
     paths.ProgramFolder = files().currentFolder();
     proveInstallation();
     namePaths();
+    identity.DeveloperMode = FileExists(located("\\TULXREF5.ASM"));
 
-    paths.ControlFilePath = paths.ProgramFolder + "\\TULCNTRL.INI";
     if (FileExists(paths.ControlFilePath)) {
         testBuild();
     } else {
@@ -273,10 +270,8 @@ void StartUp() {
     ReadControlFile(true);
     EnableTools(ToolGroup::first);
     SetEditor(EditorCode::notepad);
-    nameModulePaths();
     mainPanel.enabled["mnuScoreEngine"] = FileExists(machineSettings.ScoreEngineProgramPath);
 
-    paths.OptionsFilePath = paths.ProgramFolder + "\\TULPROJ.PRO";
     if (!FileExists(paths.OptionsFilePath)) WriteDefaultOptions();
     refreshAnlibTip();
     LoadDateSettings();

@@ -9,6 +9,9 @@ namespace tul {
 /// enables the tools. Ends the program at a fatal message.
 void StartUp();
 
+/// Forms the paths of the installation's files from `ProgramFolder`.
+void namePaths();
+
 /// Compares the library folder with the PREF file's, and tests that it is there. Warnings only.
 void CheckLibraryFolders();
 

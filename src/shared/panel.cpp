@@ -80,7 +80,10 @@ PanelAnswer Panel::set(std::string_view fieldName, const std::string& text) {
     }
     if (const auto list = std::get_if<ListBox*>(&target->value)) {
         const auto& entries = (*list)->entries;
-        if (std::find(entries.begin(), entries.end(), text) == entries.end()) return PanelAnswer::invalid;
+        // An empty text leaves the list without a choice.
+        const bool leaves = text.empty() && target->accept;
+        if (!leaves && std::find(entries.begin(), entries.end(), text) == entries.end())
+            return PanelAnswer::invalid;
         if (target->accept) target->accept(text);
         return PanelAnswer::done;
     }

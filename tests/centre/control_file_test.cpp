@@ -28,13 +28,6 @@ bool hasWindowsEnds(const std::string& text) {
 
 class ControlFile : public ::testing::Test {
   protected:
-    ControlFile() { nameFiles(); }
-
-    void nameFiles() const {
-        paths.ControlFilePath = host.path("TULCNTRL.INI");
-        paths.OptionsFilePath = host.path("TULPROJ.PRO");
-        paths.LogFilePath = host.path("TULLOG.LOG");
-    }
     /// A start with this count in the file, and a limit of 101 lines.
     std::optional<int> startWith(int timesExecuted) {
         host.write("TULCNTRL.INI",
@@ -169,8 +162,9 @@ TEST_F(ControlFile, TellsALogThatCouldNotBeSaved) {
 TEST_F(ControlFile, AndOtherSettingsAreReadWhateverTheirLineEnds) {
     host.install();
     for (const std::string end : {"\r\n", "\n", "\r"}) {
-        resetSharedRecords();
-        nameFiles();
+        machineSettings = {};
+        projectSettings = {};
+        monitors = {};
         host.write("TULCNTRL.INI", "[UserSettings]" + end + "* c" + end + end + "MaxLogRecords=500" + end +
                                        "LJPath=C:\\LJ.EXE");
         ReadControlFile(false);

@@ -17,9 +17,6 @@ using Lines = std::vector<std::string>;
 class DebugSummary : public ::testing::Test {
   protected:
     DebugSummary() {
-        paths.ProgramFolder = host.folder();
-        paths.NamesFilePath = host.path("NAMES.TUL");
-        paths.OptionsFilePath = host.path("TULPROJ.PRO");
         identity.VersionText = "v8.0.0.200";
         identity.BuildDateText = "May 1, 2026";
         projectSettings.MusDirectory = "C:\\MUSIC";

@@ -25,13 +25,6 @@ class FirstUseSeries : public ::testing::Test {
   protected:
     FirstUseSeries() {
         host.install();
-        paths.ProgramFolder = host.folder();
-        paths.NamesFileName = "NAMES.TUL";
-        paths.NamesFilePath = host.path("NAMES.TUL");
-        paths.ControlFilePath = host.path("TULCNTRL.INI");
-        paths.TulNamesPath = host.path("TULNAMES.EXE");
-        paths.TulFolderPath = host.path("TULFOLDR.EXE");
-        paths.TulFolderResultName = "TULFOLDR.TUL";
         identity.VersionText = "v8.0.0.200";
         host.programs["TULNAMES.EXE"] = [this](const std::string&) {
             std::string text;

@@ -17,13 +17,6 @@ using testing::ScriptedHost;
 class NamesFile : public ::testing::Test {
   protected:
     NamesFile() {
-        paths.ProgramFolder = host.folder();
-        paths.NamesFileName = "NAMES.TUL";
-        paths.NamesFilePath = host.path("NAMES.TUL");
-        paths.TulNamesPath = host.path("TULNAMES.EXE");
-        paths.TulOlePath = host.path("TULOLE.EXE");
-        paths.TulFolderPath = host.path("TULFOLDR.EXE");
-        paths.TulFolderResultName = "TULFOLDR.TUL";
         for (const char* page : {"one.mus", "second.mus", "three.mus"}) host.write(page, "page");
     }
 

@@ -22,6 +22,7 @@ using testing::ScriptedHost;
 class StartingUp : public ::testing::Test {
   protected:
     StartingUp() {
+        paths = {};
         host.install();
         host.write("TULCNTRL.INI", controlFile("v8.0.0.200"));
     }

@@ -52,8 +52,6 @@ class Viewing : public ::testing::Test {
         machineSettings.NotepadPath = "notepad.exe";
         machineSettings.WordpadPath = "C:\\Write\\wordpad.exe";
         SetEditor(EditorCode::notepad);
-        paths.OptionsFilePath = host.path("TULPROJ.PRO");
-        paths.ControlFilePath = host.path("TULCNTRL.INI");
         host.write("report.prn", "one\r\ntwo\r\n");
         host.write("music.mus", std::string("\x13\x00\x01", 3));
         host.write("TULPROJ.PRO", "MusDirectory=" + host.folder() + "\r\n");

@@ -91,11 +91,7 @@ TEST(PmxNumbers, KeepTheirColumns) {
 
 class Exporting : public ::testing::Test {
   protected:
-    Exporting() {
-        paths.ProgramFolder = host.folder();
-        paths.NamesFileName = "NAMES.TUL";
-        paths.NamesFilePath = host.path("NAMES.TUL");
-    }
+    Exporting() {}
 
     std::string file(const std::string& name) const { return upperCase(host.path(name)); }
     void run(const Texts& names) {
@@ -315,7 +311,6 @@ TEST_F(Exporting, TakesDroppedFileListsOverItself) {
     host.faultyFiles().refusals["NAMES.TUL"] = FileError::diskFull;
     select.drop({host.path("FILES.TMP")});
     EXPECT_EQ(host.messages, Texts{"Drop error or open error of: " + host.path("NAMES.TUL")});
-    paths.TulOlePath = host.path("TULOLE.EXE");
     host.programs["TULOLE.EXE"] = [](const std::string&) { return 0; };
     select.drop({host.path("A.MUS")});
     EXPECT_TRUE(host.launches.back().starts_with("TULOLE.EXE ")) << "which other drops go through";

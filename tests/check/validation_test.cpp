@@ -32,10 +32,7 @@ using Texts = std::vector<std::string>;
 
 class Validating : public ::testing::Test {
   protected:
-    Validating() {
-        paths.ProgramFolder = host.folder();
-        paths.NamesFilePath = host.path("NAMES.TUL");
-    }
+    Validating() {}
 
     void select(const Texts& names) {
         std::string text;

@@ -106,8 +106,6 @@ class ValidationPanel : public ::testing::Test {
   protected:
     ValidationPanel() {
         host.install();
-        paths.NamesFileName = "NAMES.TUL";
-        paths.NamesFilePath = host.path("NAMES.TUL");
         panel = findPanel("valid")->make();
     }
     ScriptedHost host;

@@ -6,7 +6,9 @@
 #include <iterator>
 
 #include "base/text.h"
+#include "centre/start_up.h"
 #include "panels/fresh_process.h"
+#include "shared/records.h"
 
 namespace tul::testing {
 
@@ -107,6 +109,8 @@ ScriptedHost::ScriptedHost() {
     version.ownText = "Wx Test";
     freshProcess();
     files().changeFolder(*files().fromNative(nativeFolder_.string()));
+    paths.ProgramFolder = folder();
+    namePaths();
 }
 
 ScriptedHost::~ScriptedHost() {

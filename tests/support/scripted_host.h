@@ -57,7 +57,8 @@ class FaultyFiles : public Files {
 /// table of fake programs, queued answers, and a record of all that was said.
 class ScriptedHost {
   public:
-    /// Makes the folder, installs the host, and gives every record its initial value.
+    /// Makes the folder, installs the host, gives every record its initial value, and names the paths of an
+    /// installation in that folder.
     ScriptedHost();
     ~ScriptedHost();
     ScriptedHost(const ScriptedHost&) = delete;

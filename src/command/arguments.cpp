@@ -76,7 +76,9 @@ ParseResult parseArguments(const std::vector<std::string>& words, Arguments& arg
         std::reverse(reversed.begin(), reversed.end());
         app.parse(std::move(reversed));
     } catch (const CLI::CallForHelp&) {
-        return {.goOn = false, .exitStatus = 0, .text = app.help()};
+        std::string help = app.help();
+        while (help.ends_with('\n')) help.pop_back();
+        return {.goOn = false, .exitStatus = 0, .text = help};
     } catch (const CLI::ParseError& error) {
         return usageError(error.what());
     }

@@ -269,10 +269,13 @@ bool isNumeric(std::string_view text) {
     return text.empty() || isExponent(text);
 }
 
+bool isPlainNumber(std::string_view text) {
+    return isNumeric(text) && text.find_first_of("eE") == std::string_view::npos;
+}
+
 bool isWholeNumber(std::string_view text) {
-    // Not by the value with its exponent: the numeric value is what a caller goes on with.
     const double value = numericValue(text);
-    return isNumeric(text) && std::floor(value) == value;
+    return isPlainNumber(text) && std::floor(value) == value;
 }
 
 double roundToEven(double value) {

@@ -53,7 +53,10 @@ double numericValue(std::string_view text);
 /// True when the whole trimmed text is one number, an exponent allowed.
 bool isNumeric(std::string_view text);
 
-/// True when the trimmed text is numeric and its numeric value (which knows no exponent) has no fraction.
+/// The same without an exponent, so that the numeric value is the whole of it.
+bool isPlainNumber(std::string_view text);
+
+/// True when the text is a plain number without a fraction.
 bool isWholeNumber(std::string_view text);
 
 /// To nearest, ties to even. NaN and infinities stay as they are.

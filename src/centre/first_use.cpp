@@ -164,7 +164,8 @@ void deriveFromScore() {
         settings.LibPath = prefix + "LIB";
         settings.PreferenceFilePath = settings.LibPath + "\\PREF-4.SCR";
         settings.HlpPath = prefix + "HLP\\COD01-4.HLP";
-        if (!FolderExists(settings.LibPath)) settings.LibPath.clear();
+        const auto library = files().info(settings.LibPath);
+        if (!library || !library->folder) settings.LibPath.clear();
     } else if (upper.ends_with("\\SCORE.EXE")) {
         const std::string prefix(folderOf(score));
         settings.PagePath = prefix + "PAGE.EXE";

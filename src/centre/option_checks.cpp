@@ -63,7 +63,7 @@ std::string CheckFontPrefix(std::string_view text) {
 bool CheckSize(std::string& text) {
     if (text.starts_with('.')) text.insert(0, 1, '0');
     const double size = numericValue(text);
-    const bool fits = isNumeric(text) && size > 0 && size < 10;
+    const bool fits = isPlainNumber(text) && size > 0 && size < 10;
     if (!fits) text = "1";
     return fits;
 }
@@ -85,7 +85,7 @@ std::string keepMarkedSize(const std::string& typed) {
 }
 
 std::string keepLyricsSize(const std::string& typed) {
-    const bool isPointSize = isNumeric(typed) && numericValue(typed) < 0;
+    const bool isPointSize = isPlainNumber(typed) && numericValue(typed) < 0;
     return isPointSize ? typed : keepSize(typed);
 }
 

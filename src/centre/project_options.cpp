@@ -96,9 +96,7 @@ std::vector<KeyValue> readOptions() {
 }
 
 std::string fontName(int number) {
-    const std::string digits = formatted(number, "00").substr(0, 2);
-    const std::string path = machineSettings.LibPath + "\\FM" + digits + ".PSC";
-    if (!FileExists(path)) return {};
+    const std::string path = machineSettings.LibPath + "\\FM" + formatted(number, "00") + ".PSC";
     const auto info = files().info(path);
     std::string head;
     if (!info || info->length != fontFileLength) return {};

@@ -31,9 +31,6 @@ extern PmxRun pmxRun;
 
 void resetPmxRun();
 
-/// What a path ends in that is a bare list of items, without header and trailer. Case as written.
-inline constexpr std::string_view fileListName = "\\FILES.TMP";
-
 /// The run over the selection, which it reads anew: writes the PMX files and the report TULPMX.PRN, shows it
 /// and deletes it. A file that cannot be written ends the run; the report of what was done then stays.
 void cmdPmxRun();

@@ -20,8 +20,6 @@ constexpr std::size_t headerBytes = 2;
 // behind can never be read, however long the file is.
 constexpr std::size_t reachableBytes = headerBytes + wordBytes * (2 * 32768 + trailerWords);
 
-constexpr std::string_view fileListName = "\\FILES.TMP";
-
 std::uint32_t littleEndian(const char* bytes, std::size_t count) {
     std::uint32_t value = 0;
     for (std::size_t i = 0; i < count; ++i)

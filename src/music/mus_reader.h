@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "base/index_fault.h"
 
@@ -64,6 +65,9 @@ extern MusReader musReader;
 
 /// Back to the state before the first file of a process.
 void resetMusReader();
+
+/// The end of the path of a file list: items without header and trailer.
+inline constexpr std::string_view fileListName = "\\FILES.TMP";
 
 /// The range of item codes, and lengths in words.
 inline constexpr float lowestItemCode = 1.0F;

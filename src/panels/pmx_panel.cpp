@@ -6,6 +6,7 @@
 #include "centre/panel_place.h"
 #include "check/pmx_export.h"
 #include "host/host.h"
+#include "music/mus_reader.h"
 #include "panels/tool_panel.h"
 #include "shared/records.h"
 
@@ -19,7 +20,7 @@ struct PmxPanel {
 };
 PmxPanel pmxPanel;
 
-bool holdsFileList(const std::string& path) { return path.find(pmx::fileListName) != std::string::npos; }
+bool holdsFileList(const std::string& path) { return path.find(fileListName) != std::string::npos; }
 
 /// A list of items is no music file to the selection programs, so its drop goes into the names file directly.
 void dropPmxFiles(const std::vector<std::string>& dropped) {

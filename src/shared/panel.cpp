@@ -61,6 +61,8 @@ PanelAnswer Panel::set(std::string_view fieldName, const std::string& text) {
     if (const auto flag = std::get_if<bool*>(&target->value)) {
         if (!isBoolean(text)) return PanelAnswer::invalid;
         const bool on = isTrue(text);
+        // An option is switched off by switching another one on.
+        if (target->kind == FieldKind::option && !on && **flag) return PanelAnswer::invalid;
         if (target->kind == FieldKind::option && on) {
             for (Field& other : fields)
                 if (const auto option = std::get_if<bool*>(&other.value);

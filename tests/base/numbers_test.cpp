@@ -183,7 +183,7 @@ TEST(Numbers, NumericMeansOneWholeNumberText) {
         EXPECT_FALSE(isNumeric(text)) << text;
     }
     for (const char* text : {"12", " -3.0 ", "7."}) EXPECT_TRUE(isWholeNumber(text)) << text;
-    for (const char* text : {"", "1.5", "12a", ".5"}) EXPECT_FALSE(isWholeNumber(text)) << text;
+    for (const char* text : {"", "1.5", "12a", ".5", "1E5"}) EXPECT_FALSE(isWholeNumber(text)) << text;
 }
 
 TEST(Numbers, RoundingGoesToEvenBeforeTheRangeIsChecked) {

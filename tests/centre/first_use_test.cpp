@@ -122,6 +122,32 @@ TEST_F(FirstUseSeries, FindsWhatLiesBesideScore4) {
         << "blanks at the end of an argument string do not arrive";
 }
 
+TEST_F(FirstUseSeries, ChoosesBetweenTheScoresOfDriveC) {
+    make({"disk/SCORE/SCORE.EXE", "disk/SCORE/JUST.EXE", "disk/SCOR4/SCOR4.EXE", "disk/LIB/FM00.PSC",
+          "disk/LIB/PREF.SCR", "disk/HLP/CODE01.HLP"});
+    fs::create_directories(host.nativeFolder() / ".wine/dosdevices");
+    fs::create_symlink(host.nativeFolder() / "disk", host.nativeFolder() / ".wine/dosdevices/c:");
+    host.answers = {yes, Answer::yes};  // link SCORE, and Score3 of the two
+    FirstUse();
+    EXPECT_TRUE(said(
+        "Your system has both Score3 and Score4 on drive C.\r\nDo you want to link Score3? \r\n\r\nAnswer "
+        "YES to link Score3, answer NO to link Score4"));
+    EXPECT_EQ(value("ScorePath"), "C:\\SCORE\\SCORE.EXE");
+    EXPECT_EQ(value("WorkDrive"), "C:\\");
+    EXPECT_EQ(value("PagePath"), "");
+    EXPECT_EQ(value("libPath"), "C:\\LIB");
+    EXPECT_EQ(value("PreferenceFilePath"), "C:\\LIB\\PREF.SCR");
+    EXPECT_EQ(value("hlpPath"), "C:\\HLP\\CODE01.HLP");
+
+    fs::remove_all(host.nativeFolder() / "disk/SCORE");
+    make({"lib/PREF.SCR"});
+    selections = {{"lib\\PREF.SCR"}};
+    host.answers = {yes};
+    FirstUse();
+    EXPECT_EQ(value("ScorePath"), "C:\\SCOR4\\SCOR4.EXE") << "the only one is taken";
+    EXPECT_EQ(value("libPath"), "") << "there is no library beside it";
+}
+
 TEST_F(FirstUseSeries, AsksForWhatDoesNotLieBesideScore) {
     make({"score/SCORE.EXE", "tools/PAGE.EXE", "lib/PREF.SCR"});
     selections = {{"score\\SCORE.EXE"}, {"tools\\PAGE.EXE"}, {"lib\\PREF.SCR"}};

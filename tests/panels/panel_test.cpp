@@ -60,6 +60,9 @@ TEST(PanelFields, TakeWhatAWindowWouldLetAUserDo) {
     EXPECT_FALSE(options.optFirst) << "one option of a frame excludes the others";
     EXPECT_TRUE(options.optOther) << "the options of another frame stay";
 
+    EXPECT_EQ(panel.set("optSecond", "0"), PanelAnswer::invalid) << "one of them is always on";
+    EXPECT_TRUE(options.optSecond);
+
     EXPECT_EQ(panel.set("txtSize", "2"), PanelAnswer::disabled);
     EXPECT_EQ(panel.set("CHKBACKUP", "True"), PanelAnswer::done);
     EXPECT_EQ(panel.set("txtSize", "2"), PanelAnswer::done);

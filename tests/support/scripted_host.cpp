@@ -95,6 +95,7 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
 ScriptedHost::ScriptedHost() {
     std::string pattern = (fs::temp_directory_path() / "tul-test-XXXXXX").string();
     nativeFolder_ = mkdtemp(pattern.data());
+    setenv("HOME", nativeFolder_.c_str(), 1);  // whose drives are the test's own
     machine_ = openNativeMachine();
     Host host = machine_->host();
     faultyFiles_ = std::make_unique<FaultyFiles>(*host.files);

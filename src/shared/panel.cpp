@@ -56,7 +56,7 @@ Command* Panel::command(std::string_view commandName) { return findByName(comman
 PanelAnswer Panel::set(std::string_view fieldName, const std::string& text) {
     Field* const target = field(fieldName);
     if (!target) return PanelAnswer::unknown;
-    if (!isOpen(*target)) return PanelAnswer::disabled;
+    if (closed() || !isOpen(*target)) return PanelAnswer::disabled;
 
     if (const auto flag = std::get_if<bool*>(&target->value)) {
         if (!isBoolean(text)) return PanelAnswer::invalid;
@@ -111,7 +111,7 @@ PanelAnswer Panel::click(std::string_view fieldName) {
 PanelAnswer Panel::press(std::string_view commandName) {
     Command* const target = command(commandName);
     if (!target) return PanelAnswer::unknown;
-    if (!target->enabled()) return PanelAnswer::disabled;
+    if (closed() || !target->enabled()) return PanelAnswer::disabled;
     target->run();
     return PanelAnswer::done;
 }

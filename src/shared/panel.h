@@ -79,7 +79,8 @@ struct PanelPlace {
     int height = 6660;
 };
 
-/// `disabled` stands for a hidden or read-only field too; `invalid` for a text that is no value of the field.
+/// `disabled` stands for a hidden or read-only field and for a closed panel, too; `invalid` for a text that
+/// is no value of the field.
 enum class PanelAnswer { done, unknown, disabled, invalid };
 
 /// A tool as a record of fields and a list of commands. A face only sets fields and presses commands.

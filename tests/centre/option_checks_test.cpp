@@ -43,7 +43,7 @@ TEST(Sizes, LieBetweenZeroAndTen) {
         EXPECT_TRUE(CheckSize(text)) << typed;
         EXPECT_EQ(text, size) << "the text stays as it was typed";
     }
-    for (const char* typed : {"0", "10", "-1", "", ".", "1,5", "one"}) {
+    for (const char* typed : {"0", "10", "-1", "", ".", "1,5", "one", "5E5"}) {
         std::string text = typed;
         EXPECT_FALSE(CheckSize(text)) << typed;
         EXPECT_EQ(text, "1");

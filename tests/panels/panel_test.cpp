@@ -148,6 +148,7 @@ TEST_F(ValidationPanel, ReturnsOrCancels) {
     valid::validation.control.endRun();
     panel.press("cmdValidateReturn");
     EXPECT_TRUE(panel.closed());
+    EXPECT_EQ(panel.press("cmdValidateReturn"), PanelAnswer::disabled);
 }
 
 }  // namespace

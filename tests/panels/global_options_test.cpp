@@ -55,6 +55,7 @@ class OptionsPanel : public ::testing::Test {
     /// What the file then says of a key; nothing when it has no such line.
     std::string written(const std::string& key) {
         panel.press("cmdGlobalOptionsReturn");
+        panel.load();  // opened again for what follows
         const std::string file = host.read("TULPROJ.PRO");
         for (const std::string_view line : linesOf(file))
             if (line.starts_with(key + "=")) return std::string(line.substr(key.size() + 1));

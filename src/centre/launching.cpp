@@ -1,5 +1,7 @@
 #include "centre/launching.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <string_view>
 
 #include "base/text.h"
@@ -9,8 +11,6 @@
 namespace tul {
 
 namespace {
-
-constexpr std::string_view executable = ".EXE";
 
 bool startsScore(const std::string& program) {
     return program.find("SCORE.EXE") != std::string::npos || program.find("SCOR4.EXE") != std::string::npos;
@@ -42,24 +42,34 @@ void tellStartFailure(const std::string& program, const std::string& failure) {
            "This could also be an installation or a programming error. Contact Development.");
 }
 
-/// Splits a command as process creation does: behind the program's suffix, else at the first blank.
-Launch directLaunch(const std::string& command) {
+/// Where the program's name ends: behind the first of the suffixes that a blank or nothing follows, for a
+/// folder may be called "m.exeter". Nothing when there is none.
+std::size_t endOfProgram(const std::string& command, std::initializer_list<std::string_view> suffixes) {
     const std::string upper = upperCase(command);
-    std::size_t end = std::string::npos;
-    for (const std::string_view suffix : {".EXE", ".BAT", ".COM"}) {
-        const std::size_t position = upper.find(suffix);
-        if (position != std::string::npos && position + suffix.size() < end) end = position + suffix.size();
+    std::size_t first = std::string::npos;
+    for (const std::string_view suffix : suffixes) {
+        for (std::size_t at = upper.find(suffix); at != std::string::npos; at = upper.find(suffix, at + 1)) {
+            const std::size_t end = at + suffix.size();
+            if (end < upper.size() && upper[end] != ' ') continue;
+            first = std::min(first, end);
+            break;
+        }
     }
-    if (end == std::string::npos) end = command.find(' ');
-    if (end == std::string::npos) end = command.size();
+    return first;
+}
+
+/// Program and arguments of a command that is run as it stands.
+Launch directLaunch(const std::string& command) {
+    std::size_t end = endOfProgram(command, {".EXE", ".BAT", ".COM"});
+    if (end == std::string::npos) end = std::min(command.find(' '), command.size());
     return {.program = command.substr(0, end), .arguments = std::string(trim(command.substr(end)))};
 }
 
 }  // namespace
 
 std::string programOf(const std::string& command) {
-    const std::size_t position = upperCase(command).find(executable);
-    return position == std::string::npos ? std::string() : command.substr(0, position + executable.size());
+    const std::size_t end = endOfProgram(command, {".EXE"});
+    return end == std::string::npos ? std::string() : command.substr(0, end);
 }
 
 void ExecAndWait(const std::string& command, const std::vector<std::string>& words) {
@@ -76,7 +86,9 @@ void ExecAndWait(const std::string& command, const std::vector<std::string>& wor
 void ShellAndWait(const std::string& command, const std::vector<std::string>& words) {
     if (command.find("TULNAMES.EXE") != std::string::npos) return ExecAndWait(command, words);
 
-    Launch launch{.program = command, .arguments = {}, .words = words, .style = windowStyleOf(command)};
+    Launch launch = directLaunch(command);
+    launch.words = words;
+    launch.style = windowStyleOf(command);
     if (command.find("ScoreEngine") == std::string::npos) {
         const std::string program = programOf(command);
         if (program.empty()) {

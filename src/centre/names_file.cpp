@@ -28,7 +28,7 @@ void discardNamesFile(const std::string& message) {
 
 bool checkPrefix(const std::string& name) {
     const std::string_view prefix = folderOf(name);
-    if (selection.SelectionCount == 1) selection.SelectionPrefix = prefix;
+    if (selection.SelectionNames.count() == 1) selection.SelectionPrefix = prefix;
     if (prefix == selection.SelectionPrefix) return true;
     discardNamesFile("Names in Names file do not all have the same path prefix." + newLine +
                      "This is a requirement for printing with SCORLAS." + newLine + "Compared names are: " +
@@ -65,8 +65,8 @@ bool takeName(const std::string& name) {
 
 std::int16_t countSelectedOnDisk() {
     std::int16_t found = 0;
-    for (int i = 1; i <= selection.SelectionCount; ++i)
-        if (FileExists(selection.SelectionNames[i])) found = wrap16(found + 1);
+    for (const std::string& name : selection.SelectionNames)
+        if (FileExists(name)) found = wrap16(found + 1);
     return found;
 }
 

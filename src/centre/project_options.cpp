@@ -39,7 +39,7 @@ Store inUpperCase(Text setting) {
 }
 Store rounded(std::int16_t ProjectSettings::*setting) {
     return [setting](const std::string& value) {
-        projectSettings.*setting = toInt16(numericValue(value)).value_or(0);
+        if (const auto number = toInt16(numericValue(value))) projectSettings.*setting = *number;
     };
 }
 Store inputMode(const char* mode) {
@@ -99,7 +99,7 @@ std::string fontName(int number) {
     const std::string path = machineSettings.LibPath + "\\FM" + formatted(number, "00") + ".PSC";
     const auto info = files().info(path);
     std::string head;
-    if (!info || info->length != fontFileLength) return {};
+    if (!FileExists(path) || !info || info->length != fontFileLength) return {};
     if (files().read(path, head, fontHeadLength) != FileError::none || !head.starts_with(fontMarks))
         return {};
     return std::string(trim(std::string_view(head).substr(fontMarks.size())));

@@ -283,7 +283,8 @@ void StartUp() {
     testPlatform();
     CheckLibraryFolders();
     enableSecondGroup();
-    if (projectSettings.PanelPreference > 2) projectSettings.PanelPreference = 0;
+    if (projectSettings.PanelPreference < 0 || projectSettings.PanelPreference > 2)
+        projectSettings.PanelPreference = 0;
     mainPanel.tabLogo = projectSettings.PanelPreference;
     RefreshNamesFiles();
     LoadFontNames();

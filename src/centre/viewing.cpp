@@ -30,25 +30,29 @@ bool looksLikeText(const std::string& path) {
     return std::all_of(bytes.begin(), bytes.end(), isTextByte);
 }
 
+const std::string& editorPath() {
+    const bool isWordpad = editor.code == static_cast<int>(EditorCode::wordpad);
+    return isWordpad ? machineSettings.WordpadPath : machineSettings.NotepadPath;
+}
+
 bool editorIsThere() {
-    const std::string program = programOf(editor.path);
-    return program.empty() || processes().canFind(std::string(fileNameOf(program)));
+    const std::string program = programOf(editorPath());
+    if (program.empty())
+        return processes().canFind(editorPath());  // a batch file, or nothing that can be run
+    return processes().canFind(std::string(fileNameOf(program)));
 }
 
 }  // namespace
 
-void SetEditor(EditorCode code) {
-    editor.code = static_cast<int>(code);
-    editor.path = code == EditorCode::notepad ? machineSettings.NotepadPath : machineSettings.WordpadPath;
-}
+void SetEditor(EditorCode code) { editor.code = static_cast<int>(code); }
 
 void ViewWithEditor(const std::string& path) {
     if (face().showsTextItself() || !editorIsThere()) {
         face().showText(path);
     } else {
         const std::string shortPath = GetShortName(path);
-        const bool isBareProgram = programOf(editor.path) == editor.path;
-        ShellAndWait(editor.path + " " + shortPath,
+        const bool isBareProgram = programOf(editorPath()) == editorPath();
+        ShellAndWait(editorPath() + " " + shortPath,
                      isBareProgram ? std::vector{shortPath} : std::vector<std::string>());
     }
 }

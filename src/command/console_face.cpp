@@ -112,8 +112,14 @@ std::optional<std::vector<std::string>> ConsoleFace::namedPaths(const std::strin
     tell("question", prompt);
     const std::string text = nextQueued();
     std::vector<std::string> chosen;
-    if (!text.empty() && !equalIgnoringCase(text, "Cancel"))
-        if (auto path = files().fromNative(text)) chosen.push_back(std::move(*path));
+    if (!text.empty() && !equalIgnoringCase(text, "Cancel")) {
+        auto path = files().fromNative(text);
+        if (path && files().info(*path)) {
+            chosen.push_back(std::move(*path));
+        } else {
+            console_.err << "There is no " << toUtf8(text) << ".\n";
+        }
+    }
     tellAnswer(chosen.empty() ? "Cancel" : chosen.front());
     return chosen;
 }

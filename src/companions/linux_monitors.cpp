@@ -69,6 +69,7 @@ ScreenLayout queryScreenLayout() {
     const xcb_screen_t& screen = *screens.data;
     layout.workAreaHeight = workAreaHeight(connection.get(), screen);
     layout.currentMonitorRight = screen.width_in_pixels;
+    layout.monitorCount = 1;
     const auto* extension = xcb_get_extension_data(connection.get(), &xcb_randr_id);
     if (extension && extension->present != 0) takeMonitors(connection.get(), screen, layout);
     return layout;

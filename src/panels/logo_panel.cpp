@@ -14,7 +14,11 @@ Panel makeLogoPanel() {
     panel.name = "frmLogo";
     panel.caption = mainPanel.caption;
     panel.fields = {
-        {.name = "tabLogo", .kind = FieldKind::tab, .value = &mainPanel.tabLogo},
+        {.name = "tabLogo",
+         .kind = FieldKind::tab,
+         .value = &mainPanel.tabLogo,
+         .visible = [] { return mainPanel.tabsVisible; },
+         .choices = 4},
         {.name = "lstTextFiles",
          .kind = FieldKind::list,
          .value = &mainPanel.lstTextFiles,
@@ -22,7 +26,8 @@ Panel makeLogoPanel() {
              [](const std::string& entry) {
                  chooseTextFile(entry);
                  return entry;
-             }},
+             },
+         .visible = [] { return mainPanel.lstTextFiles.visible; }},
     };
     panel.commands = {
         {.name = "mnuNotepad",

@@ -131,8 +131,7 @@ struct Selection {
 
 /// The outside editor that texts are shown in. Owner: `SetEditor`.
 struct Editor {
-    int code = 1;  // 1 Notepad, 2 Wordpad
-    std::string path;
+    int code = 1;  // 1 NotepadPath, 2 WordpadPath
 };
 
 extern Identity identity;

@@ -29,6 +29,19 @@ TEST(Launching, DoublesACharacterOfScoresArgumentsOnWindows2000) {
     EXPECT_EQ(host.launches.back(), "SCORE.EXE AABC");
 }
 
+TEST(Launching, FindsTheEndOfAProgramInAnyFolder) {
+    ScriptedHost host;
+    host.programs["TULFOLDR.EXE"] = [](const std::string&) { return 0; };
+    host.programs["TULNAMES.EXE"] = [](const std::string&) { return 0; };
+    ShellAndWait("Z:\\m.exeter\\TULFOLDR.EXE FILE=A");
+    EXPECT_EQ(host.launches.back(), "TULFOLDR.EXE FILE=A");
+    ShellAndWait("Z:\\j.bates\\TULNAMES.EXE FILE=A");
+    EXPECT_EQ(host.launches.back(), "Z:\\j.bates\\TULNAMES.EXE FILE=A");
+    ShellAndWait("Z:\\ScoreEngine\\TULFOLDR.EXE FILE=A");
+    EXPECT_EQ(host.launches.back(), "Z:\\ScoreEngine\\TULFOLDR.EXE FILE=A");
+    EXPECT_TRUE(host.messages.empty());
+}
+
 TEST(Launching, StartsBatchFilesDirectlyAndEndsWhenThatFails) {
     ScriptedHost host;
     host.programs["GO.BAT"] = [](const std::string&) { return 0; };
@@ -65,11 +78,14 @@ TEST_F(Viewing, TakesTheChosenEditorWhereItCanBeFound) {
     EXPECT_TRUE(host.launches.empty());
     EXPECT_EQ(host.shown, std::vector<std::string>{"one\r\ntwo\r\n"})
         << "without an editor the face shows it";
+    machineSettings.NotepadPath = "gedit";
+    ViewWithEditor(host.path("report.prn"));
+    EXPECT_EQ(host.shown.size(), 2U) << "what cannot be run is not there";
     host.programs["wordpad.exe"] = [](const std::string&) { return 0; };
     SetEditor(EditorCode::wordpad);
     ViewWithEditor(host.path("report.prn"));
     EXPECT_EQ(host.launches, std::vector<std::string>{"wordpad.exe " + host.path("report.prn")});
-    EXPECT_EQ(host.shown.size(), 1U);
+    EXPECT_EQ(host.shown.size(), 2U);
 }
 
 TEST_F(Viewing, FillsTheBuiltInViewer) {

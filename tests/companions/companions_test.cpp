@@ -85,7 +85,7 @@ TEST_F(Installation, DroppedFilesBecomeTheSelection) {
 TEST_F(Installation, MonitorsAreToldWithoutADisplay) {
     EXPECT_EQ(run("./TULMONIT.EXE").status, 0);
     EXPECT_EQ(host.read("TulMonit.TXT"),
-              crlf({"WorkAreaHeight=768", "NumberOfMonitors=1", "CurrentMonitorRight=1024"}));
+              crlf({"WorkAreaHeight=768", "NumberOfMonitors=0", "CurrentMonitorRight=1024"}));
 }
 
 TEST_F(Installation, WhatNeedsAWindowSaysSoAndLeavesTheSelection) {

@@ -1,10 +1,21 @@
 #include "memory_host.h"
 
+#include <cstdlib>
+
 namespace tul::fuzz {
 
 MemoryHost::MemoryHost() {
     installHost(
         {.files = this, .processes = this, .profile = this, .clock = this, .platform = this, .face = this});
+}
+
+void require(bool condition) {
+    if (!condition) std::abort();
+}
+
+std::vector<std::string> MemoryHost::layOutPage(const std::string& bytes) {
+    contents = {{"Z:\\HOME\\PAGE.MUS", bytes}, {"Z:\\HOME\\FILES.TMP", bytes}};
+    return {"Z:\\HOME\\PAGE.MUS", "Z:\\HOME\\FILES.TMP"};
 }
 
 std::optional<FileInfo> MemoryHost::info(const std::string& path) const {

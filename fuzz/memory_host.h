@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "host/host.h"
 
@@ -9,6 +11,12 @@ namespace tul::fuzz {
 
 /// The end of the program.
 struct End {};
+
+/// What no page can lead beyond: an item of the longest length that begins at the last word, and a trailer.
+inline constexpr std::int32_t mostWords = 2 * 32768 + 6;
+
+/// Ends the fuzzer with a finding unless the condition holds.
+void require(bool condition);
 
 /// A machine whose files live in memory.
 class MemoryHost : public Files,
@@ -19,6 +27,9 @@ class MemoryHost : public Files,
                    public Face {
   public:
     MemoryHost();
+
+    /// Leaves these bytes as the only files: a page, and a list of items without header. Their paths.
+    std::vector<std::string> layOutPage(const std::string& bytes);
 
     std::map<std::string, std::string> contents;  // by path
     std::string refusals;  // a byte a question, again and again: an odd one refuses; empty refuses nothing

@@ -1,6 +1,5 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include "check/validation.h"
@@ -14,12 +13,8 @@
 namespace {
 
 using namespace tul;
-
-constexpr std::int32_t mostWords = 2 * 32768 + trailerWords;
-
-void require(bool condition) {
-    if (!condition) std::abort();
-}
+using fuzz::mostWords;
+using fuzz::require;
 
 void readItems(const std::string& path) {
     MusOpen(path, musReader.MusWordCount);
@@ -47,12 +42,7 @@ void validate(const std::string& path) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static fuzz::MemoryHost host;
     freshProcess();
-    const std::string page = "Z:\\HOME\\PAGE.MUS";
-    const std::string fileList = "Z:\\HOME\\FILES.TMP";
-    host.contents.clear();
-    host.contents[page].assign(reinterpret_cast<const char*>(data), size);
-    host.contents[fileList] = host.contents[page];
-    for (const std::string& path : {page, fileList}) {
+    for (const std::string& path : host.layOutPage({reinterpret_cast<const char*>(data), size})) {
         readItems(path);
         host.refusals.clear();
         validate(path);

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -18,14 +17,11 @@
 namespace {
 
 using namespace tul;
+using fuzz::mostWords;
+using fuzz::require;
 
-constexpr std::int32_t mostWords = 2 * 32768 + trailerWords;
 constexpr std::size_t wordBytes = 4;
 constexpr std::size_t checkedBytes = 64 * wordBytes;
-
-void require(bool condition) {
-    if (!condition) std::abort();
-}
 
 void exportAs(const std::string& path, bool condensed, bool comment) {
     pmx::pmxRun.options.optPMXformatCondensed = condensed;
@@ -51,12 +47,7 @@ void checkNumber(float value) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static fuzz::MemoryHost host;
     freshProcess();
-    const std::string page = "Z:\\HOME\\PAGE.MUS";
-    const std::string fileList = "Z:\\HOME\\FILES.TMP";
-    host.contents.clear();
-    host.contents[page].assign(reinterpret_cast<const char*>(data), size);
-    host.contents[fileList] = host.contents[page];
-    for (const std::string& path : {page, fileList}) {
+    for (const std::string& path : host.layOutPage({reinterpret_cast<const char*>(data), size})) {
         exportAs(path, false, false);
         exportAs(path, true, true);
     }

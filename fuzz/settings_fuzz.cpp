@@ -19,6 +19,7 @@
 namespace {
 
 using namespace tul;
+using fuzz::require;
 
 const std::string home = "Z:\\HOME\\";
 /// Lines of one byte take many times their length in memory: enough of them for every counter of the readers.
@@ -29,10 +30,6 @@ class SettingsHost : public fuzz::MemoryHost {
   public:
     bool canRead(const std::string& path) const override { return path.find('\\') != std::string::npos; }
 };
-
-void require(bool condition) {
-    if (!condition) std::abort();
-}
 
 bool comesBack(const std::function<void()>& reading) {
     try {

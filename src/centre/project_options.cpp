@@ -158,8 +158,11 @@ void ReadProjectOptions() {
 }
 
 void ReadReturnedOptions() {
-    ReadProjectOptions();
-    for (const KeyValue& option : readOptions()) storeInto(returnedOptions, option.key, option.value);
+    projectSettings.Code9Path = machineSettings.LibPath + "\\CODE9.DAT";
+    for (const KeyValue& option : readOptions()) {
+        storeInto(sharedOptions, option.key, option.value);
+        storeInto(returnedOptions, option.key, option.value);
+    }
 }
 
 void readMusDirectory() {

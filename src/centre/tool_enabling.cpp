@@ -1,6 +1,5 @@
 #include "centre/tool_enabling.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>

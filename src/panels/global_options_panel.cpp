@@ -214,7 +214,6 @@ std::vector<Command> commands() {
 
 Panel makeGlobalOptionsPanel() {
     globalOptions = {};
-    globalOptions.OptionsPanelOpen = true;
     Panel panel;
     panel.name = "frmGlobalOptions";
     panel.caption = "Global TUL options";

@@ -6,6 +6,7 @@
 #include "check/pmx_export.h"
 #include "check/validation.h"
 #include "music/mus_reader.h"
+#include "music/pipeline.h"
 #include "shared/records.h"
 
 namespace tul {
@@ -13,6 +14,7 @@ namespace tul {
 void freshProcess() {
     resetSharedRecords();
     resetMusReader();
+    resetPipeline();
     resetCentreRecords();
     fontTable = {};
     globalOptions = {};

@@ -1,5 +1,6 @@
 #include "panels/logo_panel.h"
 
+#include "centre/backup_restore.h"
 #include "centre/debug_summary.h"
 #include "centre/main_panel.h"
 #include "centre/names_file.h"
@@ -45,6 +46,11 @@ Panel makeLogoPanel() {
         {.name = "cmdViewProjectOptions",
          .caption = std::string("View project options"),
          .run = [] { ViewWithEditor(paths.OptionsFilePath); }},
+        {.name = "cmdLogoBackupStatus", .caption = std::string("Backup status"), .run = cmdLogoBackupStatus},
+        {.name = "cmdCycle",
+         .caption = std::string("Restore"),
+         .run = cmdCycle,
+         .toolTip = std::string("Restore the most recent backup of the selected files")},
         // No button: a double click on the panel's background.
         {.name = "frmLogoDblClick", .caption = std::string("Details"), .run = ShowDetailsBox},
         {.name = "cmdExit", .caption = std::string("Exit"), .run = exitProgram},

@@ -5,6 +5,7 @@
 #include "centre/project_options.h"
 #include "check/pmx_export.h"
 #include "check/validation.h"
+#include "edit/resize.h"
 #include "music/mus_reader.h"
 #include "music/pipeline.h"
 #include "shared/records.h"
@@ -20,6 +21,7 @@ void freshProcess() {
     globalOptions = {};
     valid::resetValidation();
     pmx::resetPmxRun();
+    resize::resetResize();
 }
 
 }  // namespace tul

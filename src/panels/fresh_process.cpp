@@ -5,6 +5,7 @@
 #include "centre/project_options.h"
 #include "check/pmx_export.h"
 #include "check/validation.h"
+#include "edit/resize.h"
 #include "music/bar_file.h"
 #include "music/item_table.h"
 #include "music/mus_reader.h"
@@ -24,6 +25,7 @@ void freshProcess() {
     globalOptions = {};
     valid::resetValidation();
     pmx::resetPmxRun();
+    resize::resetResize();
 }
 
 }  // namespace tul

@@ -5,6 +5,7 @@
 #include "panels/logo_panel.h"
 #include "panels/notepad_panel.h"
 #include "panels/pmx_panel.h"
+#include "panels/resiz_panel.h"
 #include "panels/valid_panel.h"
 
 namespace tul {
@@ -15,6 +16,8 @@ const std::vector<PanelEntry>& panelList() {
          makeLogoPanel},
         {"frmValid", "valid", "validate", "check the structure of music files", makeValidPanel},
         {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", makePmxPanel},
+        {"frmResiz", "resiz", "resize", "change sizes of notes, slurs, staves, symbols, numbers and texts",
+         makeResizPanel},
         {"frmGlobalOptions", "globaloptions", "options",
          "the choices of a project: folder, suffix, fonts, sizes", makeGlobalOptionsPanel},
         {"frmNotepad", "notepad", "", "the built-in viewer of text files", makeNotepadPanel},

@@ -5,6 +5,8 @@
 #include "centre/project_options.h"
 #include "check/pmx_export.h"
 #include "check/validation.h"
+#include "music/bar_file.h"
+#include "music/item_table.h"
 #include "music/mus_reader.h"
 #include "music/pipeline.h"
 #include "shared/records.h"
@@ -14,6 +16,8 @@ namespace tul {
 void freshProcess() {
     resetSharedRecords();
     resetMusReader();
+    musItemTable = {};
+    barTexts.clear();
     resetPipeline();
     resetCentreRecords();
     fontTable = {};

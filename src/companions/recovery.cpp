@@ -125,7 +125,7 @@ class PageRecovery {
                 lose(items[i].begin, at);
             } else if (i < kept) {
                 ++result_.kept;
-                result_.lastIsCut = at > end_.at;
+                result_.lastIsCut = at > end_.at && !end_.hasTrailer();
                 if (tooLongForTools(items[i])) ++result_.tooLong;
             } else {
                 ++result_.found;
@@ -154,7 +154,8 @@ class PageRecovery {
         return true;
     }
 
-    /// Par 1 and all behind it, completed to what the reader takes for an item where words are missing.
+    /// Par 1 and all behind it, completed to what the reader takes for an item where words are missing. An
+    /// item that runs into the trailer has a wrong length; without a trailer the file is cut.
     std::string wordsOf(const ItemPlace& item) const {
         const std::size_t begin = item.begin + wordBytes;
         std::string words(bytes_.substr(begin, std::min(item.end, end_.at) - begin));
@@ -165,6 +166,7 @@ class PageRecovery {
             return words;
         }
         std::size_t length = item.end - begin;
+        if (isCut && end_.hasTrailer()) length = words.size();
         if (isCut) length = std::min(length, std::max(words.size(), lengthOf(longestTextItem) - wordBytes));
         if (length < lengthOf(shortestTextItem) - wordBytes)
             length = parameterBytes + wordBytes * static_cast<std::size_t>(leastTextWords(code));

@@ -73,7 +73,9 @@ class PageRecovery {
     static std::size_t endOf(const Items& items) { return items.empty() ? headerBytes : items.back().end; }
 
     /// A wrong length word leads validation through items that are none, over the heads of those that are.
-    /// As many are kept as leave the most bytes of sense, if that leaves no fewer items on the whole.
+    /// What is kept ends before such an item where that leaves more bytes of sense and no fewer items. An
+    /// item that makes sense may have the wrong length when what follows it does not: it goes only for two
+    /// others.
     std::size_t keepable(const Items& walked) const {
         std::vector<std::size_t> sense = {0};
         for (const ItemPlace& item : walked)
@@ -87,9 +89,14 @@ class PageRecovery {
         const Cover promised = coverOf(walked.size());
         std::size_t best = walked.size();
         std::int32_t bestBytes = promised.bytes;
+        bool nextMakesSense = false;  // validation stopped behind the last one
         for (std::size_t kept = walked.size(); kept-- > 0;) {
+            const bool makesSense = runs_.isSound(walked[kept]);
             const Cover cover = coverOf(kept);
-            if (cover.items < promised.items || cover.bytes <= bestBytes) continue;
+            const bool may =
+                makesSense ? !nextMakesSense && cover.items > promised.items : cover.items >= promised.items;
+            nextMakesSense = makesSense;
+            if (!may || cover.bytes <= bestBytes) continue;
             best = kept;
             bestBytes = cover.bytes;
         }

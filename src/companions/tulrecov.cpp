@@ -39,12 +39,11 @@ int replacePage(const std::string& path, const recovery::Recovery& result, int p
     if (!backup.refusal.empty()) return refuse(backup.refusal);
     if (const FileError fault = files().copy(path, backup.path); fault != FileError::none)
         return refuse(failedBackupText(path, fault) + std::string(CrLf) + "The page was not changed.");
-    if (const FileError fault = files().replace(path, result.page); fault != FileError::none) {
-        files().remove(backup.path);
-        return refuse("the page could not be written and stays as it was: " + path +
-                      (fault == FileError::readOnly ? " is read-only." : ". Error code =") +
-                      (fault == FileError::readOnly ? "" : str(static_cast<int>(fault))));
-    }
+    if (const FileError fault = files().replace(path, result.page); fault != FileError::none)
+        return refuse(
+            "the page could not be written and stays as it was: " + path + " (" +
+            (fault == FileError::readOnly ? "read-only" : "error code" + str(static_cast<int>(fault))) +
+            "). A copy of it is now " + backup.path);
     say("Recovered " + path);
     say("Backup:            " + backup.path);
     report(result, promised);

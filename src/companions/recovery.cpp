@@ -86,19 +86,18 @@ class PageRecovery {
             cover.items += static_cast<std::int32_t>(kept);
             return cover;
         };
-        const Cover promised = coverOf(walked.size());
         std::size_t best = walked.size();
-        std::int32_t bestBytes = promised.bytes;
+        Cover bestCover = coverOf(best);
         bool nextMakesSense = false;  // validation stopped behind the last one
         for (std::size_t kept = walked.size(); kept-- > 0;) {
             const bool makesSense = runs_.isSound(walked[kept]);
             const Cover cover = coverOf(kept);
-            const bool may =
-                makesSense ? !nextMakesSense && cover.items > promised.items : cover.items >= promised.items;
+            const bool may = makesSense ? !nextMakesSense && cover.items > bestCover.items
+                                        : cover.items >= bestCover.items;
             nextMakesSense = makesSense;
-            if (!may || cover.bytes <= bestBytes) continue;
+            if (!may || cover.bytes <= bestCover.bytes) continue;
             best = kept;
-            bestBytes = cover.bytes;
+            bestCover = cover;
         }
         return best;
     }

@@ -72,6 +72,17 @@ class PageRecovery {
 
     static std::size_t endOf(const Items& items) { return items.empty() ? headerBytes : items.back().end; }
 
+    /// What is found from here on, with an item here that only needs another length.
+    Cover coverFrom(std::size_t at) const {
+        Cover cover = runs_.coverFrom(at);
+        const auto next = runs_.beginOfNext(at);
+        if (next && fillsAsOne(at, *next)) {
+            cover.bytes += static_cast<std::int32_t>(*next - at);
+            ++cover.items;
+        }
+        return cover;
+    }
+
     /// A wrong length word leads validation through items that are none, over the heads of those that are.
     /// What is kept ends before such an item where that leaves more bytes of sense and no fewer items. An
     /// item that makes sense may have the wrong length when what follows it does not: it goes only for two
@@ -81,7 +92,7 @@ class PageRecovery {
         for (const ItemPlace& item : walked)
             sense.push_back(sense.back() + (runs_.isSound(item) ? item.end - item.begin : 0));
         const auto coverOf = [&](std::size_t kept) {
-            Cover cover = runs_.coverFrom(kept == 0 ? headerBytes : walked[kept - 1].end);
+            Cover cover = coverFrom(kept == 0 ? headerBytes : walked[kept - 1].end);
             cover.bytes += static_cast<std::int32_t>(sense[kept]);
             cover.items += static_cast<std::int32_t>(kept);
             return cover;
@@ -107,17 +118,28 @@ class PageRecovery {
                item.end - item.begin > lengthOf(Parameters::count);
     }
 
-    /// Adds the items that lead from the last one exactly to `target`: odd ones between sound runs.
-    void bridge(Items& items, std::size_t target) const {
+    /// Adds what lies between the last item and `target` where it is whole: odd items that lead there
+    /// exactly, or one that would if its length word were right.
+    void bridge(Items& items, std::size_t target) {
+        const std::size_t begin = endOf(items);
         Items between;
-        std::size_t at = endOf(items);
-        while (at < target) {
+        for (std::size_t at = begin; at < target; at = between.back().end) {
             const auto item = itemAt(at);
-            if (!item || tooLongForTools(*item)) return;
+            if (!item || item->end > target || tooLongForTools(*item)) {
+                if (!fillsAsOne(begin, target)) return;
+                between = {{begin, target}};
+                ++result_.mended;
+                break;
+            }
             between.push_back(*item);
-            at = item->end;
         }
-        if (at == target) items.insert(items.end(), between.begin(), between.end());
+        items.insert(items.end(), between.begin(), between.end());
+    }
+
+    bool fillsAsOne(std::size_t begin, std::size_t end) const {
+        const std::size_t words = (end - begin) / wordBytes;
+        return (end - begin) % wordBytes == 0 && words <= static_cast<std::size_t>(mostWords) &&
+               runs_.isSoundWith(begin, static_cast<int>(words) - 1);
     }
 
     void write(const Items& items, std::size_t kept) {
@@ -150,7 +172,7 @@ class PageRecovery {
         const std::string words = wordsOf(item);
         const int count = static_cast<int>(words.size() / wordBytes);
         if (page.words + 1 + count + trailerWords > mostWords) return false;
-        if (item.begin + lengthOf(count) == item.end) {
+        if (toInt16(wordAt(bytes_, item.begin)) == count) {
             page.bytes += bytes_.substr(item.begin, wordBytes);
         } else {
             appendWord(page.bytes, static_cast<float>(count));

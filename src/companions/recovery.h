@@ -15,6 +15,7 @@ struct Recovery {
     std::string page;           // the new file
     int kept = 0;               // items from the page's begin, as validation counts them
     int found = 0;              // items found again behind the damage
+    int mended = 0;             // of those found: items whose length word was wrong
     int lost = 0;               // at least: one for each place where something is missing
     std::size_t lostBytes = 0;  // in those places
     bool lastIsCut = false;     // the last item kept lacks words; they are 0, or blanks in its text

@@ -121,29 +121,31 @@ bool SoundRuns::isSound(const ItemPlace& item) const {
 
 Cover SoundRuns::coverFrom(std::size_t at) const { return outside_[std::min(at, end_.at)]; }
 
-/// The bytes of the item that begins here, when it makes sense by itself. Its text is looked at last: it
-/// cannot hold a length word, so that no byte is looked at often.
+/// The bytes of the item that begins here, when it makes sense by itself.
 std::uint16_t SoundRuns::soundLength(std::size_t at) const {
     if (at + lengthOf(2) > end_.at) return 0;
     const float length = wordAt(bytes_, at);
-    const float code = wordAt(bytes_, at + wordBytes);
-    if (!isWholeWithin(length, 2.0F, static_cast<float>(longestTextItem)) ||
-        !isWholeWithin(code, lowestItemCode, highestItemCode) ||
-        !isWholeWithin(wordAt(bytes_, at + 2 * wordBytes), 1.0F, highestStaff))
-        return 0;
+    if (!isWholeWithin(length, 2.0F, static_cast<float>(longestTextItem))) return 0;
     const int parameters = static_cast<int>(length);
+    return isSoundWith(at, parameters) ? static_cast<std::uint16_t>(lengthOf(parameters)) : std::uint16_t{0};
+}
+
+/// The text is looked at last: it cannot hold a length word, so that no byte is looked at often.
+bool SoundRuns::isSoundWith(std::size_t at, int parameters) const {
+    if (parameters < 2 || parameters > longestTextItem || at + lengthOf(parameters) > end_.at) return false;
+    const float code = wordAt(bytes_, at + wordBytes);
+    if (!isWholeWithin(code, lowestItemCode, highestItemCode) ||
+        !isWholeWithin(wordAt(bytes_, at + 2 * wordBytes), 1.0F, highestStaff))
+        return false;
     const bool text = carriesText(code);
-    if (parameters < leastParameters(static_cast<int>(code)) || at + lengthOf(parameters) > end_.at ||
-        (!text && parameters > Parameters::count))
-        return 0;
+    if (parameters < leastParameters(static_cast<int>(code)) || (!text && parameters > Parameters::count))
+        return false;
     const int values = !text ? parameters : code == 15.0F ? 13 : 12;
     for (int par = 3; par <= values; ++par)
-        if (!isOrdinary(wordAt(bytes_, at + static_cast<std::size_t>(par) * wordBytes))) return 0;
-    if (text) {
-        const std::string_view characters = bytes_.substr(at + lengthOf(13), lengthOf(parameters - 14));
-        if (!std::all_of(characters.begin(), characters.end(), isPrintable)) return 0;
-    }
-    return static_cast<std::uint16_t>(lengthOf(parameters));
+        if (!isOrdinary(wordAt(bytes_, at + static_cast<std::size_t>(par) * wordBytes))) return false;
+    if (!text) return true;
+    const std::string_view characters = bytes_.substr(at + lengthOf(13), lengthOf(parameters - 14));
+    return std::all_of(characters.begin(), characters.end(), isPrintable);
 }
 
 /// The best from here on when a run of so many items ends here; it may go on, and must while it is short.
@@ -157,6 +159,14 @@ Cover SoundRuns::with(std::size_t at, int itemsBefore) const {
     const Cover rest = inRun(at + lengths_[at], itemsBefore + 1);
     if (rest.bytes < 0) return noRun;
     return {rest.bytes + lengths_[at], rest.items + 1};
+}
+
+std::optional<std::size_t> SoundRuns::beginOfNext(std::size_t at) const {
+    const std::size_t last = std::min(end_.at, at + lengthOf(longestTextItem));
+    for (; at < last; ++at)
+        if (lengths_[at] > 0 && coversMore(with(at, 0), outside_[at + 1])) return at;
+    if (last == end_.at && end_.trailerWords > 0) return last;
+    return std::nullopt;
 }
 
 std::vector<ItemPlace> SoundRuns::from(std::size_t at) const {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -58,9 +59,13 @@ class SoundRuns {
 
     /// True when the item by itself makes sense and lies wholly in the music.
     bool isSound(const ItemPlace& item) const;
+    /// True when an item that begins here would make sense if its length word were this.
+    bool isSoundWith(std::size_t at, int parameters) const;
     /// What the runs that begin at this offset or behind it cover, and their items in the file's order.
     Cover coverFrom(std::size_t at) const;
     std::vector<ItemPlace> from(std::size_t at) const;
+    /// Where the first of them begins, or the trailer, if it is no farther than an item can be long.
+    std::optional<std::size_t> beginOfNext(std::size_t at) const;
 
   private:
     std::uint16_t soundLength(std::size_t at) const;

@@ -22,7 +22,9 @@ void say(const std::string& line) { std::cout << toUtf8(line) << '\n'; }
 void report(const recovery::Recovery& result, int promised) {
     const std::string of = result.kept < promised ? " of " + plain(promised) : "";
     say("Items kept:        " + plain(result.kept) + of + (result.lastIsCut ? ", the last one is cut" : ""));
-    say("Items found again: " + plain(result.found));
+    const std::string mended =
+        result.mended > 0 ? ", with a wrong length put right: " + plain(result.mended) : "";
+    say("Items found again: " + plain(result.found) + mended);
     if (result.lost == 0) {
         say("Items lost:        none");
     } else {

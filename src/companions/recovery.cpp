@@ -85,8 +85,8 @@ class PageRecovery {
 
     /// A wrong length word leads validation through items that are none, over the heads of those that are.
     /// What is kept ends before such an item where that leaves more bytes of sense and no fewer items. An
-    /// item that makes sense may have the wrong length when what follows it does not: it goes only for two
-    /// others.
+    /// item that makes sense may have the wrong length when what follows it does not: it goes only for more
+    /// items.
     std::size_t keepable(const Items& walked) const {
         std::vector<std::size_t> sense = {0};
         for (const ItemPlace& item : walked)

@@ -165,7 +165,7 @@ std::optional<std::size_t> SoundRuns::beginOfNext(std::size_t at) const {
     const std::size_t last = std::min(end_.at, at + lengthOf(longestTextItem));
     for (; at < last; ++at)
         if (lengths_[at] > 0 && coversMore(with(at, 0), outside_[at + 1])) return at;
-    if (last == end_.at && end_.trailerWords > 0) return last;
+    if (at == end_.at && end_.trailerWords > 0) return at;
     return std::nullopt;
 }
 

@@ -15,6 +15,9 @@ inline constexpr std::int32_t MusWriterStamp = 80200;
 /// A header and 32767 words: the word count tells no more.
 inline constexpr std::size_t mostPageBytes = 2 + 4 * 32767;
 
+/// Appends one word of a page.
+void appendWord(std::string& bytes, float value);
+
 /// One page as it grows: begin, items, end.
 struct PageBytes {
     std::string bytes;

@@ -39,7 +39,7 @@ void report(const recovery::Recovery& result, int promised) {
 int replacePage(const std::string& path, const recovery::Recovery& result, int promised) {
     const NextGeneration backup = nextGenerationOf(path);
     if (!backup.refusal.empty()) return refuse(backup.refusal);
-    if (const FileError fault = files().copy(path, backup.path); fault != FileError::none)
+    if (const FileError fault = files().copyToNew(path, backup.path); fault != FileError::none)
         return refuse(failedBackupText(path, fault) + std::string(CrLf) + "The page was not changed.");
     if (const FileError fault = files().replace(path, result.page); fault != FileError::none)
         return refuse(

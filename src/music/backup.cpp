@@ -53,7 +53,7 @@ std::string failedBackupText(const std::string& path, FileError fault) {
 bool TakeBackup(const std::string& path) {
     const NextGeneration next = nextGenerationOf(path);
     if (!next.refusal.empty()) endWith(next.refusal);
-    const FileError fault = files().copy(path, next.path);
+    const FileError fault = files().copyToNew(path, next.path);
     if (fault != FileError::none) MsgBox(failedBackupText(path, fault), Buttons::ok, Icon::information);
     return fault == FileError::none;
 }

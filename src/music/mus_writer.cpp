@@ -95,6 +95,7 @@ void PageBytes::end(bool metric) {
 }
 
 bool canBeReadAgain(const ItemRow& row) {
+    if (row.pars[1] < lowestItemCode || row.pars[1] > highestItemCode) return false;
     if (!isTextCode(row.pars[1])) return lastUsedPar(row.pars) > 1 && !isTextCode(integerPart(row.pars[1]));
     const std::size_t length = storedLength(row.pars[1], row.text.size());
     return length > 0 && length % wordCharacters == 0;

@@ -7,6 +7,7 @@
 namespace tul::resize {
 namespace {
 
+using testing::ScriptedHost;
 using Texts = std::vector<std::string>;
 
 class ResizeFields : public ::testing::Test {

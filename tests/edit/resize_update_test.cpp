@@ -276,6 +276,7 @@ std::vector<std::vector<float>> placeholdersBehindTheNote() {
 TEST_F(Updating, SetsPlaceholdersBehindAllItems) {
     options.tabResiz = tabPlaceholders;
     options.chkPlaceholderSet = true;
+    for (int par = 1; par <= Parameters::count; ++par) musItem.MusPar[par] = 9;  // of the item read last
     const auto setFor = [this](float head) {
         after(1, {1, 2, 50, 5, 0, head, 1, 0, 0, 0, 0, 0, 0, 0, 3});
         return placeholdersBehindTheNote();

@@ -89,7 +89,7 @@ TEST_F(Viewing, TakesTheChosenEditorWhereItCanBeFound) {
 }
 
 TEST_F(Viewing, FillsTheBuiltInViewer) {
-    frontPanelCaption = "TUL";
+    host.frontCaption = "TUL";
     ViewInPanel(host.path("gone.txt"));
     EXPECT_EQ(host.messages.back(), "View via Tul viewer of non-existing file: " + host.path("gone.txt"));
     ViewInPanel(host.path("report.prn"));

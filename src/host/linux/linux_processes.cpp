@@ -158,8 +158,10 @@ LaunchResult LinuxProcesses::openDocument(const std::string& path) {
     const std::string helper = findHelper("xdg-open");
     if (helper.empty()) return {.failure = "xdg-open is not installed."};
     const std::string folder = finder_.nativeText(finder_.currentFolder());
+    const bool isAddress = path.find("://") != std::string::npos;
     pid_t opener = 0;
-    const int error = SpawnSettings(folder).spawn(opener, {helper, finder_.nativeText(path)});
+    const int error =
+        SpawnSettings(folder).spawn(opener, {helper, isAddress ? path : finder_.nativeText(path)});
     if (error != 0) return {.failure = startFailure(error, "xdg-open")};
     openers_.push_back(opener);
     return {.started = true, .exitCode = 0, .failure = {}};

@@ -5,7 +5,6 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
-#include "centre/global_options.h"
 #include "centre/launching.h"
 #include "centre/main_panel.h"
 #include "centre/panel_place.h"
@@ -172,8 +171,7 @@ void cmdTulSib() {
     ShellAndWait(program + " STARTDIR=,NAMESFILE=");
 }
 
-void cmdLogoSplit() {
-    if (isSplitForDosChosen()) return face().openPanel("frmSplit");
+void launchSplit() {
     const HiddenPanel hidden;
     ShellAndWait("\\TULSPLI6.EXE CALLEDBYTUL");
 }

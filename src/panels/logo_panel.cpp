@@ -98,6 +98,13 @@ Commands launchCommands() {
     return commands;
 }
 
+void cmdLogoSplit() {
+    if (isSplitForDosChosen())
+        openPanel("frmSplit");
+    else
+        launchSplit();
+}
+
 bool canSplit() {
     return mainPanel.isEnabled("cmdLogoSplit") && (isBuilt("frmSplit") || !isSplitForDosChosen());
 }

@@ -257,6 +257,8 @@ TEST_F(Tulcmd, RefusesWhatThePanelInFrontDoesNotHave) {
     const Outcome behind = run({"logo", "--press", "cmdValid", "--press", "mnuNamesStatus"});
     EXPECT_EQ(behind.status, exitUsage);
     EXPECT_EQ(behind.err, "frmValid has no command mnuNamesStatus.\nSee: tulcmd valid --list\n");
+    EXPECT_EQ(run({"logo", "--press", "cmdCombi"}).err,
+              "cmdCombi is not enabled now.\nSee: tulcmd logo --list\n");
     const Outcome nowhere = run({"logo", "--press", "cmdValid", "--press", "cmdNowhere"});
     EXPECT_EQ(nowhere.err, "frmLogo has no command cmdNowhere.\nSee: tulcmd logo --list\n");
     EXPECT_EQ(run({"logo", "--press", "cmdValidateRun"}).err,

@@ -182,7 +182,8 @@ TEST_F(LogoPanel, SplitsAsTheOptionsSay) {
     if (!findPanel("frmSplit"))
         press("cmdLogoSplit", PanelAnswer::disabled);
     else
-        EXPECT_EQ(press("cmdLogoSplit"), Texts{"open frmSplit"});
+        EXPECT_EQ(press("cmdLogoSplit"),
+                  (Texts{"profile TOP", "profile LEFT", "wait", "open frmSplit", "ready"}));
 }
 
 TEST_F(LogoPanel, OpensItsPanelsAndPretendsNone) {

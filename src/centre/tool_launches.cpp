@@ -8,7 +8,6 @@
 #include "centre/launching.h"
 #include "centre/main_panel.h"
 #include "centre/panel_place.h"
-#include "centre/start_up.h"
 #include "host/host.h"
 #include "shared/function_module.h"
 #include "shared/records.h"

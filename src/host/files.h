@@ -62,6 +62,10 @@ class Files {
     virtual FileError remove(const std::string& path) = 0;
     /// Refused with `fileExists` when `to` exists.
     virtual FileError rename(const std::string& from, const std::string& to) = 0;
+    /// Gives the file `from` the name of `to` and its place on disk, at once: there is no moment without a
+    /// file of that name. What keeps `to` from being removed comes first, such as `readOnly`; without a file
+    /// `to` nothing happens either.
+    virtual FileError renameOver(const std::string& from, const std::string& to) = 0;
     /// Copies the contents; `to` is replaced whole.
     virtual FileError copy(const std::string& from, const std::string& to) = 0;
 

@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "base/text.h"
+#include "centre/backup_restore.h"
 #include "centre/debug_summary.h"
 #include "centre/global_options.h"
 #include "centre/launching.h"
@@ -160,6 +161,11 @@ Commands rowCommands() {
         {.name = "cmdViewProjectOptions",
          .caption = "View project options",
          .run = [] { ViewWithEditor(paths.OptionsFilePath); }},
+        {.name = "cmdLogoBackupStatus", .caption = "Backup status", .run = cmdLogoBackupStatus},
+        {.name = "cmdCycle",
+         .caption = "Restore",
+         .run = cmdCycle,
+         .toolTip = "Restore the most recent backup of the selected files"},
         {.name = "cmdExit", .caption = "Exit", .run = exitProgram},
     };
 }

@@ -287,6 +287,13 @@ bool isPlainFile(int folder, const dirent& entry) {
     return ::fstatat(folder, entry.d_name, &status, 0) == 0 && S_ISREG(status.st_mode);
 }
 
+FileError refusalToRemove(const std::string& path) {
+    struct stat status;
+    if (::lstat(path.c_str(), &status) != 0) return errorOf(errno, FileError::fileNotFound);
+    if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) return FileError::permissionDenied;
+    return (status.st_mode & writeBits) == 0 ? FileError::readOnly : FileError::none;
+}
+
 /// Gives a file another name unless that name is taken.
 int renameToFreeName(const std::string& from, const std::string& to) {
     if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
@@ -383,11 +390,18 @@ FileError LinuxFiles::replace(const std::string& path, std::string_view bytes) {
 FileError LinuxFiles::remove(const std::string& path) {
     const auto native = finder_.native(path);
     if (!native) return FileError::pathNotFound;
-    struct stat status;
-    if (::lstat(native->c_str(), &status) != 0) return errorOf(errno, FileError::fileNotFound);
-    if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) return FileError::permissionDenied;
-    if ((status.st_mode & writeBits) == 0) return FileError::readOnly;
+    if (const FileError fault = refusalToRemove(*native); fault != FileError::none) return fault;
     if (::unlink(native->c_str()) != 0) return errorOf(errno, FileError::fileNotFound);
+    finder_.names().namesChanged();
+    return FileError::none;
+}
+
+FileError LinuxFiles::renameOver(const std::string& from, const std::string& to) {
+    const auto source = finder_.native(from);
+    const auto target = finder_.native(to);
+    if (!source || !target) return FileError::pathNotFound;
+    if (const FileError fault = refusalToRemove(*target); fault != FileError::none) return fault;
+    if (::rename(source->c_str(), target->c_str()) != 0) return errorOf(errno, FileError::fileNotFound);
     finder_.names().namesChanged();
     return FileError::none;
 }

@@ -26,6 +26,7 @@ class LinuxFiles : public Files {
     FileError replace(const std::string& path, std::string_view bytes) override;
     FileError remove(const std::string& path) override;
     FileError rename(const std::string& from, const std::string& to) override;
+    FileError renameOver(const std::string& from, const std::string& to) override;
     FileError copy(const std::string& from, const std::string& to) override;
 
     std::string shortName(const std::string& path) const override { return path; }

@@ -16,7 +16,6 @@
 #include "centre/viewing.h"
 #include "host/host.h"
 #include "panels/panel_list.h"
-#include "shared/function_module.h"
 #include "shared/records.h"
 #include "shared/version.h"
 

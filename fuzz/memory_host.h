@@ -44,8 +44,13 @@ class MemoryHost : public Files,
     FileError replace(const std::string& path, std::string_view bytes) override;
     FileError remove(const std::string& path) override;
     FileError rename(const std::string& from, const std::string& to) override;
-    FileError renameOver(const std::string& from, const std::string& to) override { return rename(from, to); }
+    FileError renameOver(const std::string& from, const std::string& to) override {
+        return contents.contains(to) ? rename(from, to) : FileError::fileNotFound;
+    }
     FileError copy(const std::string& from, const std::string& to) override;
+    FileError copyToNew(const std::string& from, const std::string& to) override {
+        return contents.contains(to) ? FileError::fileExists : copy(from, to);
+    }
     std::string shortName(const std::string& path) const override { return path; }
     std::optional<std::string> fromNative(const std::string& path) const override { return path; }
     std::string toNative(const std::string& path) const override { return path; }

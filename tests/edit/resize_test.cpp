@@ -171,7 +171,7 @@ TEST_F(Resizing, GoesOnBehindDamageAndTellsWhichFilesToLookAt) {
     EXPECT_EQ(host.read("B.BKU"), tooLong);
     EXPECT_EQ(host.shown,
               Texts{report({"A.MUS", "B.MUS", "C.MUS"}, {"0", "3", "0", "0", "0", "0", "0", "0", "0"},
-                           {"Rewritten from an incomplete reading, the rest of the items is missing: "
+                           {"Rewritten from an incomplete reading, items may be missing: "
                             "A.MUS, B.MUS"})});
     EXPECT_FALSE(pipeline.progress.visible);
     EXPECT_EQ(pipeline.activity, "");

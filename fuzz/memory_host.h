@@ -59,6 +59,7 @@ class MemoryHost : public Files,
         return {.started = true, .exitCode = 0, .failure = {}};
     }
     bool canFind(const std::string&) const override { return false; }
+    LaunchResult openDocument(const std::string&) override { return {}; }
 
     std::string read(const std::string&, const std::string&) const override { return {}; }
     void write(const std::string&, const std::string&, const std::string&) override {}
@@ -78,6 +79,7 @@ class MemoryHost : public Files,
     bool showsTextItself() const override { return true; }
     void showText(const std::string&) override {}
     void openPanel(const std::string&) override {}
+    std::string frontCaption() const override { return {}; }
     void setPanelVisible(bool) override {}
     void setPointer(Pointer) override {}
     void yield() override {}

@@ -265,12 +265,15 @@ void Binder::bindCommand(Command& command) {
     if (auto* const button = named<QAbstractButton>(form_, name)) {
         bound_ << name;
         connect(button, &QAbstractButton::clicked, this, [this, &command] { press(command.name); });
-        refreshers_.push_back([&command, button, formText = button->text()] {
-            button->setText(captionOf(command.caption(), formText));
-            button->setEnabled(command.enabled());
-            button->setVisible(command.visible());
-            button->setToolTip(shown(command.toolTip()));
-        });
+        refreshers_.push_back(
+            [&command, button, formText = button->text(), together = withItsLabel(form_, *button)] {
+                button->setText(captionOf(command.caption(), formText));
+                for (QWidget* const each : together) {
+                    each->setEnabled(command.enabled());
+                    each->setVisible(command.visible());
+                }
+                button->setToolTip(shown(command.toolTip()));
+            });
         if (command.drop) bindDrop(command, *button);
     } else if (auto* const entry = named<QAction>(form_, name)) {
         bound_ << name;

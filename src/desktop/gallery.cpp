@@ -1,6 +1,6 @@
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
-#include <QPushButton>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <iostream>

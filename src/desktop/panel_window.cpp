@@ -57,7 +57,7 @@ void PanelWindow::showInPlace(const QWidget* before) {
     const PanelPlace usual;
     const PanelPlace& place = panel_.place ? *panel_.place : usual;
     const QScreen* const where = before ? before->screen() : screen();
-    const QSize common(toPixels(place.width), toPixels(place.height));
+    const QSize common(place.width / twipsPerPixel, place.height / twipsPerPixel);  // grows with the scale
     const QRect available = where->availableGeometry();
     resize(sizeHint().expandedTo(common).boundedTo(available.size()));
     if (panel_.place)

@@ -9,8 +9,6 @@ namespace tul::desktop {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
-
 double twipsPerWindowPixel() { return twipsPerPixel * QGuiApplication::primaryScreen()->devicePixelRatio(); }
 
 }  // namespace

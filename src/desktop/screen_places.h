@@ -9,6 +9,8 @@
 /// grow with the screen's scale.
 namespace tul::desktop {
 
+inline constexpr int twipsPerPixel = 15;
+
 int toPixels(int twips);
 int toTwips(int pixels);
 

@@ -28,7 +28,7 @@ QSize StaffPicture::sizeHint() const {
 void StaffPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double space = height() / 8.0;
+    const double space = height() / 9.0;
     const double bottom = height() - 2 * space;
     const double right = width() - 1.0;
     const auto lineAt = [&](double x1, double y1, double x2, double y2) {

@@ -31,19 +31,19 @@ TextTools::TextTools(QPlainTextEdit& text, QWidget& window, QString title, QStri
     const auto add = [this](const QString& caption, const QKeySequence& key, auto handler) {
         QAction* const action = addAction(caption);
         action->setShortcut(key);
-        action->setToolTip(withoutMnemonic(caption) + " (" + key.toString(QKeySequence::NativeText) + ")");
+        action->setToolTip(caption + " (" + key.toString(QKeySequence::NativeText) + ")");
         connect(action, &QAction::triggered, this, handler);
     };
     // The text itself copies on the usual key.
-    connect(addAction("&Copy"), &QAction::triggered, &text_, [this] {
+    connect(addAction("Copy"), &QAction::triggered, &text_, [this] {
         if (!text_.textCursor().hasSelection()) text_.selectAll();
         text_.copy();
     });
-    add("&Print...", QKeySequence::Print, [this] { print(); });
-    add("Save a cop&y...", QKeySequence("Ctrl+Shift+S"), [this] { saveCopy(); });
+    add("Print...", QKeySequence::Print, [this] { print(); });
+    add("Save a copy...", QKeySequence("Ctrl+Shift+S"), [this] { saveCopy(); });
     addSearch();
-    add("&Next", QKeySequence("F3"), [this] { find(false); });
-    add("Pre&vious", QKeySequence("Shift+F3"), [this] { find(true); });
+    add("Next", QKeySequence("F3"), [this] { find(false); });
+    add("Previous", QKeySequence("Shift+F3"), [this] { find(true); });
     searchState_ = new QLabel(this);
     addWidget(searchState_);
 }

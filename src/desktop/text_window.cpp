@@ -37,10 +37,10 @@ TextWindow::TextWindow(const std::string& path, QWidget* parent, DialogRunner ru
     text_->setObjectName("txtFile");
     const QString name = shown(fileNameOf(path_));
     auto* const tools = new TextTools(*text_, *this, name, name, run_);
-    saveAction_ = new QAction("&Save", this);
+    saveAction_ = new QAction("Save", this);
     saveAction_->setShortcut(QKeySequence::Save);
     tools->insertAction(tools->actions().front(), saveAction_);
-    auto* const close = new QAction("C&lose", this);
+    auto* const close = new QAction("Close", this);
     close->setShortcut(QKeySequence::Close);
     tools->insertAction(saveAction_, close);
     connect(close, &QAction::triggered, this, [this] { reject(); });

@@ -74,6 +74,24 @@ TEST_F(StartingUp, EndsInAStateFromWhichToolsAreCalled) {
     EXPECT_EQ(profile["InitialFolder"], host.folder());
 }
 
+TEST_F(StartingUp, ShowsThePanelOnceItStandsAndThenChecksTheProject) {
+    host.write("TULPROJ.PRO", "BypassDecimalTest=0\r\n");
+    host.decimalSymbol = ',';
+    StartUp();
+    EXPECT_EQ(host.events,
+              (std::vector<std::string>{
+                  "ready", "profile StartTime", "profile OS", "profile PT", "wait", "launch TULMONIT.EXE",
+                  "ready", "profile TOP", "profile LEFT", "open frmLogo", "profile InitialFolder",
+                  "message Your system has defined the Decimal Symbol as a comma. TUL works "
+                  "best if this is a period."}));
+    EXPECT_EQ(mainPanel.focus, "cmdProjectOptions");
+    EXPECT_EQ(mainPanel.place.height, 6860);
+
+    host.events.clear();
+    EXPECT_EQ(endOf(exitProgram), 0);
+    EXPECT_EQ(host.events, (std::vector<std::string>{"profile TOP", "profile LEFT", "profile StartTime"}));
+}
+
 TEST_F(StartingUp, RewritesTheControlFileWithThisExecution) {
     StartUp();
     const std::string text = host.read("TULCNTRL.INI");
@@ -99,6 +117,7 @@ TEST_F(StartingUp, TellsEveryMissingModuleBeforeItEnds) {
     EXPECT_TRUE(host.exists("TULVERSION.TXT"));
     EXPECT_FALSE(host.exists("TULCNTRL.INI"));
     EXPECT_FALSE(host.exists("TULPROJ.PRO"));
+    EXPECT_TRUE(host.opened.empty()) << "the panel is never shown";
 }
 
 TEST_F(StartingUp, EndsInAFolderThatCannotBeWritten) {

@@ -252,6 +252,7 @@ void Binder::bindListWidget(Field& field, QListWidget& list) {
 
 void Binder::bindCommand(Command& command) {
     const QString name = QString::fromStdString(command.name);
+    if (name.startsWith("Timer")) return;  // the face fires it
     for (const auto& [suffix, clicks] : {std::pair{"DblClick", &twiceClicked_}, {"Click", &clicked_}}) {
         if (!name.endsWith(suffix)) continue;
         const QString target = name.chopped(QString(suffix).size());

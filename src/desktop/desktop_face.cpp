@@ -18,8 +18,6 @@ namespace tul::desktop {
 
 namespace {
 
-constexpr int placeSavingInterval = 2000;  // milliseconds
-
 /// A dialog is answered with the normal pointer, whatever is waited for behind it.
 class NormalPointer {
   public:
@@ -46,8 +44,8 @@ DesktopFace::DesktopFace(DialogRunner run)
           const NormalPointer pointer;
           return run(dialog);
       }) {
-    QObject::connect(&placeTimer_, &QTimer::timeout, &placeTimer_, [this] { savePlace(); });
-    placeTimer_.start(placeSavingInterval);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { fireTimer(); });
+    timer_.start(placeSavingInterval);
 }
 
 DesktopFace::~DesktopFace() {
@@ -155,8 +153,8 @@ QString DesktopFace::speaker(const std::string& title) const {
     return shown(title.empty() ? frontCaption() : title);
 }
 
-void DesktopFace::savePlace() {
-    if (windows_.size() == 1 && front()->isVisible()) savePanelCoordinates(mainPanel.place);
+void DesktopFace::fireTimer() {
+    if (front() && front()->isVisible()) front()->panel().press("Timer1");
 }
 
 }  // namespace tul::desktop

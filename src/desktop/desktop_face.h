@@ -29,8 +29,8 @@ class DesktopFace : public Face {
     bool showsTextItself() const override { return false; }
     void showText(const std::string& path) override;
     void openPanel(const std::string& name) override;
-    std::string frontCaption() const;
-    void minimizePanel();
+    std::string frontCaption() const override;
+    void minimizePanel() override;
     void setPanelVisible(bool visible) override;
     void setPointer(Pointer pointer) override;
     std::optional<ScreenSize> screen() const override;
@@ -48,11 +48,11 @@ class DesktopFace : public Face {
     void closeFront();
     QWidget* visibleWindow() const;
     QString speaker(const std::string& title) const;
-    void savePlace();
+    void fireTimer();
 
     DialogRunner run_;
     std::vector<PanelWindow*> windows_;  // the one in front is the last
-    QTimer placeTimer_;
+    QTimer timer_;  // of the panel in front
 };
 
 }  // namespace tul::desktop

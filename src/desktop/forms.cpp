@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "ui_frmAbout.h"
+#include "ui_frmColor.h"
 #include "ui_frmGlobalOptions.h"
 #include "ui_frmLogo.h"
 #include "ui_frmNotepad.h"
@@ -26,7 +28,8 @@ struct FormEntry {
 constexpr FormEntry forms[] = {
     {"frmLogo", setUp<Ui::frmLogo>},   {"frmValid", setUp<Ui::frmValid>},
     {"frmPmx", setUp<Ui::frmPmx>},     {"frmGlobalOptions", setUp<Ui::frmGlobalOptions>},
-    {"frmResiz", setUp<Ui::frmResiz>}, {"frmNotepad", setUp<Ui::frmNotepad>},
+    {"frmResiz", setUp<Ui::frmResiz>}, {"frmAbout", setUp<Ui::frmAbout>},
+    {"frmColor", setUp<Ui::frmColor>}, {"frmNotepad", setUp<Ui::frmNotepad>},
 };
 
 const FormEntry* findForm(std::string_view name) {

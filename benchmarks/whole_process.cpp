@@ -73,7 +73,7 @@ void compare(const char* what, const Words& ours, const char* against, const Wor
     their.erase(their.begin());
     const Measured a = median(our);
     const Measured b = median(their);
-    std::printf("%-28s %8.1f ms   %-6s %8.1f ms   ratio %5.2f   peak %5.1f MB\n", what, a.milliseconds,
+    std::printf("%-28s %8.1f ms   %-11s %8.1f ms   ratio %5.2f   peak %5.1f MB\n", what, a.milliseconds,
                 against, b.milliseconds, a.milliseconds / b.milliseconds,
                 static_cast<double>(a.peakKilobytes) / 1024);
     std::fflush(stdout);
@@ -116,5 +116,8 @@ int main(int argc, char** argv) {
     const Words few(many.begin(), many.begin() + static_cast<std::ptrdiff_t>(many.size() / 10));
     compare("a tenth of the names", withFiles(validate, few), "cat", withFiles({"cat"}, few));
     compare("all names", withFiles(validate, many), "cat", withFiles({"cat"}, many));
+
+    compare("start to the main panel", {(home / "tul").string(), "--quit-when-painted"}, "bare window",
+            {TUL_BARE_WINDOW});
     return 0;
 }

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QMessageBox>
 #include <QTest>
 #include <deque>
 #include <functional>
@@ -53,11 +55,21 @@ class DesktopSession : public ::testing::Test {
         if (!widget) throw std::runtime_error(std::string("there is no ") + name);
         return *widget;
     }
-    void click(const char* name) { QTest::mouseClick(&child<QWidget>(name), Qt::LeftButton); }
+    /// At the left, where the mark of an option is.
+    void click(const char* name) {
+        auto& widget = child<QWidget>(name);
+        QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(widget.height() / 2, widget.height() / 2));
+    }
     std::string panelText(const char* field) { return face.front()->panel().field(field)->text(); }
 
     /// What the user does in the next dialog, and the result of that dialog.
     void expectDialog(std::function<void(QDialog&)> user) { users.push_back(std::move(user)); }
+
+    /// The next dialog is a question, which the user answers with this button.
+    void expectAnswer(QMessageBox::StandardButton button) {
+        expectDialog(
+            [button](QDialog& dialog) { dynamic_cast<QMessageBox&>(dialog).button(button)->click(); });
+    }
 
     ScriptedHost host;
     std::deque<std::function<void(QDialog&)>> users;

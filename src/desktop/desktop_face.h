@@ -52,7 +52,7 @@ class DesktopFace : public Face {
 
     DialogRunner run_;
     std::vector<PanelWindow*> windows_;  // the one in front is the last
-    QTimer timer_;  // of the panel in front
+    QTimer timer_;                       // of the panel in front
 };
 
 }  // namespace tul::desktop

@@ -122,10 +122,10 @@ void takeAll(desktop::DesktopFace& face, Gallery& gallery) {
     SeeTextFile();
     face.front()->refresh();
     gallery.take(*face.front(), "frmLogo-files");
-    MsgBox("File Z:\\SCORES\\PAGE1.MUS may not be a MUS file. ", Buttons::ok, Icon::information);
+    MsgBox("File S:\\SCORES\\PAGE1.MUS may not be a MUS file. ", Buttons::ok, Icon::information);
     InputBox("Page number size (Code10, Par6. Value between 0 and 10). 200 will be added to this value.",
              "1.1");
-    face.showText(paths.ControlFilePath);
+    valid::cmdValidateRun();
 }
 
 }  // namespace

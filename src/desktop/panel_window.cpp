@@ -54,16 +54,17 @@ void PanelWindow::refresh() { binder_->refresh(); }
 
 void PanelWindow::showInPlace(const QWidget* before) {
     refresh();
-    const PanelPlace usual;
-    const PanelPlace& place = panel_.place ? *panel_.place : usual;
-    const QScreen* const where = before ? before->screen() : screen();
-    const QSize common(place.width / twipsPerPixel, place.height / twipsPerPixel);  // grows with the scale
-    const QRect available = where->availableGeometry();
-    resize(sizeHint().expandedTo(common).boundedTo(available.size()));
-    if (panel_.place)
+    const QRect available = (before ? before->screen() : screen())->availableGeometry();
+    QSize wanted = sizeHint();
+    if (const PanelPlace* const place =
+            panel_.place)  // the size that all tools share; it grows with the scale
+        wanted = wanted.expandedTo({place->width / twipsPerPixel, place->height / twipsPerPixel});
+    resize(wanted.boundedTo(available.size()));
+    if (panel_.place) {
         followPlace();
-    else if (before)
-        move(before->pos());
+    } else if (before) {
+        move(before->frameGeometry().center() - rect().center());
+    }
     show();
     focusFirst();
 }

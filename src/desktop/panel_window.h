@@ -19,7 +19,7 @@ class PanelWindow : public QMainWindow {
     const Binder& binder() const { return *binder_; }
 
     void refresh();
-    /// Shows the window where the panel's place is, or else where `before` stood.
+    /// Shows the window where the panel's place is; a panel without one in the middle of `before`.
     void showInPlace(const QWidget* before);
     /// Moves the window where a command has put the panel.
     void followPlace();

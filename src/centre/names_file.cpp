@@ -24,6 +24,7 @@ void discardNamesFile(const std::string& message) {
     ViewWithEditor(paths.NamesFilePath);
     files().remove(paths.NamesFilePath);
     selection.SelectionCount = 0;
+    selection.SelectionNames.clear();
 }
 
 bool checkPrefix(const std::string& name) {

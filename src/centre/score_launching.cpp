@@ -6,7 +6,6 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "centre/launching.h"
-#include "centre/start_up.h"
 #include "host/host.h"
 #include "shared/function_module.h"
 #include "shared/records.h"

@@ -185,11 +185,6 @@ void startUpWarning(const std::string& text) {
     face().msgBox({.text = text, .icon = Icon::exclamation, .startUpWarning = true});
 }
 
-void endWith(const std::string& text) {
-    MsgBox(text, Buttons::ok, Icon::critical);
-    endProgram();
-}
-
 void refreshAnlibTip() {
     mainPanel.cmdAnlibTip =
         "Analyze SCORE libraries. The current library folder is " + preferenceFolder() + ". ";

@@ -26,8 +26,6 @@ void refreshAnlibTip();
 
 /// A message that start-up shows and goes on after.
 void startUpWarning(const std::string& text);
-/// A message that ends the program.
-[[noreturn]] void endWith(const std::string& text);
 
 /// Saves the panel's place and the time, and ends the process.
 [[noreturn]] void exitProgram();

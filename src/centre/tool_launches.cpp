@@ -5,11 +5,9 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
-#include "centre/global_options.h"
 #include "centre/launching.h"
 #include "centre/main_panel.h"
 #include "centre/panel_place.h"
-#include "centre/start_up.h"
 #include "host/host.h"
 #include "shared/function_module.h"
 #include "shared/records.h"
@@ -172,8 +170,7 @@ void cmdTulSib() {
     ShellAndWait(program + " STARTDIR=,NAMESFILE=");
 }
 
-void cmdLogoSplit() {
-    if (isSplitForDosChosen()) return face().openPanel("frmSplit");
+void launchSplit() {
     const HiddenPanel hidden;
     ShellAndWait("\\TULSPLI6.EXE CALLEDBYTUL");
 }

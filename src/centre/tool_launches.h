@@ -36,7 +36,7 @@ bool canShowScoreHelp();
 void cmdAnlib();
 /// Converts Sibelius EPS files, where a library is defined.
 void cmdTulSib();
-/// Part extraction: the panel of the DOS version, or the Windows program, as the options say.
-void cmdLogoSplit();
+/// Part extraction by the Windows program.
+void launchSplit();
 
 }  // namespace tul

@@ -172,10 +172,7 @@ RunStep processFile(const std::string& path, std::string& text, Report& report, 
         tellFault("Open error on file " + output, fault);
         return RunStep::outputRefused;
     }
-    if (end == ExportEnd::damaged) {
-        MsgBox("Structural error in MUS file. Try to recover with TulValid/TulRecover.", Buttons::ok,
-               Icon::information);
-    }
+    if (end == ExportEnd::damaged) tellStructuralError();
     if (pmxRun.control.cancelled()) return RunStep::cancelled;
     if (pmxRun.options.chkPMXshow) ViewWithEditor(output);
     return RunStep::nextFile;

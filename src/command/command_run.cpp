@@ -141,7 +141,7 @@ Refusal findUnknown(const Arguments& arguments, Panel& panel) {
     return std::nullopt;
 }
 
-Refusal refusalOf(PanelAnswer answer, const std::string& name, bool isPress) {
+Refusal refusalOf(PanelAnswer answer, const std::string& name, bool mayLackSelection) {
     switch (answer) {
         case PanelAnswer::done:
             return std::nullopt;
@@ -151,7 +151,6 @@ Refusal refusalOf(PanelAnswer answer, const std::string& name, bool isPress) {
         case PanelAnswer::disabled:
             break;
     }
-    const bool mayLackSelection = isPress && !selection.SelectionValid;
     return name + " is not enabled now" + (mayLackSelection ? ": no music files are selected." : ".");
 }
 
@@ -199,7 +198,9 @@ Refusal act(const Arguments& arguments, OpenPanels& panels, std::ostream& out) {
         const std::size_t before = panels.count();
         const PanelAnswer answer =
             isPress(action) ? panel.press(action.name) : panel.set(action.name, action.value);
-        if (Refusal refusal = refusalOf(answer, action.name, isPress(action))) return refusal;
+        const bool mayLackSelection =
+            isPress(action) && !panel.runCommand.empty() && !selection.SelectionValid;
+        if (Refusal refusal = refusalOf(answer, action.name, mayLackSelection)) return refusal;
         panels.dropClosed();
         if (panels.count() > before) lists.markShown(panels.front());
         lists.printNew(panels.front());

@@ -62,8 +62,15 @@ class Files {
     virtual FileError remove(const std::string& path) = 0;
     /// Refused with `fileExists` when `to` exists.
     virtual FileError rename(const std::string& from, const std::string& to) = 0;
-    /// Copies the contents; `to` is replaced whole.
+    /// Gives the file `from` the name of `to` and its place on disk, at once: there is no moment without a
+    /// file of that name. What keeps `to` from being removed comes first, such as `readOnly`; without a file
+    /// `to` nothing happens either.
+    virtual FileError renameOver(const std::string& from, const std::string& to) = 0;
+    /// Copies the contents with the rights and the stamp; `to` is replaced whole.
     virtual FileError copy(const std::string& from, const std::string& to) = 0;
+    /// The same for a name that is free, at the moment of the copy's completion too: refused with
+    /// `fileExists` otherwise.
+    virtual FileError copyToNew(const std::string& from, const std::string& to) = 0;
 
     /// The platform's short form of a path; the path itself where the platform has none.
     virtual std::string shortName(const std::string& path) const = 0;

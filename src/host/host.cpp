@@ -42,6 +42,11 @@ std::string InputBox(const std::string& prompt, const std::string& defaultText) 
     return face().inputBox(prompt, defaultText);
 }
 
+void endWith(const std::string& text) {
+    MsgBox(text, Buttons::ok, Icon::critical);
+    endProgram();
+}
+
 void endProgram() {
     face().endProgram(1);
     std::abort();  // not reached; g++ does not see through the virtual call

@@ -47,6 +47,8 @@ std::unique_ptr<NativeMachine> openNativeMachine();
 Answer MsgBox(std::string text, Buttons buttons = Buttons::ok, Icon icon = Icon::none);
 /// Asks for a text, with the present one as default; empty when cancelled.
 std::string InputBox(const std::string& prompt, const std::string& defaultText);
+/// Shows a critical message and ends the program.
+[[noreturn]] void endWith(const std::string& text);
 /// The end after a fatal message: nothing is saved, no work file is cleaned up.
 [[noreturn]] void endProgram();
 /// The user's own end of the program.

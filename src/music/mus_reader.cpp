@@ -59,15 +59,6 @@ bool atWordsBeforeEnd(int words) { return musReader.MusWordIndex == wrap16(musRe
 
 void fail() { musReader.MusReadState = musStructuralError; }
 
-void readTextItem() {
-    if (musItem.MusParCount < shortestTextItem) return fail();
-    const bool isCode15 = integerPart(musItem.MusPar[1]) == 15.0F;
-    MusReadPars(2, isCode15 ? 13 : 12);
-    if (!isCode15) MusReadChars();
-    MusReadText(musItem.MusParCount - 13);
-    if (!isCode15) cutMusText();
-}
-
 }  // namespace
 
 void resetMusReader() {
@@ -171,16 +162,38 @@ bool atTrailer() { return atWordsBeforeEnd(trailerWords); }
 bool atShortTrailer() { return atWordsBeforeEnd(shortTrailerWords); }
 
 void cutMusText() {
-    std::size_t length = 5;
-    if (musItem.MusPar[1] == 16.0F) {
-        // No number of characters, or less than none, leaves none.
-        const double characters = roundToEven(musItem.MusPar[12]);
-        length = !(characters > 0.0) ? 0
-                 : characters >= static_cast<double>(musItem.MusText.size())
-                     ? musItem.MusText.size()
-                     : static_cast<std::size_t>(characters);
-    }
-    if (musItem.MusText.size() > length) musItem.MusText.resize(length);
+    // A count below 0, or none at all, says nothing of the text: it stays.
+    const double characters = musItem.MusPar[1] == 16.0F ? roundToEven(musItem.MusPar[12]) : 5.0;
+    if (characters >= 0.0 && characters < static_cast<double>(musItem.MusText.size()))
+        musItem.MusText.resize(static_cast<std::size_t>(characters));
+}
+
+bool MusReadHead() {
+    musItem.MusItemNumber = wrap16(musItem.MusItemNumber + 1);
+    MusReadWord();
+    const auto parameters = toInt16(musItem.MusWord);
+    if (!parameters) return false;
+    musItem.MusParCount = *parameters;
+    if (musItem.MusParCount < 2) return false;
+    musItem.MusPar.clear();
+    musItem.MusText.clear();
+
+    MusReadWord();
+    if (musItem.MusWord < lowestItemCode || musItem.MusWord > highestItemCode) return false;
+    musItem.MusPar[1] = musItem.MusWord;
+    return true;
+}
+
+void MusReadTextItem(bool withPar13) {
+    MusReadPars(2, withPar13 ? 13 : 12);
+    if (!withPar13) MusReadChars();
+    MusReadText(musItem.MusParCount - 13);
+    if (!withPar13) cutMusText();
+}
+
+void tellStructuralError() {
+    MsgBox("Structural error in MUS file. Try to recover with TulValid/TulRecover.", Buttons::ok,
+           Icon::information);
 }
 
 void MusNextItem() {
@@ -196,18 +209,7 @@ void MusNextItem() {
         return;
     }
 
-    musItem.MusItemNumber = wrap16(musItem.MusItemNumber + 1);
-    MusReadWord();
-    const auto parameters = toInt16(musItem.MusWord);
-    if (!parameters) return fail();
-    musItem.MusParCount = *parameters;
-    if (musItem.MusParCount < 2) return fail();
-    musItem.MusPar.clear();
-    musItem.MusText.clear();
-
-    MusReadWord();
-    if (musItem.MusWord < lowestItemCode || musItem.MusWord > highestItemCode) return fail();
-    musItem.MusPar[1] = musItem.MusWord;
+    if (!MusReadHead()) return fail();
     if (!isInteger(musItem.MusPar[1])) {
         MsgBox("Par1 is not an integer value: " + plain(musItem.MusPar[1]) + "\r\n" +
                    joined("Item=", musItem.MusItemNumber) + "\r\nValue assumed to be integer.",
@@ -215,7 +217,8 @@ void MusNextItem() {
     }
     const float code = integerPart(musItem.MusPar[1]);
     if (code == 11.0F || code == 15.0F || code == 16.0F) {
-        readTextItem();
+        if (musItem.MusParCount < shortestTextItem) return fail();
+        MusReadTextItem(code == 15.0F);
     } else {
         MusReadPars(2, musItem.MusParCount);
     }

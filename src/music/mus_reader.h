@@ -99,12 +99,21 @@ void MusSkipWords(int count);
 /// `MusReadChars`, `count` times, appended to `MusText`.
 void MusReadText(int count);
 
-/// `MusWordIndex` in percent of the word count; 0 when that is 0.
+/// `MusWordIndex` in percent of the word count, which damage can exceed; 0 when that is 0.
 int musProgress();
 
 /// True where the index stands at the trailer of six words, or of five.
 bool atTrailer();
 bool atShortTrailer();
+
+/// The steps of `MusNextItem` one by one, for an item loop of its own. `MusReadHead` counts the item and
+/// reads its length word and Par 1: false where they are no item's. `MusReadTextItem` reads the rest of a
+/// text item of at least `shortestTextItem` parameters, with Par 13 (code 15) or without.
+bool MusReadHead();
+void MusReadTextItem(bool withPar13);
+
+/// What the tools say of a state 1.
+void tellStructuralError();
 
 /// Cuts `MusText` as a text item asks: to its first Par 12 characters (rounded) for code 16 exactly, to 5
 /// otherwise.

@@ -6,7 +6,11 @@
 #include "centre/score_launching.h"
 #include "check/pmx_export.h"
 #include "check/validation.h"
+#include "edit/resize.h"
+#include "music/bar_file.h"
+#include "music/item_table.h"
 #include "music/mus_reader.h"
+#include "music/pipeline.h"
 #include "shared/records.h"
 
 namespace tul {
@@ -14,12 +18,16 @@ namespace tul {
 void freshProcess() {
     resetSharedRecords();
     resetMusReader();
+    musItemTable = {};
+    barTexts.clear();
+    resetPipeline();
     resetCentreRecords();
     fontTable = {};
     globalOptions = {};
     scoreRun = {};
     valid::resetValidation();
     pmx::resetPmxRun();
+    resize::resetResize();
 }
 
 }  // namespace tul

@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "base/text.h"
+#include "centre/backup_restore.h"
 #include "centre/debug_summary.h"
 #include "centre/global_options.h"
 #include "centre/launching.h"
@@ -15,7 +16,6 @@
 #include "centre/viewing.h"
 #include "host/host.h"
 #include "panels/panel_list.h"
-#include "shared/function_module.h"
 #include "shared/records.h"
 #include "shared/version.h"
 
@@ -98,6 +98,13 @@ Commands launchCommands() {
     return commands;
 }
 
+void cmdLogoSplit() {
+    if (isSplitForDosChosen())
+        openPanel("frmSplit");
+    else
+        launchSplit();
+}
+
 bool canSplit() {
     return mainPanel.isEnabled("cmdLogoSplit") && (isBuilt("frmSplit") || !isSplitForDosChosen());
 }
@@ -153,6 +160,11 @@ Commands rowCommands() {
         {.name = "cmdViewProjectOptions",
          .caption = "View project options",
          .run = [] { ViewWithEditor(paths.OptionsFilePath); }},
+        {.name = "cmdLogoBackupStatus", .caption = "Backup status", .run = cmdLogoBackupStatus},
+        {.name = "cmdCycle",
+         .caption = "Restore",
+         .run = cmdCycle,
+         .toolTip = "Restore the most recent backup of the selected files"},
         {.name = "cmdExit", .caption = "Exit", .run = exitProgram},
     };
 }

@@ -6,6 +6,7 @@
 #include "panels/logo_panel.h"
 #include "panels/notepad_panel.h"
 #include "panels/pmx_panel.h"
+#include "panels/resiz_panel.h"
 #include "panels/valid_panel.h"
 
 namespace tul {
@@ -15,6 +16,8 @@ const std::vector<PanelEntry>& panelList() {
         {"frmLogo", "logo", "", "the main panel: opens the tools, launches the utilities", makeLogoPanel},
         {"frmValid", "valid", "validate", "check the structure of music files", makeValidPanel},
         {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", makePmxPanel},
+        {"frmResiz", "resiz", "resize", "change sizes of notes, slurs, staves, symbols, numbers and texts",
+         makeResizPanel},
         {"frmGlobalOptions", "globaloptions", "options",
          "the choices of a project: folder, suffix, fonts, sizes", makeGlobalOptionsPanel},
         {"frmAbout", "about", "", "version of the program, disclaimer, system information", makeAboutPanel},

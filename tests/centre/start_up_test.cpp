@@ -92,6 +92,44 @@ TEST_F(StartingUp, ShowsThePanelOnceItStandsAndThenChecksTheProject) {
     EXPECT_EQ(host.events, (std::vector<std::string>{"profile TOP", "profile LEFT", "profile StartTime"}));
 }
 
+TEST_F(StartingUp, EnablesTheMenusByWhatIsLinked) {
+    host.write("TULINPUT.EXE", "x");
+    StartUp();
+    for (const char* entry : {"mnuVersion", "mnuScoreEngine", "cmdLascor", "cmdMidiScor", "cmdLogoInput"})
+        EXPECT_FALSE(mainPanel.isEnabled(entry)) << entry;
+    EXPECT_TRUE(mainPanel.isEnabled("mnuHelp"));
+    EXPECT_FALSE(mainPanel.preProcessVisible);
+
+    for (const char* name : {"TULVERSION.EXE", "TULSPLIP.EXE", "TULINPUT.TXT", "TULC.EXE", "LINK.EXE"})
+        host.write(name, "x");
+    const std::string link = "=" + host.path("LINK.EXE") + "\r\n";
+    host.write("TULCNTRL.INI", controlFile("v8.0.0.200", "ScoreEngineProgramPath" + link + "LascorPath" +
+                                                             link + "MidiScorPath" + link));
+    StartUp();
+    for (const char* entry : {"mnuVersion", "mnuScoreEngine", "cmdLascor", "cmdMidiScor", "cmdLogoInput"})
+        EXPECT_TRUE(mainPanel.isEnabled(entry)) << entry;
+    EXPECT_TRUE(mainPanel.preProcessVisible);
+    EXPECT_EQ(mainPanel.cmdLogoInputCaption, "TulInput");
+    host.write("TULINPUTW.EXE", "x");
+    StartUp();
+    EXPECT_EQ(mainPanel.cmdLogoInputCaption, "TulInputW");
+    EXPECT_FALSE(mainPanel.isEnabled("cmdLogoInput")) << "the later test wins";
+}
+
+TEST_F(StartingUp, TakesTheDateFormFromTheSystem) {
+    std::filesystem::create_directories(host.nativeFolder() / ".wine/dosdevices");
+    std::filesystem::create_directory_symlink(host.nativeFolder(),
+                                              host.nativeFolder() / ".wine/dosdevices/c:");
+    std::filesystem::create_directory(host.nativeFolder() / "Windows");
+    host.write(
+        "Windows/WIN.INI",
+        "sDate=x\r\n [Intl]\r\nsTime=x\r\n[intl] \r\nsDate=.\r\nsShortDate=yy=M\r\n[other]\r\nsDate=y\r\n");
+    StartUp();
+    EXPECT_EQ(dateSettings.dateSeparator, ".");
+    EXPECT_EQ(dateSettings.timeSeparator, ":");
+    EXPECT_EQ(dateSettings.shortDateFormat, "yy=M");
+}
+
 TEST_F(StartingUp, RewritesTheControlFileWithThisExecution) {
     StartUp();
     const std::string text = host.read("TULCNTRL.INI");

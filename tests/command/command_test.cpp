@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "base/text.h"
+#include "centre/main_panel.h"
 #include "command/arguments.h"
 #include "command/command_run.h"
 #include "samples/page_builder.h"
@@ -237,9 +238,10 @@ TEST_F(Tulcmd, ActsOnThePanelThatACommandHasOpened) {
     EXPECT_NE(tool.err.find("1 name(s) in "), std::string::npos);
 
     const Outcome options = run({"logo", "--press", "cmdProjectOptions", "--set", "optPanelPreference=2",
-                                 "--press", "cmdGlobalOptionsReturn", "--set", "tabLogo=1"});
+                                 "--press", "cmdGlobalOptionsReturn", "--press", "mnuNamesStatus"});
     EXPECT_EQ(options.status, 0) << options.err;
     EXPECT_NE(host.read("TULPROJ.PRO").find("PanelPreference=2\r\n"), std::string::npos);
+    EXPECT_EQ(mainPanel.tabLogo, 2) << "the preferred tab comes to the front";
 
     run({"--no", "valid", page("bad.mus")});
     EXPECT_EQ(
@@ -257,6 +259,8 @@ TEST_F(Tulcmd, RefusesWhatThePanelInFrontDoesNotHave) {
     const Outcome behind = run({"logo", "--press", "cmdValid", "--press", "mnuNamesStatus"});
     EXPECT_EQ(behind.status, exitUsage);
     EXPECT_EQ(behind.err, "frmValid has no command mnuNamesStatus.\nSee: tulcmd valid --list\n");
+    EXPECT_EQ(run({"logo", "--press", "cmdCombi"}).err,
+              "cmdCombi is not enabled now.\nSee: tulcmd logo --list\n");
     const Outcome nowhere = run({"logo", "--press", "cmdValid", "--press", "cmdNowhere"});
     EXPECT_EQ(nowhere.err, "frmLogo has no command cmdNowhere.\nSee: tulcmd logo --list\n");
     EXPECT_EQ(run({"logo", "--press", "cmdValidateRun"}).err,

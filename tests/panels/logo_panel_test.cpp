@@ -172,6 +172,10 @@ TEST_F(LogoPanel, SplitsAsTheOptionsSay) {
     EXPECT_EQ(lastLaunch(), "TULSPLI6.EXE CALLEDBYTUL");
     for (const char* name : {"TULSPLIT.BAT", "TULSPLI1.EXE", "TULSPLI2.EXE"}) host.write(name, "x");
     globalOptions.txtPageFont = "12";
+    host.write("TULPROJ.PRO", "TulSplitDOS=False\r\n");
+    std::filesystem::rename(host.nativeFolder() / "TULSPLI5.EXE", host.nativeFolder() / "kept");
+    EXPECT_TRUE(isSplitForDosChosen()) << "only the DOS version is there";
+    std::filesystem::rename(host.nativeFolder() / "kept", host.nativeFolder() / "TULSPLI5.EXE");
     EXPECT_FALSE(isSplitForDosChosen());
     host.write("TULPROJ.PRO", "TulSplitDOS=False\r\nTulSplitWindows=True\r\n");
     EXPECT_FALSE(isSplitForDosChosen());
@@ -182,7 +186,8 @@ TEST_F(LogoPanel, SplitsAsTheOptionsSay) {
     if (!findPanel("frmSplit"))
         press("cmdLogoSplit", PanelAnswer::disabled);
     else
-        EXPECT_EQ(press("cmdLogoSplit"), Texts{"open frmSplit"});
+        EXPECT_EQ(press("cmdLogoSplit"),
+                  (Texts{"profile TOP", "profile LEFT", "wait", "open frmSplit", "ready"}));
 }
 
 TEST_F(LogoPanel, OpensItsPanelsAndPretendsNone) {
@@ -200,6 +205,9 @@ TEST_F(LogoPanel, OpensItsPanelsAndPretendsNone) {
         }
         EXPECT_EQ(press(button), (Texts{"profile TOP", "profile LEFT", "wait", "open " + form, "ready"}));
     }
+    panel.command("cmdLogoIntab")->run();
+    EXPECT_EQ(mainPanel.inputKind, 2);
+    EXPECT_EQ(mainPanel.inputFilePath, "C:\\SCORE\\TULINTAB.INI");
     for (const char* button : {"cmdClef", "cmdLogoDur", "cmdTulSplitPreProcess"})
         press(button, PanelAnswer::disabled);
 }

@@ -28,6 +28,11 @@ FileError FaultyFiles::replace(const std::string& path, std::string_view bytes) 
     return refusal == refusals.end() ? real_.replace(path, bytes) : refusal->second;
 }
 
+FileError FaultyFiles::copyToNew(const std::string& from, const std::string& to) {
+    const auto refusal = refusals.find(std::string(fileNameOf(to)));
+    return refusal == refusals.end() ? real_.copyToNew(from, to) : refusal->second;
+}
+
 struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
     explicit Parts(ScriptedHost& owner) : host(owner) {}
     ScriptedHost& host;

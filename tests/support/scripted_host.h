@@ -42,7 +42,11 @@ class FaultyFiles : public Files {
     FileError rename(const std::string& from, const std::string& to) override {
         return real_.rename(from, to);
     }
+    FileError renameOver(const std::string& from, const std::string& to) override {
+        return real_.renameOver(from, to);
+    }
     FileError copy(const std::string& from, const std::string& to) override { return real_.copy(from, to); }
+    FileError copyToNew(const std::string& from, const std::string& to) override;
     std::string shortName(const std::string& path) const override { return real_.shortName(path); }
     std::optional<std::string> fromNative(const std::string& path) const override {
         return real_.fromNative(path);

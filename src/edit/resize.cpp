@@ -1,0 +1,175 @@
+#include "edit/resize.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "centre/names_file.h"
+#include "centre/viewing.h"
+#include "edit/resize_checks.h"
+#include "host/host.h"
+#include "music/pipeline.h"
+#include "shared/function_module.h"
+#include "shared/records.h"
+#include "shared/report.h"
+
+namespace tul::resize {
+
+Resize resizing;
+
+namespace {
+
+constexpr std::size_t shortestPathWidth = 4;
+const std::string marginLine =
+    std::string(CrLf) + "Note that a 0.001 margin was applied on the size attribute.";
+
+// --- Checks before a run
+
+bool isSameSize(float present, const std::string& field) {
+    return std::fabs(present - numberOf(field)) < sizeMargin;
+}
+
+/// True when a number's size and font are what the project settings have.
+bool isSameNumber(const std::string& size, const std::string& newSize, const std::string& font,
+                  const std::string& newFont) {
+    return isSameSize(numberOf(size) - numberMark, newSize) && numberOf(font) == numberOf(newFont);
+}
+
+std::string refusalOfNumbers(const ResizeOptions& options) {
+    const ProjectSettings& settings = projectSettings;
+    if (options.optResizePageNumber && isSameNumber(settings.PageNumberSize, options.txtResizePageNumberSize,
+                                                    settings.PageNumberFont, options.txtResizePageNumberFont))
+        return "No use running Page number resize when global settings equal to new." + marginLine;
+    if (options.optResizeBarNumber && isSameNumber(settings.BarNumberSize, options.txtResizeBarNumberSize,
+                                                   settings.BarNumberFont, options.txtResizeBarNumberFont))
+        return "No use running Bar number resize when global settings equal to new." + marginLine;
+    return {};
+}
+
+std::string refusalOfTexts(const ResizeOptions& options) {
+    if (options.optResizeLyrics && isSameSize(numberOf(projectSettings.LyricsSize), options.txtResizeLyrics))
+        return "No use running Lyrics resize when current and new size are equal." + marginLine;
+    if (options.optTextResizeTextSize &&
+        (options.txtResizeTextResize.empty() ||
+         isSameSize(numberOf(options.txtResizeTextCurrent), options.txtResizeTextNew)))
+        return "No use running Text resize if no string given or when current and new size are equal." +
+               marginLine;
+    return {};
+}
+
+/// Why the options in front cannot be run; empty when they can.
+std::string refusalOf(const ResizeOptions& options) {
+    switch (options.tabResiz) {
+        case tabNotes:
+            if (options.optResizeNote && !options.anyNotes())
+                return "No use running Note resize when no notes selected.";
+            return {};
+        case tabNumbers:
+            return refusalOfNumbers(options);
+        case tabTexts:
+            return refusalOfTexts(options);
+        case tabPlaceholders:
+            if (options.chkPlaceholderSet && options.chkPlaceholderReset)
+                return "The placeholder options are mutually exclusive";
+            return {};
+        default:
+            return {};
+    }
+}
+
+// --- The run
+
+void writeHead(Report& report) {
+    const std::size_t width = std::max(selection.LongestName.size(), shortestPathWidth);
+    report.line("TUL Rezise run " + dateAndTime());
+    report.line(" ");
+    report.line(padRight("File", width));
+    report.line(padRight("----", width, '-'));
+}
+
+void processSelection(Report& report) {
+    const int count = selection.SelectionCount;
+    for (int i = 1; i <= count; ++i) {
+        const std::string& path = selection.SelectionNames[i];
+        report.line(path);
+        resizing.lblResizeStatus = "File being processed:" + str(i) + " of" + str(count);
+        yieldToEvents();
+        pipeline.currentPath = path;
+        attempt([] { storeFile(resizForm); });
+        attempt(updateFile);
+        attempt([] { writeFile(resizForm); });
+    }
+}
+
+void writeCounters(Report& report) {
+    const auto line = [&](const char* what, std::int32_t count) {
+        report.line(what + formatted(count, "#######0"));
+    };
+    const Counters& counters = resizing.counters;
+    report.line(" ");
+    line("Number of note        sizes changed . . . . ", counters.notes());
+    line("Number of staff       sizes changed . . . . ", counters.staves);
+    line("Number of slur        sizes changed . . . . ", counters.slurs);
+    line("Number of lyrics/text sizes changed . . . . ", counters.texts);
+    line("Number of page number sizes changed . . . . ", counters.pageNumbers);
+    line("Number of symbol      sizes changed . . . . ", counters.symbolSizes);
+    line("Number of symbol      Par4  changed . . . . ", counters.symbolPar4);
+    line("Number of bar number  sizes changed . . . . ", counters.barNumbers);
+    line("Number of placeholders set/reset. . . . . . ", counters.placeholders);
+    report.line(" ");
+    report.line("Number of files processed: " + plain(selection.SelectionCount));
+}
+
+void runOverSelection() {
+    resizing.counters = {};
+    ReadNamesFile();
+    Report report(paths.ProgramFolder + "\\TULWORK.PRN");
+    if (!report.open()) endWith("Failed to open " + report.path() + " for output");
+    writeHead(report);
+    beginPipelineRun(resizing.options.chkResizBackup);
+    processSelection(report);
+    resizing.lblResizeStatus.clear();
+    pipeline.activity.clear();
+    pipeline.progress = {};
+    writeCounters(report);
+    reportSuspectFiles(report);
+    showAndDelete(report);
+}
+
+/// A number of the settings as a field shows it, where it fits.
+std::string sizeInField(double size, const std::string& otherwise) {
+    return size > 0 && size <= 10 ? plain(static_cast<float>(size)) : otherwise;
+}
+
+}  // namespace
+
+bool ResizeOptions::anyNotes() const {
+    return chkResizeMini || chkResizeSmall || chkResizeBlack || chkResizeHalf || chkResizeWhole ||
+           chkResizeBlackDiamond || chkResizeWhiteDiamond;
+}
+
+void resetResize() { resizing = {}; }
+
+void fillFromProjectSettings() {
+    ResizeOptions& options = resizing.options;
+    const ProjectSettings& settings = projectSettings;
+    const auto number = [](const std::string& markedSize) { return numericValue(markedSize) - numberMark; };
+    options.txtResizePageNumberSize = sizeInField(number(settings.PageNumberSize), "1.1");
+    options.txtResizeBarNumberSize = sizeInField(number(settings.BarNumberSize), "1");
+    options.txtResizePageNumberFont = plain(numberOf(settings.PageNumberFont));
+    options.txtResizeBarNumberFont = plain(numberOf(settings.BarNumberFont));
+    options.txtResizeLyrics = sizeInField(numericValue(settings.LyricsSize), "1");
+}
+
+void cmdResizeRun() {
+    if (const std::string refusal = refusalOf(resizing.options); !refusal.empty()) {
+        MsgBox(refusal, Buttons::ok, Icon::information);
+        return;
+    }
+    resizing.control.running = true;
+    runOverSelection();
+    resizing.control.endRun();
+}
+
+}  // namespace tul::resize

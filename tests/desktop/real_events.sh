@@ -58,11 +58,17 @@ press Return
 window "TUL Control Center"
 press alt+t alt+a
 window "TulValid"
+press alt+s
+window "Select file"
+xdotool type --delay 20 "$home/samples/SONG.MUS"
+press Return
+window "TulValid"
 press Return
 window "TULVALID.PRN"
-grep -q "CHORALE.MUS" "$home/TULVALID.PRN" || fail "the report lacks a page"
+grep -q " 1 file(s)" "$home/TULVALID.PRN" || fail "not the page that was selected"
+grep -q "SONG.MUS" "$home/TULVALID.PRN" || fail "the report lacks a page"
 press ctrl+f
-xdotool type --delay 20 "chorale"
+xdotool type --delay 20 "song"
 press Return Escape
 gone "TULVALID.PRN"
 [ ! -e "$home/TULVALID.PRN" ] || fail "the report was not deleted"

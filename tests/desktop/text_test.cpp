@@ -3,6 +3,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrinter>
 
 #include "desktop/desktop_session.h"
 
@@ -95,9 +97,15 @@ TEST_F(TextViewer, RefusesWhatTheFileCannotHold) {
     EXPECT_EQ(host.read("LETTER.TXT"), "sharp ");
 }
 
-TEST_F(TextViewer, SavesACopyElsewhere) {
+TEST_F(TextViewer, PrintsAndSavesACopyElsewhere) {
+    const QString page = QString::fromStdString((host.nativeFolder() / "page.pdf").string());
     const QString copy = QString::fromStdString((host.nativeFolder() / "copy of it.txt").string());
-    expectDialog([this, copy](QDialog& dialog) {
+    expectDialog([this, page, copy](QDialog& dialog) {
+        expectDialog([page](QDialog& printing) {
+            dynamic_cast<QPrintDialog&>(printing).printer()->setOutputFileName(page);
+            printing.QDialog::done(QDialog::Accepted);
+        });
+        trigger(dialog, "Print...");
         expectDialog([copy](QDialog& chooser) {
             dynamic_cast<QFileDialog&>(chooser).selectFile(copy);
             dynamic_cast<QFileDialog&>(chooser).QDialog::done(QDialog::Accepted);
@@ -108,6 +116,7 @@ TEST_F(TextViewer, SavesACopyElsewhere) {
     host.write("LETTER.TXT", "one\r\ntwo\r\n");
     face.showText(host.path("LETTER.TXT"));
     EXPECT_EQ(host.read("copy of it.txt"), "one\r\ntwo\r\n");
+    EXPECT_TRUE(host.read("page.pdf").starts_with("%PDF"));
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
 #include "companions/companion.h"
 
-#include <unistd.h>
-
 #include <iostream>
 
 #include "base/text.h"
+#include "companions/terminal.h"
 #include "host/talk.h"
 #include "shared/key_value_file.h"
 
@@ -21,10 +20,11 @@ bool beginsPath(std::string_view text) {
 /// The folder of the running program, in which the others of the installation lie too.
 std::string installation;
 
-/// A user of the windows sees nothing of the standard streams, wherever they lead.
-bool isSeen(int stream) {
+/// A user of the windows sees nothing of the standard streams, wherever they lead. One who has sent some of
+/// them elsewhere from a terminal wants no windows.
+bool isSeen() {
     const auto talk = inheritedTalk();
-    return !hasDisplay() || talk == Talk::terminal || (!talk && isatty(stream) != 0);
+    return !hasDisplay() || talk == Talk::terminal || (!talk && hasTerminal());
 }
 
 /// By a program of its own, so that the companions without windows start without the toolkit.
@@ -95,13 +95,13 @@ bool asksInWindow() { return hasDisplay() && inheritedTalk() != Talk::terminal; 
 
 int refuse(const std::string& program, const std::string& why) {
     std::cerr << program << ": " << toUtf8(why) << std::endl;
-    if (!isSeen(STDERR_FILENO)) showInWindow("refusal", program, why);
+    if (!isSeen()) showInWindow("refusal", program, why);
     return failed;
 }
 
 void report(const std::string& program, const std::string& lines) {
     std::cout << toUtf8(lines) << std::flush;
-    if (!isSeen(STDOUT_FILENO)) showInWindow("report", program, lines);
+    if (!isSeen()) showInWindow("report", program, lines);
 }
 
 int openScore(const std::string& program, const std::string& page, ScoreKind kind) {

@@ -111,7 +111,8 @@ void FileChoice::setPart(std::string_view part) {
 }
 
 bool FileChoice::isShown(const File& file) const {
-    return file.upper.ends_with(suffix_) && file.upper.find(part_) != std::string::npos;
+    if (!file.upper.ends_with(suffix_)) return false;
+    return part_.empty() || file.upper.find(part_) < file.upper.size() - suffix_.size();
 }
 
 void FileChoice::show() {

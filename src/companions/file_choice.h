@@ -37,7 +37,8 @@ class FileChoice {
 
     /// Shows the files that end in this suffix; empty: all.
     void setSuffix(std::string_view suffix);
-    /// Shows the files with this text in their names, in any case of A to Z.
+    /// Shows the files with this text in their names, in any case of A to Z. It begins before the suffix that
+    /// all of them share.
     void setPart(std::string_view part);
 
     // The rows of the list, from 0.

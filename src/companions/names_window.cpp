@@ -174,7 +174,7 @@ void NamesWindow::showCount() {
                        ? "No such files in this folder"
                        : QString("%1 of %2 chosen").arg(chosen).arg(filesText(choice_.rows()));
     if (const std::size_t hidden = choice_.hidden(); hidden > 0)
-        text += QString("; %1 more not shown, and not taken").arg(hidden);
+        text += QString("; not shown and not taken: %1").arg(hidden);
     form_->lblNamesCount->setText(text);
     form_->cmdNamesOk->setEnabled(chosen > 0);
     form_->cmdNamesAll->setEnabled(chosen < choice_.rows());

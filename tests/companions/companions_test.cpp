@@ -125,14 +125,19 @@ TEST_F(Installation, ScoreIsOpenedWhereItIsLinked) {
               std::string::npos);
 }
 
+const std::string rest = testing::words({3, 2, 1, 40});
+const std::string damagedPage = testing::pageOf(rest + testing::words({1}) + rest + rest + rest);
+
 TEST_F(Installation, WindowsAreForThoseWhoWorkInThem) {
-    fs::remove(home / "TULSKORE.EXE");  // the window is looked for beside the program that asks for it
-    fs::copy(fs::path(TUL_COMPANION_FOLDER) / "TULSKORE.EXE", home / "TULSKORE.EXE");
+    for (const char* name : {"TULSKORE.EXE", "TULRECOV.EXE"}) {
+        fs::remove(home / name);  // the window is looked for beside the program that asks for it
+        fs::copy(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
+    }
     host.write("TULTELL.EXE", "#!/bin/sh\nprintf '[%s]' \"$@\" >told\n");
     fs::permissions(home / "TULTELL.EXE", fs::perms::owner_all);
-    const auto told = [&](const std::string& environment) {
+    const auto told = [&](const std::string& environment, const std::string& program = "./TULSKORE.EXE") {
         fs::remove(home / "told");
-        run("env " + environment + " ./TULSKORE.EXE");
+        run("env " + environment + " " + program);
         return host.exists("told") ? host.read("told") : std::string();
     };
     const std::string why = "[refusal][TULSKORE][there is no TULCNTRL.INI in the current folder.]";
@@ -141,11 +146,15 @@ TEST_F(Installation, WindowsAreForThoseWhoWorkInThem) {
     EXPECT_EQ(told("DISPLAY=:0"), why) << "nobody reads a pipe";
     EXPECT_EQ(told("WAYLAND_DISPLAY=w TUL_TALK=windows"), why);
     EXPECT_EQ(told("DISPLAY=:0 TUL_TALK=terminal"), "");
+    EXPECT_EQ(told("DISPLAY=:0 QT_QPA_PLATFORM=offscreen"), "");
+    EXPECT_EQ(told("DISPLAY=:0", "script -qec './TULSKORE.EXE >log 2>&1' /dev/null"), "")
+        << "a terminal is left";
+    host.write("page.mus", testing::pageOf(rest));
+    const std::string report = told("DISPLAY=:0", "./TULRECOV.EXE page.mus 1");
+    EXPECT_TRUE(report.starts_with("[report][TULRECOV][")) << report;
+    EXPECT_NE(report.find("is not damaged: 1 items."), std::string::npos) << report;
     EXPECT_EQ(run("env TUL_TALK=terminal DISPLAY=:0 ./TULNAMES.EXE STARTDIR=a,NAMESFILE=b").status, 1);
 }
-
-const std::string rest = testing::words({3, 2, 1, 40});
-const std::string damagedPage = testing::pageOf(rest + testing::words({1}) + rest + rest + rest);
 
 TEST_F(Installation, ValidationsOfferRecoversAPage) {
     fs::create_directory(home / "my music");

@@ -56,6 +56,11 @@ TEST_F(Choosing, TakesWhatTheListShowsInItsOrder) {
     choice.setPart("e1.");
     EXPECT_EQ(choice.chosenPaths(), Names{host.path("page1.MUS")});
     EXPECT_EQ(choice.hidden(), 1U);
+    choice.setPart("mus");
+    EXPECT_EQ(choice.rows(), 0U) << "all of them end in it";
+    choice.setPart("e1.m");
+    EXPECT_EQ(choice.rows(), 1U);
+    choice.setPart("e1.");
     choice.setSuffix("");
     EXPECT_EQ(shownNames(choice), (Names{"page1.MUS", "PAGE1.PMX"}));
     choice.setPart("");

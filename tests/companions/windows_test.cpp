@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include "companions/folder_window.h"
+#include "companions/message_window.h"
 #include "companions/names_window.h"
 #include "support/scripted_host.h"
 
@@ -97,7 +98,7 @@ TEST_F(ChoosingWindow, NeverTakesWhatItDoesNotShow) {
     window.show();
     auto& part = child<QLineEdit>(window, "txtNamesPart");
     QTest::keyClicks(&part, "page1");
-    EXPECT_EQ(text(window, "lblNamesCount"), "1 of 2 files chosen; 1 more not shown, and not taken");
+    EXPECT_EQ(text(window, "lblNamesCount"), "1 of 2 files chosen; not shown and not taken: 1");
     press(window, "cmdNamesAll");
     part.setText("");
     EXPECT_EQ(text(window, "lblNamesCount"), "3 of 4 files chosen");
@@ -164,7 +165,7 @@ TEST_F(ChoosingWindow, OpensAFolderOfTenThousandPagesAtOnce) {
     child<QLineEdit>(window, "txtNamesPart").setText("P99");
     EXPECT_LT(time.elapsed(), 5000)
         << "with sanitizers on a busy machine; a square of the count takes minutes";
-    EXPECT_EQ(text(window, "lblNamesCount"), "111 of 111 files chosen; 9893 more not shown, and not taken");
+    EXPECT_EQ(text(window, "lblNamesCount"), "111 of 111 files chosen; not shown and not taken: 9893");
 }
 
 TEST_F(ChoosingWindow, ChoosesTheFolderThatStandsInItsField) {
@@ -193,6 +194,20 @@ TEST_F(ChoosingWindow, ChoosesTheFolderThatStandsInItsField) {
     press(window, "cmdFolderOk");
     EXPECT_EQ(window.result(), QDialog::Accepted);
     EXPECT_EQ(window.folder(), music);
+}
+
+TEST(ToldInAWindow, ReportsKeepTheirColumns) {
+    const auto labelOf = [](const MessageWindow& window) {
+        for (const QLabel* const label : window.findChildren<QLabel*>())
+            if (!label->text().isEmpty()) return label;
+        return static_cast<const QLabel*>(nullptr);
+    };
+    const MessageWindow report(false, "TULRECOV", "Kept:  56\nLost:   1\n");
+    EXPECT_TRUE(QFontInfo(labelOf(report)->font()).fixedPitch());
+    const MessageWindow refusal(true, "TULSKORE", "no <SCORE> is linked: Z:\\a");
+    EXPECT_EQ(labelOf(refusal)->text(), "No <SCORE> is linked: Z:\\a");
+    EXPECT_EQ(labelOf(refusal)->textFormat(), Qt::PlainText);
+    EXPECT_EQ(refusal.windowTitle(), "TULSKORE");
 }
 
 }  // namespace

@@ -82,7 +82,7 @@ wait "$program" || fail "the program ended with status $?"
 grep -rq "OFF " "$home/config" || fail "the end was not noted in the profile"
 
 # What a companion without windows has to say to those who work in them.
-"$home/TULSCORE.EXE" .,, 2>>"$work/log" &
+"$home/TULSCORE.EXE" .,, </dev/null >>"$work/log" 2>&1 &
 started+=($!)
 window "TULSCORE"
 press Return

@@ -29,6 +29,8 @@ std::optional<Talk> inheritedTalk() {
 
 bool hasDisplay() {
     constexpr std::array names = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    const std::string_view platform = valueOf("QT_QPA_PLATFORM");
+    if (platform.starts_with("offscreen") || platform.starts_with("minimal")) return false;
     for (const char* const name : names)
         if (!valueOf(name).empty()) return true;
     return false;

@@ -137,7 +137,7 @@ bool NamesWindow::openTyped() {
     return true;
 }
 
-/// In runs of rows: a thousand single rows would take the list a while.
+/// In runs of rows, because the list works through every range of a selection.
 void NamesWindow::selectChosen() {
     QItemSelection selection;
     for (std::size_t row = 0; row < choice_.rows(); ++row) {

@@ -146,6 +146,10 @@ void takeCompanions(Gallery& gallery) {
     gallery.take(names, "TULNAMES-part");
     names.findChild<QLineEdit*>("txtNamesPart")->setText("none");
     gallery.take(names, "TULNAMES-none");
+    names.findChild<QLineEdit*>("txtNamesPart")->clear();
+    names.findChild<QLineEdit*>("txtNamesFolder")->setText("S:\\SCORES\\SONATA");
+    names.accept();
+    gallery.take(names, "TULNAMES-notice");
     FolderWindow folder("Select AFM folder", "S:\\");
     take(folder, "TULFOLDR");
     MessageWindow refusal(true, "TULSKORE",

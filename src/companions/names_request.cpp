@@ -12,10 +12,12 @@ namespace {
 
 constexpr std::size_t longestQuietPath = 24;
 
-/// Where a user who has not said where expects to be: at the present selection.
+/// Where a user who has not said where expects to be: at the present selection. The folder of the
+/// installation is what the options of a project say until a user sets one.
 std::string firstFolder(const std::string& wanted, const std::vector<std::string>& selected,
                         const std::string& startFolder) {
-    if (!wanted.empty() && isFolder(wanted)) return wanted;
+    const bool isSaid = !equalIgnoringCase(pathIn(wanted, ""), pathIn(startFolder, ""));
+    if (isSaid && !wanted.empty() && isFolder(wanted)) return wanted;
     const std::string last = selected.empty() ? std::string() : folderAbove(selected.front());
     return !last.empty() && isFolder(last) ? last : startFolder;
 }

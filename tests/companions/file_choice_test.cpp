@@ -99,6 +99,7 @@ TEST_F(Choosing, LooksFirstWhereItIsToldThenAtTheSelection) {
     host.write("NAMES.TUL", crlf({host.path("other\\A.MUS") + " 1"}));
     EXPECT_EQ(folderFor(""), host.path("other"));
     EXPECT_EQ(folderFor(host.path("none")), host.path("other"));
+    EXPECT_EQ(folderFor(host.folder()), host.path("other")) << "nobody has set it";
     EXPECT_EQ(folderFor("Z:\\"), "Z:\\");
 }
 

@@ -15,6 +15,7 @@
 #include <QProgressBar>
 #include <QRegularExpression>
 #include <QSignalBlocker>
+#include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
 
@@ -106,7 +107,10 @@ void Binder::bindField(Field& field) {
             // A frame's caption says nothing about what is in it.
             if (!qobject_cast<QGroupBox*>(each)) each->setEnabled(field.enabled());
         }
-        if (const std::string tip = field.toolTip(); !tip.empty()) widget->setToolTip(shown(tip));
+        // The tip of a tab strip is that of its tabs: what is on a page would show it as its own.
+        auto* const tabs = qobject_cast<QTabWidget*>(widget);
+        if (const std::string tip = field.toolTip(); !tip.empty())
+            (tabs ? tabs->tabBar() : widget)->setToolTip(shown(tip));
     });
     switch (field.kind) {
         case FieldKind::check:
@@ -331,8 +335,10 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     };
     if (event->type() == QEvent::MouseButtonDblClick || event->type() == QEvent::MouseButtonRelease) {
         const bool twice = event->type() == QEvent::MouseButtonDblClick;
-        return isBackground(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event)) &&
-               run(twice ? twiceClicked_ : clicked_);
+        if (!isBackground(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event))) return false;
+        // One click on what waits for two is no click on the background behind it.
+        return run(twice ? twiceClicked_ : clicked_) ||
+               (watched != &form_ && twiceClicked_.contains(watched));
     }
     if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched)) {
         const int key = static_cast<QKeyEvent*>(event)->key();

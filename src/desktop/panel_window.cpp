@@ -11,6 +11,7 @@
 
 #include "base/text.h"
 #include "centre/debug_summary.h"
+#include "centre/panel_place.h"
 #include "centre/viewing.h"
 #include "desktop/forms.h"
 #include "desktop/qt_text.h"
@@ -57,12 +58,15 @@ void PanelWindow::refresh() { binder_->refresh(); }
 void PanelWindow::showInPlace(const QWidget* before) {
     refresh();
     const QRect available = (before ? before->screen() : screen())->availableGeometry();
+    if (isMaximized()) return fill(available);
     QSize wanted = sizeHint();
     if (const PanelPlace* const place =
             panel_.place)  // the size that all tools share; it grows with the scale
         wanted = wanted.expandedTo({place->width / twipsPerPixel, place->height / twipsPerPixel});
     resize(wanted.boundedTo(available.size()));
     if (panel_.place) {
+        rememberSize();
+        if (panel_.place->centred) centrePanel(*panel_.place);
         followPlace();
     } else if (before) {
         move(before->frameGeometry().center() - rect().center());
@@ -71,12 +75,30 @@ void PanelWindow::showInPlace(const QWidget* before) {
     focusFirst();
 }
 
+/// Not every screen has a window manager that enlarges windows.
+void PanelWindow::fill(const QRect& area) {
+    setGeometry(area);
+    show();
+    focusFirst();
+}
+
+/// What the window then has is the panel's place.
+bool PanelWindow::standsFreely() const {
+    return panel_.place && isVisible() && !isMinimized() && !isMaximized();
+}
+
+/// The middle of the screen and its right edge are reckoned from the size that the window has.
+void PanelWindow::rememberSize() {
+    panel_.place->width = toTwips(frameGeometry().width());
+    panel_.place->height = toTwips(frameGeometry().height());
+}
+
 void PanelWindow::followPlace() {
     if (!panel_.place) return;
     const QPoint wanted(toPixels(panel_.place->left), toPixels(panel_.place->top));
     if (wanted == lastPlace_ && isVisible()) return;
     lastPlace_ = wanted;
-    move(onAScreen(QRect(wanted, size())));
+    move(onAScreen(QRect(wanted, frameGeometry().size())));
 }
 
 void PanelWindow::focusFirst() {
@@ -116,10 +138,16 @@ void PanelWindow::mouseDoubleClickEvent(QMouseEvent*) { act_(ShowDetailsBox); }
 
 void PanelWindow::moveEvent(QMoveEvent* event) {
     QMainWindow::moveEvent(event);
-    if (!panel_.place || !isVisible() || isMinimized() || isMaximized()) return;
+    if (!standsFreely()) return;
+    rememberSize();
     lastPlace_ = pos();
     panel_.place->left = toTwips(pos().x());
     panel_.place->top = toTwips(pos().y());
+}
+
+void PanelWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (standsFreely()) rememberSize();
 }
 
 }  // namespace tul::desktop

@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include "centre/panel_place.h"
 #include "desktop/desktop_session.h"
 #include "support/mus_bytes.h"
 
@@ -198,6 +199,7 @@ TEST_F(DesktopSession, TextFilesAreListedOverTheTabs) {
     list().setCurrentItem(list().findItems("notes.txt", Qt::MatchExactly).value(0));
     QTest::keyClick(&list(), Qt::Key_Return);
     ASSERT_EQ(face.front()->panel().name, "frmNotepad");
+    EXPECT_EQ(face.front()->size(), face.front()->screen()->availableSize()) << "it fills the screen";
     EXPECT_EQ(child<QPlainTextEdit>("lstTulboard").toPlainText(), "The second page");
     face.front()->findChild<QAction*>("mnuReturn")->trigger();
     ASSERT_EQ(face.front()->panel().name, "frmLogo");
@@ -227,6 +229,23 @@ TEST_F(DesktopSession, TheMainPanelStandsWhereItWasPut) {
     });
     QTest::mouseDClick(&child<QWidget>("labelWelcome"), Qt::LeftButton);
     EXPECT_TRUE(details.startsWith("TUL build date: ")) << details.toStdString();
+}
+
+TEST_F(DesktopSession, PanelsStandInTheMiddleByTheSizeThatTheyHave) {
+    positionPanel(mainPanel.place);
+    face.openPanel("frmLogo");
+    const QRect screen = face.front()->screen()->geometry();
+    const auto isCentred = [&] {
+        const QPoint off = face.front()->frameGeometry().center() - screen.center();
+        return off.manhattanLength() <= 8;  // the frame is known once the window is shown
+    };
+    ASSERT_GT(face.front()->width() * 15, PanelPlace().width);
+    EXPECT_TRUE(isCentred()) << "at the first start";
+    click("cmdTopLeft");
+    QTest::mouseClick(&child<QWidget>("Picture1"), Qt::LeftButton);
+    EXPECT_EQ(face.front()->pos(), QPoint(0, 0)) << "the picture, which is clicked twice, is no background";
+    QTest::mouseClick(&child<QWidget>("labelWelcome"), Qt::LeftButton);
+    EXPECT_TRUE(isCentred());
 }
 
 TEST_F(DesktopSession, QuestionsAreAnsweredByTheirButtons) {

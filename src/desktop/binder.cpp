@@ -40,12 +40,13 @@ bool isControlName(const QString& name) {
            (name[3].isUpper() || name[3].isDigit());
 }
 
-/// The form's text carries the mnemonic. A caption that the form does not know gets its first letter.
-QString captionOf(const std::string& caption, const QString& formText) {
+/// The form's text carries the mnemonic. A caption that the form does not know gets its first letter, unless
+/// a label beside the button has one.
+QString captionOf(const std::string& caption, const QString& formText, bool hasLabel) {
     const QString text = shown(caption);
     if (text.contains('&')) return text;
     if (withoutMnemonic(formText) == text) return formText;
-    return text.isEmpty() ? text : '&' + text;
+    return text.isEmpty() || hasLabel ? text : '&' + text;
 }
 
 /// So that a form does not jump when it is hidden.
@@ -272,7 +273,7 @@ void Binder::bindCommand(Command& command) {
         connect(button, &QAbstractButton::clicked, this, [this, &command] { press(command.name); });
         refreshers_.push_back(
             [&command, button, formText = button->text(), together = withItsLabel(form_, *button)] {
-                button->setText(captionOf(command.caption(), formText));
+                button->setText(captionOf(command.caption(), formText, together.size() > 1));
                 for (QWidget* const each : together) {
                     each->setEnabled(command.enabled());
                     each->setVisible(command.visible());

@@ -220,7 +220,9 @@ TEST_F(DesktopSession, TheMainPanelStandsWhereItWasPut) {
     EXPECT_EQ(mainPanel.place.top, 66 * 15);
 
     mainPanel.enabled["cmdTulClean"] = false;
+    mainPanel.cmdLogoInputCaption = "TulInputW";
     face.settle();
+    EXPECT_EQ(child<QAbstractButton>("cmdLogoInput").text(), "TulInputW") << "the label has the key";
     EXPECT_FALSE(child<QAbstractButton>("cmdTulClean").isEnabled());
     QString details;
     expectDialog([&](QDialog& dialog) {

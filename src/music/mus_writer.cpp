@@ -54,10 +54,10 @@ int lastUsedPar(const Parameters& pars) {
     return last;
 }
 
-std::string stampWord() {
-    constexpr auto stamp = static_cast<std::uint32_t>(MusWriterStamp);
-    return {byteOf(stamp, 0), byteOf(stamp, 1), byteOf(stamp, 2), '\0'};
-}
+constexpr std::array<char, 4> stampBytes = {static_cast<char>(MusWriterStamp % 256),
+                                            static_cast<char>(MusWriterStamp / 256 % 256),
+                                            static_cast<char>(MusWriterStamp / 65536), '\0'};
+constexpr std::string_view stampWord(stampBytes.data(), stampBytes.size());
 
 }  // namespace
 
@@ -85,8 +85,8 @@ void PageBytes::item(const ItemRow& row) {
 }
 
 void PageBytes::end(bool metric) {
-    for (const std::string_view word : {markerWord, std::string_view(stampWord()), wordThree,
-                                        metric ? metricWord : inchesWord, wordFive, sentinelWord})
+    for (const std::string_view word :
+         {markerWord, stampWord, wordThree, metric ? metricWord : inchesWord, wordFive, sentinelWord})
         bytes += word;
     words = wrap16(words + trailerWords);
     const auto count = static_cast<std::uint16_t>(words);
@@ -95,7 +95,7 @@ void PageBytes::end(bool metric) {
 }
 
 bool canBeReadAgain(const ItemRow& row) {
-    if (!isTextCode(row.pars[1])) return lastUsedPar(row.pars) > 1;
+    if (!isTextCode(row.pars[1])) return lastUsedPar(row.pars) > 1 && !isTextCode(integerPart(row.pars[1]));
     const std::size_t length = storedLength(row.pars[1], row.text.size());
     return length > 0 && length % wordCharacters == 0;
 }

@@ -29,8 +29,9 @@ struct PageBytes {
     void end(bool metric);
 };
 
-/// True when the reader takes the row, written so, for an item. Par 1 alone and a text item without text are
-/// too short for it, and a text that does not end with a word moves all that follows.
+/// True when the reader gives the row back as it was written. Par 1 alone and a text item without text are
+/// too short for it, a text that does not end with a word moves all that follows, and 16.5 is a text to the
+/// reader but none to the writer.
 bool canBeReadAgain(const ItemRow& row);
 
 }  // namespace tul

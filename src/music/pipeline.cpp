@@ -15,11 +15,21 @@ namespace {
 
 PageBytes page;  // one for all files, so that it has to grow once only
 
-void showActivity(const ToolForm& form, const char* activity) {
-    if (!form.showsProgress) return;
-    pipeline.activity = activity;
-    pipeline.progress = {.percent = 0, .visible = true};
-}
+/// What the panel shows for as long as a step takes, however it ends.
+class Activity {
+  public:
+    Activity(const ToolForm& form, const char* name) {
+        if (!form.showsProgress) return;
+        pipeline.activity = name;
+        pipeline.progress = {.percent = 0, .visible = true};
+    }
+    ~Activity() { pipeline.progress.visible = false; }
+    Activity(const Activity&) = delete;
+    Activity& operator=(const Activity&) = delete;
+
+  private:
+    WaitingPointer pointer_;
+};
 
 /// Appends the next item to the table. False at the end of the items, or where the structure breaks off.
 bool storeNextItem(const ToolForm& form) {
@@ -119,8 +129,7 @@ void storeFile(const ToolForm& form) {
         yieldToEvents();
         TakeBackup(pipeline.currentPath);
     }
-    showActivity(form, "Reading");
-    const WaitingPointer pointer;
+    const Activity reading(form, "Reading");
     musItemTable.itemCount = 0;
     MusOpen(pipeline.currentPath, musReader.MusWordCount);
     if (form.loop == ItemLoop::own) {
@@ -131,25 +140,22 @@ void storeFile(const ToolForm& form) {
         }
     }
     MusClose();
-    pipeline.progress.visible = false;
 }
 
 void writeFile(const ToolForm& form) {
     if (musItemTable.itemCount == 0) return;
-    showActivity(form, "Writing");
-    const WaitingPointer pointer;
+    const Activity writing(form, "Writing");
     const bool readable = putTableIntoPage(form);
     if (const FileError fault = files().replace(pipeline.currentPath, page.bytes); fault != FileError::none)
         endAtRefusal(form, fault);
     if (!pipeline.readWhole) pipeline.incomplete.push_back(pipeline.currentPath);
     if (!readable) pipeline.unreadable.push_back(pipeline.currentPath);
-    pipeline.progress.visible = false;
 }
 
 void reportSuspectFiles(Report& report) {
     reportFiles(report, "Rewritten from an incomplete reading, the rest of the items is missing: ",
                 pipeline.incomplete);
-    reportFiles(report, "Rewritten with items too short or too many to be read again: ", pipeline.unreadable);
+    reportFiles(report, "Rewritten with items that cannot be read again: ", pipeline.unreadable);
 }
 
 }  // namespace tul

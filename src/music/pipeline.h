@@ -48,7 +48,7 @@ struct Pipeline {
 
     bool readWhole = false;               // the last reading came to the file's end
     std::vector<std::string> incomplete;  // files rewritten from a reading that broke off
-    std::vector<std::string> unreadable;  // files rewritten with something that no reader takes
+    std::vector<std::string> unreadable;  // files rewritten with items that the reader does not give back
 };
 extern Pipeline pipeline;
 

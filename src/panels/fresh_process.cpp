@@ -6,6 +6,8 @@
 #include "check/pmx_export.h"
 #include "check/validation.h"
 #include "edit/resize.h"
+#include "music/bar_file.h"
+#include "music/item_table.h"
 #include "music/mus_reader.h"
 #include "music/pipeline.h"
 #include "shared/records.h"
@@ -15,6 +17,8 @@ namespace tul {
 void freshProcess() {
     resetSharedRecords();
     resetMusReader();
+    musItemTable = {};
+    barTexts.clear();
     resetPipeline();
     resetCentreRecords();
     fontTable = {};

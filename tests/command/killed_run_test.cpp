@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <random>
+#include <thread>
+
+#include "samples/many.h"
+#include "support/scripted_host.h"
+
+extern char** environ;
+
+namespace tul {
+namespace {
+
+namespace fs = std::filesystem;
+using std::chrono::microseconds;
+using std::chrono::steady_clock;
+using testing::ScriptedHost;
+
+constexpr int pageCount = 500;
+constexpr int kills = 200;
+
+/// A process that rewrites five hundred pages, each with a backup, and that is killed on the way.
+class KilledRun : public ::testing::Test {
+  protected:
+    KilledRun() {
+        for (const char* name :
+             {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULSCORE.EXE", "TULSKORE.EXE"})
+            fs::create_symlink(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
+        fs::copy(fs::path(TUL_PROGRAM_FOLDER) / "TULCMD.EXE", home / "TULCMD.EXE");
+        host.write("TULCNTRL.HLP", "help");
+        setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
+        unsetenv("DISPLAY");
+        EXPECT_EQ(endOfProcess(start({"--no", "logo", "--press", "mnuNamesStatus"})), 0) << "first use";
+        fs::create_directory(home / "music");
+        std::string names;
+        for (int number = 1; number <= pageCount; ++number) {
+            pages.push_back("P" + std::to_string(number));
+            old.push_back(samples::manyPage(number, 2000));
+            host.write(page(pages.back()), old.back());
+            names += host.path("music\\" + pages.back() + ".MUS") + " 1\r\n";
+        }
+        host.write("NAMES.TUL", names);
+    }
+
+    static std::string page(const std::string& name) { return "music/" + name + ".MUS"; }
+    static std::string backup(const std::string& name) { return "music/" + name + ".BKU"; }
+
+    pid_t start(std::vector<std::string> words) const {
+        words.insert(words.begin(), (home / "TULCMD.EXE").string());
+        std::vector<char*> arguments;
+        for (std::string& word : words) arguments.push_back(word.data());
+        arguments.push_back(nullptr);
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
+            posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
+        pid_t child = 0;
+        EXPECT_EQ(posix_spawn(&child, arguments[0], &actions, nullptr, arguments.data(), environ), 0);
+        posix_spawn_file_actions_destroy(&actions);
+        return child;
+    }
+    static int endOfProcess(pid_t child) {
+        int status = 0;
+        waitpid(child, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    /// The new pages of a run that nobody disturbed, and how long it took.
+    microseconds runWhole() {
+        const auto begun = steady_clock::now();
+        EXPECT_EQ(endOfProcess(start(resize)), 0);
+        const auto time = std::chrono::duration_cast<microseconds>(steady_clock::now() - begun);
+        renewed.clear();
+        for (const std::string& name : pages) renewed.push_back(host.read(page(name)));
+        return time;
+    }
+
+    /// Every page is the old or the new one, and the old one is not lost. How many are new. Puts the old ones
+    /// back; what else the run left behind stays.
+    int countRenewedAndReset() {
+        int count = 0;
+        for (std::size_t i = 0; i < pages.size(); ++i) {
+            const std::string now = host.read(page(pages[i]));
+            const bool hasBackup = host.exists(backup(pages[i]));
+            if (hasBackup) {
+                EXPECT_EQ(host.read(backup(pages[i])), old[i]) << pages[i];
+                fs::remove(home / backup(pages[i]));
+            }
+            if (now == old[i]) continue;
+            ++count;
+            EXPECT_EQ(now, renewed[i]) << pages[i];
+            EXPECT_TRUE(hasBackup) << pages[i];
+            host.write(page(pages[i]), old[i]);
+        }
+        return count;
+    }
+
+    int remnants() const {
+        int count = 0;
+        for (const auto& entry : fs::directory_iterator(home / "music"))
+            count += entry.path().extension() == ".tul-new";
+        return count;
+    }
+
+    const std::vector<std::string> resize = {"--no",       "--set", "chkResizBackup=1",       "--set",
+                                             "tabResiz=2", "--set", "txtResizeStaffSize=0.9", "resiz"};
+    ScriptedHost host;
+    const fs::path home = host.nativeFolder();
+    std::vector<std::string> pages;
+    std::vector<std::string> old;
+    std::vector<std::string> renewed;
+};
+
+TEST_F(KilledRun, LeavesEveryPageOldOrNewAndTheOldOneInItsBackup) {
+    const microseconds time = runWhole();
+    ASSERT_EQ(countRenewedAndReset(), pageCount);
+    std::mt19937 random(20);
+    int midway = 0;
+    for (int kill = 0; kill < kills && !HasFailure(); ++kill) {
+        const pid_t child = start(resize);
+        std::this_thread::sleep_for(time * static_cast<long>(random() % 1000) / 1000);
+        ::kill(child, SIGKILL);
+        endOfProcess(child);
+        const int count = countRenewedAndReset();
+        midway += count > 0 && count < pageCount;
+    }
+    EXPECT_GT(midway, 0) << "no kill met the run at its work";
+    runWhole();
+    EXPECT_EQ(remnants(), 0) << "the next writing of a page clears what a killed one left";
+    EXPECT_EQ(countRenewedAndReset(), pageCount);
+}
+
+}  // namespace
+}  // namespace tul

@@ -1,0 +1,61 @@
+#include "music/backup.h"
+
+#include <gtest/gtest.h>
+
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+using testing::endOf;
+using testing::ScriptedHost;
+
+TEST(BackupSeries, IsNamedUpToTheFirstFullStop) {
+    EXPECT_EQ(backupSeriesOf("C:\\Music\\Foo.mus").path('U'), "C:\\Music\\FOO.BKU");
+    EXPECT_EQ(backupSeriesOf("C:\\A.B\\song.v2.mus").path('Z'), "C:\\A.B\\SONG.BKZ");
+    EXPECT_EQ(backupSeriesOf("C:\\A\\song.v2.mus").extension, ".V2.MUS");
+    EXPECT_EQ(backupSeriesOf("C:\\A.B\\plain").path('V'), "C:\\A.B\\PLAIN.BKV");
+    EXPECT_TRUE(isBackupSuffix(".BKU"));
+    EXPECT_FALSE(isBackupSuffix(".BKT"));
+    EXPECT_FALSE(isBackupSuffix(".BKUU"));
+}
+
+TEST(TakingABackup, FillsTheLowestFreeGeneration) {
+    ScriptedHost host;
+    host.write("page.mus", "music");
+    host.write("PAGE.BKU", "u");
+    host.write("page.bkw", "w");
+    EXPECT_TRUE(TakeBackup(host.path("page.mus")));
+    EXPECT_EQ(host.read("PAGE.BKV"), "music");
+    EXPECT_EQ(backupSeriesOf(host.path("page.mus")).letters(), "UVW");
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(TakeBackup(host.path("page.mus")));
+    EXPECT_EQ(endOf([&] { TakeBackup(host.path("page.mus")); }), 1);
+    EXPECT_EQ(host.messages, std::vector<std::string>{"The maximum number of backups exists. Use Explore to "
+                                                      "remove old generations."});
+    EXPECT_EQ(host.read("PAGE.BKU"), "u");
+    EXPECT_EQ(host.read("page.bkw"), "w");
+}
+
+TEST(TakingABackup, OfABackupEndsTheProgram) {
+    ScriptedHost host;
+    host.write("page.bku", "music");
+    const std::string path = host.path("page.bku");
+    EXPECT_EQ(endOf([&] { TakeBackup(path); }), 1);
+    EXPECT_EQ(host.messages.back(),
+              "Invalid suffix in filename [" + path +
+                  "].\r\nBackup files may not be used as input when editing with the backup feature.");
+}
+
+TEST(TakingABackup, ThatFailsIsToldWithItsReason) {
+    ScriptedHost host;
+    const std::string path = host.path("PAGE.MUS");
+    EXPECT_FALSE(TakeBackup(path));
+    EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + " Error code = 53");
+    host.write("PAGE.MUS", "music");
+    host.faultyFiles().refusals["PAGE.BKU"] = FileError::diskFull;
+    EXPECT_FALSE(TakeBackup(path));
+    EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + ". Drive full.");
+}
+
+}  // namespace
+}  // namespace tul

@@ -1,0 +1,309 @@
+#include "music/pipeline.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "base/text.h"
+#include "music/item_table.h"
+#include "music/mus_writer.h"
+#include "samples/many.h"
+#include "samples/page_builder.h"
+#include "samples/scores.h"
+#include "support/mus_bytes.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+using samples::PageBuilder;
+using testing::endOf;
+using testing::header;
+using testing::pageOf;
+using testing::ScriptedHost;
+using testing::trailer;
+using testing::words;
+
+constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
+const std::string structuralError = "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
+const std::string openFailure = "Open of output MUS file failed. Hit OK to terminate";
+
+const std::string staff = words({6, 8, 1, 0, 0, 0.75F, 200});
+const std::string barline = words({3, 14, 1, 20});
+
+class PipelineRun : public ::testing::Test {
+  protected:
+    PipelineRun() { pipeline.currentPath = host.path("PAGE.MUS"); }
+
+    void store(const std::string& bytes, const ToolForm& form = resizForm) {
+        host.write("PAGE.MUS", bytes);
+        attempt([&] { storeFile(form); });
+    }
+    std::string rewrite(const std::string& bytes, const ToolForm& form = resizForm) {
+        store(bytes, form);
+        writeFile(form);
+        return host.read("PAGE.MUS");
+    }
+    /// A row as a tool leaves it in the table.
+    void add(std::initializer_list<float> pars, const std::string& text = {}) {
+        musItem = {};
+        int par = 1;
+        for (const float value : pars) musItem.MusPar[par++] = value;
+        musItem.MusText = text;
+        MusStoreItem();
+    }
+    std::string written(const ToolForm& form = resizForm) {
+        host.write("PAGE.MUS", "old");
+        writeFile(form);
+        return host.read("PAGE.MUS");
+    }
+    std::string report() {
+        Report lines(host.path("REPORT.PRN"));
+        reportSuspectFiles(lines);
+        lines.close();
+        return host.read("REPORT.PRN");
+    }
+
+    ScriptedHost host;
+};
+
+TEST_F(PipelineRun, WritesItemsWithoutTrailingZeros) {
+    add({8, 1, 0, 0, 0.75F, 200});
+    add({14, 1, 20, -0.0F, 0});
+    add({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
+    add({16.5F, 1, notANumber}, "no text for this code");
+    std::string all = staff + barline;
+    all += words({20, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
+    all += words({3, 16.5F, 1, notANumber});
+    EXPECT_EQ(written(), pageOf(all));
+}
+
+TEST_F(PipelineRun, PadsTextsByTheirCode) {
+    add({11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0}, "abc");
+    add({15, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}, "FILE.EPS");
+    add({16, 1, 20, 5, 0, 1, 0, 0, 0, 0, 0, 9}, "_00Animus");
+    EXPECT_EQ(written(),
+              pageOf(words({15, 11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0}) + "abc     " +
+                     words({19, 15, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}) + padRight("FILE.EPS", 24) +
+                     words({16, 16, 1, 20, 5, 0, 1, 0, 0, 0, 0, 0, 9, 0}) + "_00Animus   "));
+}
+
+TEST_F(PipelineRun, CountsTheWordsOfAnOddTextRounded) {
+    add({11, 1}, "nine char");
+    add({11, 1}, "ten chars.");
+    add({11, 1}, "eleven char");
+    const auto item = [](float length, const std::string& text) {
+        return words({length, 11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}) + text;
+    };
+    // 2.25, 2.5 and 2.75 words count as 2, 2 and 3.
+    EXPECT_EQ(written(), header(3 * 14 + 7 + 6) + item(15.25F, "nine char") + item(15.5F, "ten chars.") +
+                             item(15.75F, "eleven char") + trailer());
+    EXPECT_EQ(pipeline.unreadable.size(), 1U);
+}
+
+TEST_F(PipelineRun, LeavesDeletedRowsOutAndAnEmptyTableAlone) {
+    EXPECT_EQ(written(), "old");
+    add({999, 1, 2});
+    add({999}, "text");
+    EXPECT_EQ(written(), header(6) + trailer());
+    EXPECT_TRUE(pipeline.unreadable.empty());
+    musItemTable.itemCount = 0;
+    add({13, 1});
+    add({14, 1});
+    EXPECT_EQ(written(), pageOf(words({2, 13, 1, 2, 14, 1})));
+    pipeline.dropsCode13 = true;
+    EXPECT_EQ(written(renumForm), pageOf(words({2, 14, 1})));
+}
+
+TEST_F(PipelineRun, RowsThatNoReaderTakesAreWrittenAndTold) {
+    add({14, 1});
+    add({14});
+    EXPECT_EQ(written(), pageOf(words({2, 14, 1, 1, 14})));
+    pipeline.currentPath = host.path("ZEROS.MUS");
+    musItemTable.itemCount = 0;
+    add({0});
+    add({16, 1}, "");
+    writeFile(resizForm);
+    EXPECT_EQ(host.read("ZEROS.MUS"), pageOf(words({0, 13, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
+    pipeline.readWhole = true;
+    pipeline.currentPath = host.path("LONG.MUS");
+    musItemTable.itemCount = 0;
+    for (int i = 0; i < 2000; ++i) add({16, 1}, std::string(64, 'x'));
+    writeFile(resizForm);
+    EXPECT_EQ(host.read("LONG.MUS").substr(0, 2), header(2000 * 30 + 6 - 65536)) << "the count wraps";
+    EXPECT_EQ(pipeline.unreadable.size(), 3U);
+    EXPECT_EQ(report().find("LONG.MUS\r\n") != std::string::npos, true) << report();
+}
+
+TEST_F(PipelineRun, CountsTheCharactersOfTextsForTheToolsThatEditThem) {
+    const auto textLength = [&](const ToolForm& form) {
+        musItemTable.itemCount = 0;
+        add({16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3}, "_00longer");
+        writeFile(form);
+        return musItemTable[1].pars[12];
+    };
+    EXPECT_EQ(textLength(resizForm), 3);
+    EXPECT_EQ(textLength(renumForm), 3);
+    EXPECT_EQ(textLength(wholeForm), 3);
+    EXPECT_EQ(textLength(editForm), 9);
+    EXPECT_EQ(textLength(barForm), 9);
+}
+
+TEST_F(PipelineRun, AppliesTheUnitOfTheLastTrailer) {
+    EXPECT_EQ(rewrite(pageOf(barline, trailer(true))), pageOf(barline, trailer(true)));
+    const std::string fiveWords = trailer().substr(0, 20);
+    EXPECT_EQ(rewrite(pageOf(barline, fiveWords)), pageOf(barline, trailer(true)))
+        << "a short trailer has no unit: that of the page before stays";
+    EXPECT_EQ(rewrite(pageOf(barline)), pageOf(barline));
+    // Its words are taken as the first of six here: the fourth is the unit.
+    EXPECT_EQ(rewrite(pageOf(barline, trailer(true).substr(0, 20)), barForm), pageOf(barline, trailer(true)));
+}
+
+TEST_F(PipelineRun, KeepsEveryItemOfAPageAndItsOwnPagesByteForByte) {
+    std::vector<std::string> pages;
+    for (const samples::Sample& sample : samples::scores()) pages.push_back(sample.bytes);
+    for (int number = 1; number <= 20; ++number) pages.push_back(samples::manyPage(number, 6000));
+    for (const ToolForm& form : {resizForm, barForm, wholeForm}) {
+        for (const std::string& bytes : pages) {
+            store(bytes, form);
+            ASSERT_TRUE(pipeline.readWhole);
+            std::vector<ItemRow> before;
+            for (int item = 1; item <= musItemTable.itemCount; ++item) before.push_back(musItemTable[item]);
+            writeFile(form);
+            const std::string once = host.read("PAGE.MUS");
+            ASSERT_EQ(rewrite(once, form), once);
+            ASSERT_EQ(static_cast<std::size_t>(musItemTable.itemCount), before.size());
+            for (int item = 1; item <= musItemTable.itemCount; ++item) {
+                const ItemRow& row = before[static_cast<std::size_t>(item - 1)];
+                for (int par = 1; par <= Parameters::count; ++par)
+                    ASSERT_EQ(musItemTable[item].pars[par], row.pars[par]) << item << ' ' << par;
+                ASSERT_EQ(trimRight(musItemTable[item].text), trimRight(row.text));
+            }
+        }
+    }
+    EXPECT_TRUE(host.messages.empty());
+    EXPECT_EQ(report(), "");
+}
+
+TEST_F(PipelineRun, DamageEndsTheReadingButNotTheRun) {
+    const std::string damaged = pageOf(staff + barline + words({1, 14, 1}));
+    EXPECT_EQ(rewrite(damaged), pageOf(staff + barline));
+    EXPECT_EQ(host.messages, std::vector<std::string>{structuralError});
+    EXPECT_EQ(report(),
+              "Rewritten from an incomplete reading, the rest of the items is missing: PAGE.MUS\r\n");
+    for (const ToolForm& form : {barForm, wholeForm}) {
+        EXPECT_EQ(rewrite(damaged, form), pageOf(staff + barline));
+        EXPECT_EQ(rewrite(pageOf(staff + words({13, 15, 1})), form), pageOf(staff));
+        EXPECT_EQ(rewrite(pageOf(staff + words({2, 19, 1})), form), pageOf(staff));
+        EXPECT_EQ(rewrite(pageOf(staff, "", 9), form), pageOf(staff)) << "a count that is never reached";
+    }
+    store(damaged, splitForm);
+    EXPECT_EQ(musItemTable.itemCount, 2);
+    EXPECT_EQ(host.messages.size(), 1U) << "the others say nothing";
+}
+
+TEST_F(PipelineRun, DamageInTheFirstItemLeavesTheFileAlone) {
+    const std::string damaged = pageOf(words({1, 14, 1}) + barline);
+    EXPECT_EQ(rewrite(damaged), damaged);
+    EXPECT_EQ(report(), "");
+}
+
+TEST_F(PipelineRun, AnItemOfTooManyParametersAbandonsTheReadingWithoutAMessage) {
+    std::string wide = words({21, 1});
+    for (int par = 2; par <= 21; ++par) wide += words({1});
+    for (const ToolForm& form : {resizForm, editForm, barForm, wholeForm}) {
+        resetPipeline();
+        pipeline.currentPath = host.path("PAGE.MUS");
+        EXPECT_EQ(rewrite(pageOf(staff + wide + barline), form), pageOf(staff));
+        EXPECT_FALSE(pipeline.progress.visible);
+        EXPECT_EQ(pipeline.incomplete.size(), 1U);
+    }
+    EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(PipelineRun, CodesAreTakenAsReadWhereTheLoopIsTheToolsOwn) {
+    // To the common loop 16.5 is a text, and asks; to the others it is an item of sixteen parameters.
+    const std::string text = words({15, 16.5F, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}) + "abcdefgh";
+    store(pageOf(text));
+    EXPECT_EQ(musItemTable[1].text, "abcde");
+    EXPECT_EQ(host.messages.size(), 1U);
+    store(pageOf(text), wholeForm);
+    EXPECT_EQ(musItemTable[1].text, "");
+    EXPECT_NE(musItemTable[1].pars[14], 0.0F);
+    EXPECT_EQ(host.messages.size(), 1U);
+    for (const float code : {11.0F, 16.0F})
+        EXPECT_EQ(endOf([&] { store(pageOf(words({5, code, 1, 2, 3, 4})), barForm); }), 1);
+    EXPECT_EQ(host.messages.back(), "Invalid MUS file. Error type 7. Hit OK to terminate");
+}
+
+TEST_F(PipelineRun, TheTableIsFullAtTwoThousandItems) {
+    PageBuilder page;
+    for (int i = 0; i < 2000; ++i) page.item({14, 1});
+    store(page.bytes());
+    EXPECT_EQ(musItemTable.itemCount, 2000);
+    const std::string tooBig = page.item({14, 1}).bytes();
+    EXPECT_EQ(endOf([&] { rewrite(tooBig); }), 1);
+    EXPECT_EQ(host.messages.back(), "MUS file too big for operation. Hit OK to terminate.");
+    EXPECT_EQ(host.read("PAGE.MUS"), tooBig);
+    EXPECT_THROW(static_cast<void>(musItemTable[2001]), IndexFault);
+    EXPECT_THROW(static_cast<void>(musItemTable[0]), IndexFault);
+}
+
+TEST_F(PipelineRun, AReadOnlyFileEndsTheProgramAndStays) {
+    const std::string bytes = pageOf(staff + barline);
+    store(bytes);
+    std::filesystem::permissions(host.nativeFolder() / "PAGE.MUS", std::filesystem::perms::owner_read);
+    EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
+    EXPECT_EQ(host.messages.back(),
+              "Attempt to rewrite Read-only file\r\n" + pipeline.currentPath + "\r\nRun canceled");
+    EXPECT_EQ(host.read("PAGE.MUS"), bytes);
+}
+
+TEST_F(PipelineRun, WhatCannotBeOpenedEndsTheProgramInTheToolsWords) {
+    std::filesystem::create_directory(host.nativeFolder() / "gone");
+    host.write("gone/PAGE.MUS", pageOf(staff));
+    pipeline.currentPath = host.path("gone\\PAGE.MUS");
+    storeFile(resizForm);
+    std::filesystem::remove_all(host.nativeFolder() / "gone");
+    EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
+    EXPECT_EQ(host.messages.back(), openFailure);
+    EXPECT_EQ(endOf([] { writeFile(editForm); }), 1);
+    EXPECT_EQ(host.messages.back(), openFailure + ".");
+}
+
+TEST_F(PipelineRun, AFullDiskIsToldAndLeavesThePage) {
+    const std::string bytes = pageOf(staff + barline);
+    pipeline.backup = true;
+    host.faultyFiles().refusals = {{"PAGE.BKU", FileError::diskFull}, {"PAGE.MUS", FileError::diskFull}};
+    host.write("PAGE.MUS", bytes);
+    storeFile(resizForm);
+    EXPECT_EQ(host.messages.back(),
+              "Failed to take backup copy of file " + pipeline.currentPath + ". Drive full.");
+    EXPECT_EQ(musItemTable.itemCount, 2) << "the run goes on";
+    EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
+    EXPECT_EQ(host.messages.back(),
+              "Failed to write file " + pipeline.currentPath +
+                  ". Drive full.\r\nThe file is as it was before. Hit OK to terminate.");
+    EXPECT_EQ(host.read("PAGE.MUS"), bytes);
+}
+
+TEST_F(PipelineRun, BacksUpWhereTheToolAndTheBoxDo) {
+    const std::string bytes = pageOf(staff + barline);
+    const auto generations = [&](const ToolForm& form, bool box) {
+        beginPipelineRun(box);
+        pipeline.currentPath = host.path("PAGE.MUS");
+        rewrite(bytes, form);
+        int count = 0;
+        for (const char* name : {"PAGE.BKU", "PAGE.BKV", "PAGE.BKW", "PAGE.BKX"}) count += host.exists(name);
+        return count;
+    };
+    EXPECT_EQ(generations(resizForm, false), 0);
+    EXPECT_EQ(generations(wholeForm, true), 0);
+    EXPECT_EQ(generations(splitForm, true), 0);
+    EXPECT_EQ(generations(resizForm, true), 1);
+    EXPECT_EQ(generations(barForm, true), 2);
+    EXPECT_EQ(host.read("PAGE.BKV"), bytes);
+}
+
+}  // namespace
+}  // namespace tul

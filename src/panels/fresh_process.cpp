@@ -5,6 +5,7 @@
 #include "centre/project_options.h"
 #include "check/pmx_export.h"
 #include "check/validation.h"
+#include "edit/edit_run.h"
 #include "edit/resize.h"
 #include "music/bar_file.h"
 #include "music/item_table.h"
@@ -26,6 +27,7 @@ void freshProcess() {
     valid::resetValidation();
     pmx::resetPmxRun();
     resize::resetResize();
+    edit::resetEdit();
 }
 
 }  // namespace tul

@@ -1,6 +1,7 @@
 #include "panels/panel_list.h"
 
 #include "base/text.h"
+#include "panels/edit_panel.h"
 #include "panels/global_options_panel.h"
 #include "panels/logo_panel.h"
 #include "panels/notepad_panel.h"
@@ -18,6 +19,8 @@ const std::vector<PanelEntry>& panelList() {
         {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", makePmxPanel},
         {"frmResiz", "resiz", "resize", "change sizes of notes, slurs, staves, symbols, numbers and texts",
          makeResizPanel},
+        {"frmEdit", "edit", "", "search and replace texts, change fonts, find and change items by conditions",
+         makeEditPanel},
         {"frmGlobalOptions", "globaloptions", "options",
          "the choices of a project: folder, suffix, fonts, sizes", makeGlobalOptionsPanel},
         {"frmNotepad", "notepad", "", "the built-in viewer of text files", makeNotepadPanel},

@@ -1,0 +1,213 @@
+#include <array>
+#include <deque>
+
+#include "base/numbers.h"
+#include "centre/project_options.h"
+#include "edit/edit_profile.h"
+#include "panels/edit_fields.h"
+#include "shared/records.h"
+
+namespace tul::editfields {
+
+namespace {
+
+const std::string notYet = "Not in this version yet";
+
+// What the controls show. There is nothing behind them so far.
+struct Shown {
+    std::string txtCurrentPlateNr;
+    std::string txtLJfont;
+    std::string txtLJfontName;
+    std::string txtLJsize;
+};
+Shown shown;
+
+struct LaterText {
+    const char* name;
+    const char* value;
+};
+constexpr std::array<LaterText, 32> texts = {{
+    {"txtClefAlign", "1.25"},
+    {"txtEditKeyInstrument", ""},
+    {"txtEditInstrIdStaff", ""},
+    {"txtEditInstrId", ""},
+    {"txtEditInstrIdSystem", ""},
+    {"txtEditInstrIdMultiple", "4/21,3/22,2/23,1/24"},
+    {"txtRemoveStaves", ""},
+    {"txtEditGeneratePlateMid", ""},
+    {"txtEditGeneratePlateRight", ""},
+    {"txtEditGenerateVertical", ""},
+    {"txtEditBarInstr1", ""},
+    {"txtEditBarInstr_2", ""},
+    {"txtEditBarInstr_3", ""},
+    {"txtEditBarInstr_4", ""},
+    {"txtEditBarInstr_5", ""},
+    {"txtEditBarInstr_6", ""},
+    {"txtEditBarInstr_7", ""},
+    {"txtEditBarUp_2", ""},
+    {"txtEditBarUp_3", ""},
+    {"txtEditBarUp_4", ""},
+    {"txtEditBarUp_5", ""},
+    {"txtEditBarUp_6", ""},
+    {"txtEditBarUp_7", ""},
+    {"Text1_0", "4"},
+    {"Text1_1", "6"},
+    {"Text1_2", "8"},
+    {"Text1_3", "8"},
+    {"Text1_4", "7"},
+    {"Text1_5", "9"},
+    {"txtDeleteItemFile", ""},
+    {"txtDeleteSingleItem", ""},
+    {"txtLHfingerPar16", ""},
+}};
+
+struct LaterFlag {
+    const char* name;
+    const char* frame;  // "" for a box
+    bool on;
+};
+constexpr std::array<LaterFlag, 32> flags = {{
+    {"optEditTtoC", "fraEditClef", false},
+    {"optEditCtoT", "fraEditClef", false},
+    {"optEditClef", "fraEditClef", false},
+    {"optEditBasCleff8va", "fraEditClef", false},
+    {"Option5", "fraEditClef", true},
+    {"chkEditRestOne", "", false},
+    {"optEditRestOneSet", "fraEditRest", true},
+    {"optEditRestOneReset", "fraEditRest", false},
+    {"chkToEuropeanRest", "", false},
+    {"optEditStaffInstrId", "fraEditStaff", true},
+    {"optEditStaffIRemove", "fraEditStaff", false},
+    {"optEditStaffInstrIdPerStaff", "fraEditStaffInstrId", true},
+    {"optEditStaffInstrIdPerSystem", "fraEditStaffInstrId", false},
+    {"optEditGeneratePlate", "fraEditText", false},
+    {"optEditPlateCenter", "fraEditPlate", true},
+    {"optEditPlateSides", "fraEditPlate", false},
+    {"optEditFinger4", "fraEditFinger", false},
+    {"optEditFingerDispl", "fraEditFinger", false},
+    {"Option2", "fraEditFinger", false},
+    {"chkEditBarAcc", "", false},
+    {"chkEditBarSystemBarlines", "", false},
+    {"chkAutOff", "", false},
+    {"chkOverlap", "", false},
+    {"chkSlurVertAlign", "", false},
+    {"optSlurVertAlignHite", "fraEditSlur", false},
+    {"optSlurVertAlignPar8", "fraEditSlur", false},
+    {"optLineRVB", "fraEditLine", false},
+    {"option3", "fraEditLine", true},
+    {"optSTM", "fraEditStem", false},
+    {"optUnSTM", "fraEditStem", false},
+    {"optLJ360", "fraEditLyrics", false},
+    {"optLyricsZero", "fraEditLyrics", false},
+}};
+
+struct LaterButton {
+    const char* name;
+    const char* caption;
+    const char* tip;  // "" where it has none of its own
+};
+constexpr std::array<LaterButton, 20> buttons = {{
+    {"cmdDuo", "Duo", ""},
+    {"cmdAllOnes", "All ones", ""},
+    {"cmdEditBarVerify", "Verify barlines", ""},
+    {"cmdDiscover", "Discover", "Find out which instruments and barlines exist in the first selected file."},
+    {"cmdRemoveOverlaps", "Remove short overlaps",
+     "This function is provided since Score to XML conversion does not allow overlapping barlines. "},
+    {"cmdBarlineEditHelp", "Help", ""},
+    {"cmdDuoB", "Duo", "Assumes systems of two staves on the whole page. The bottom instrument must be 2."},
+    {"cmdEditOffsetHelp", "Help", ""},
+    {"cmdReplacePar8", "Replace Par8 by font prefixes", ""},
+    {"cmdRunDeleteItem", "Delete item", ""},
+    {"cmdMidiPrep", "Midi prep.",
+     "Convert the input such that it will easily convert to Midi using MidiScor."},
+    {"cmdHalve", "Halve", ""},
+    {"cmdMarlo", "Marlo",
+     "Augmentation dots. This button only in the developer version. Click grey area to make button "
+     "disappear. "},
+    {"cmdDorvel", "Dorvel",
+     "Use this to put beam ends at integer Par4 and 5 (take off fraction). Click grey area to make button "
+     "disappear. "},
+    {"cmdNewMeters", "16 to 10",
+     "Change Code16 fingering (_00 or _05) to Code 10 (size .8). Click grey area hereunder to make button "
+     "invisible."},
+    {"cmdQuintal", "Quintal", ""},
+    {"cmdLHfingers", "LHfing", ""},
+    {"cmdTessler", "Tessler", ""},
+    {"cmdad99", "ad99", ""},
+    {"cmdSTM", "STM", ""},
+}};
+
+Field disabled(Field field) {
+    field.enabled = false;
+    if (field.toolTip().empty()) field.toolTip = notYet;
+    return field;
+}
+
+std::vector<Field> bracketFields() {
+    edit::BracketSettings& settings = edit::bracketSettings;
+    return {
+        text("txtRVBheightLine", settings.txtRVBheightLine, ""),
+        text("txtRVBheight", settings.txtRVBheight, ""),
+        text("txtRVBdotCorr", settings.txtRVBdotCorr, ""),
+        text("txtRVBwidth", settings.txtRVBwidth, ""),
+        text("txtRVBhalfOffsetLeft", settings.txtRVBhalfOffsetLeft, ""),
+        text("txtRVBhalfOffsetRite", settings.txtRVBhalfOffsetRite, ""),
+        text("txtRVBwholeOffsetLeft", settings.txtRVBwholeOffsetLeft, ""),
+        text("txtRVBwholeOffsetRite", settings.txtRVBwholeOffsetRite, ""),
+    };
+}
+
+bool isDevelopers(const std::string& name) {
+    return name == "optEditFingerDispl" || name == "txtLHfingerPar16";
+}
+
+}  // namespace
+
+std::vector<Field> laterFields() {
+    static std::deque<std::string> textValues;
+    static std::deque<bool> flagValues;
+    textValues.clear();
+    flagValues.clear();
+    std::vector<Field> fields = bracketFields();
+    for (const LaterText& later : texts)
+        fields.push_back(text(later.name, textValues.emplace_back(later.value), ""));
+    for (const LaterFlag& later : flags) {
+        bool& value = flagValues.emplace_back(later.on);
+        fields.push_back(*later.frame == '\0' ? check(later.name, value)
+                                              : option(later.frame, later.name, value));
+    }
+    fields.push_back(text("txtCurrentPlateNr", shown.txtCurrentPlateNr, ""));
+    fields.push_back(text("txtLJsize", shown.txtLJsize, ""));
+    fields.push_back(text("txtLJfont", shown.txtLJfont, ""));
+    fields.push_back(text("txtLJfontName", shown.txtLJfontName, ""));
+    for (Field& field : fields) {
+        field = disabled(std::move(field));
+        if (isDevelopers(field.name)) field.visible = [] { return identity.DeveloperMode; };
+    }
+    return fields;
+}
+
+std::vector<Command> laterCommands() {
+    std::vector<Command> commands;
+    for (const LaterButton& later : buttons)
+        commands.push_back({.name = later.name,
+                            .caption = later.caption,
+                            .run = [] {},
+                            .enabled = false,
+                            .toolTip = *later.tip == '\0' ? notYet : std::string(later.tip)});
+    return commands;
+}
+
+void showProjectSettings() {
+    const ProjectSettings& settings = projectSettings;
+    const std::string& prefix = settings.LyricsFont;
+    const bool isPrefix = prefix.size() == 3 && isWholeNumber(prefix.substr(1));
+    const double font = isPrefix ? numericValue(prefix.substr(1)) : -1;
+    shown = {.txtCurrentPlateNr = "Current plate number=" + settings.PlateNumberFont + settings.PlateNumber +
+                                  ", Size=" + settings.PlateNumberSize,
+             .txtLJfont = prefix,
+             .txtLJfontName = font >= 0 ? fontTable.FontNames[static_cast<std::size_t>(font)] : "",
+             .txtLJsize = settings.LyricsSize};
+}
+
+}  // namespace tul::editfields

@@ -111,6 +111,20 @@ int main(int argc, char** argv) {
     compare("PMX export of the pages", withFiles(pmx, pages), "od",
             withFiles({"od", "-A", "n", "-v", "-t", "f4"}, pages), 3, (home / "od.txt").string());
 
+    // The replacement is what is searched, in apostrophes: every round finds and rewrites the same.
+    const Words edit = {(home / "tulcmd").string(), "--no", "--set", "chkEditBackup=0"};
+    const Words texts = {
+        "--set", "tabEdit=3", "--set", "txtEditSearchString1=e", "--set", "txtEditSearchString2='e'", "edit"};
+    const Words conditions = {
+        "--set", "tabEdit=6",  "--set", "txtp1=1",   "--set", "lstr1==", "--set", "txtv1=1",
+        "--set", "lstl2=AND",  "--set", "txtp2=3",   "--set", "lstr2=>", "--set", "txtv2=100",
+        "--set", "lstl3=&not", "--set", "txtp3=7",   "--set", "lstr3==", "--set", "txtv3=0",
+        "--set", "txtp4=15",   "--set", "txtv4=1.1", "edit"};
+    fs::create_directories(home / "copied");
+    const Words copy = withFiles({"cp", "-t", (home / "copied").string()}, pages);
+    compare("replacing in the pages", withFiles(withFiles(edit, texts), pages), "cp", copy, 5);
+    compare("three conditions", withFiles(withFiles(edit, conditions), pages), "cp", copy, 5);
+
     // Small pages, so that the names are what takes the time: ten times the names, ten times the time.
     const Words many = filesOf(fs::absolute(argv[3]));
     const Words few(many.begin(), many.begin() + static_cast<std::ptrdiff_t>(many.size() / 10));

@@ -170,6 +170,7 @@ TEST_F(TextEdit, WholeWordsPassARefusedOneByTheLengthOfTheReplacement) {
     EXPECT_EQ(search("_00a1 a", "a", "x"), "_00a1 x");
     EXPECT_EQ(search("_00ab,ab", "ab", "abc def"), "_00abc def,abc def");
     EXPECT_EQ(search("_00abc ab ab", "ab", "123456"), "_00abc ab 123456") << "one that stands near is passed";
+    EXPECT_EQ(search("_00--", "-", "x"), "_00x-") << "the replacement is what stands before the second";
     EXPECT_EQ(search("_00xab ab", "ab", "y"), "_00xab y");
     EXPECT_EQ(fileChanges(), 2);
     EXPECT_EQ(search("_00xabx", "ab", "y"), "_00xabx");

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -60,12 +61,15 @@ Measured median(std::vector<Measured> all) {
     return middle;
 }
 
-/// Standard output of ours is thrown away; theirs goes to `theirOutput`.
-void compare(const char* what, const Words& ours, const char* against, const Words& theirs, int rounds = 11,
-             const std::string& theirOutput = "/dev/null") {
+/// Standard output of ours is thrown away; theirs goes to `theirOutput`. `prepare` puts the files of each
+/// round as they were.
+void compare(
+    const char* what, const Words& ours, const char* against, const Words& theirs, int rounds = 11,
+    const std::string& theirOutput = "/dev/null", const std::function<void()>& prepare = [] {}) {
     std::vector<Measured> our;
     std::vector<Measured> their;
     for (int round = 0; round <= rounds; ++round) {
+        prepare();
         our.push_back(measure(ours, "/dev/null"));
         their.push_back(measure(theirs, theirOutput));
     }
@@ -92,6 +96,38 @@ Words filesOf(const fs::path& folder) {
     return files;
 }
 
+void removeBackups(const fs::path& folder) {
+    std::vector<fs::path> backups;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+        if (entry.path().extension() == ".BKU") backups.push_back(entry.path());
+    for (const fs::path& backup : backups) fs::remove(backup);
+}
+
+/// Tools that rewrite every page, against copying the pages into an empty folder.
+void compareRewriting(const fs::path& home, const fs::path& folder, const Words& pages) {
+    const fs::path copies = folder.parent_path() / "copies";
+    Words copying = withFiles({"cp"}, pages);
+    copying.push_back(copies.string());
+    const auto prepare = [&] {
+        removeBackups(folder);
+        fs::remove_all(copies);
+        fs::create_directory(copies);
+    };
+    const Words tulcmd = {(home / "tulcmd").string(), "--no"};
+    const Words resize = withFiles(tulcmd, {"--set", "tabResiz=2", "--set", "txtResizeStaffSize=0.9"});
+    compare("resize, no backups", withFiles(withFiles(resize, {"--set", "chkResizBackup=0", "resiz"}), pages),
+            "cp", copying, 11, "/dev/null", prepare);
+    compare("resize, backups", withFiles(withFiles(resize, {"--set", "chkResizBackup=1", "resiz"}), pages),
+            "cp", copying, 11, "/dev/null", prepare);
+    const Words quarter(pages.begin(), pages.begin() + static_cast<std::ptrdiff_t>(pages.size() / 4));
+    copying = withFiles({"cp"}, quarter);
+    copying.push_back(copies.string());
+    compare("resize of a quarter",
+            withFiles(withFiles(resize, {"--set", "chkResizBackup=0", "resiz"}), quarter), "cp", copying, 11,
+            "/dev/null", prepare);
+    prepare();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -103,8 +139,11 @@ int main(int argc, char** argv) {
     setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
     const Words validate = {(home / "tulcmd").string(), "--no", "valid"};
 
-    const Words pages = filesOf(fs::absolute(argv[2]));
+    const fs::path folder = fs::absolute(argv[2]);
+    const Words pages = filesOf(folder);
     compare("validation of the pages", withFiles(validate, pages), "cat", withFiles({"cat"}, pages));
+
+    compareRewriting(home, folder, pages);
 
     // The export writes a file for each page, od one file for all.
     const Words pmx = {(home / "tulcmd").string(), "--no", "pmx"};

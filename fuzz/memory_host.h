@@ -44,8 +44,13 @@ class MemoryHost : public Files,
     FileError replace(const std::string& path, std::string_view bytes) override;
     FileError remove(const std::string& path) override;
     FileError rename(const std::string& from, const std::string& to) override;
-    FileError renameOver(const std::string& from, const std::string& to) override { return rename(from, to); }
+    FileError renameOver(const std::string& from, const std::string& to) override {
+        return contents.contains(to) ? rename(from, to) : FileError::fileNotFound;
+    }
     FileError copy(const std::string& from, const std::string& to) override;
+    FileError copyToNew(const std::string& from, const std::string& to) override {
+        return contents.contains(to) ? FileError::fileExists : copy(from, to);
+    }
     std::string shortName(const std::string& path) const override { return path; }
     std::optional<std::string> fromNative(const std::string& path) const override { return path; }
     std::string toNative(const std::string& path) const override { return path; }
@@ -54,6 +59,7 @@ class MemoryHost : public Files,
         return {.started = true, .exitCode = 0, .failure = {}};
     }
     bool canFind(const std::string&) const override { return false; }
+    LaunchResult openDocument(const std::string&) override { return {}; }
 
     std::string read(const std::string&, const std::string&) const override { return {}; }
     void write(const std::string&, const std::string&, const std::string&) override {}
@@ -73,6 +79,7 @@ class MemoryHost : public Files,
     bool showsTextItself() const override { return true; }
     void showText(const std::string&) override {}
     void openPanel(const std::string&) override {}
+    std::string frontCaption() const override { return {}; }
     void setPanelVisible(bool) override {}
     void setPointer(Pointer) override {}
     void yield() override {}

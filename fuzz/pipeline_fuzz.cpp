@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "memory_host.h"
+#include "music/bar_file.h"
 #include "music/item_table.h"
 #include "music/mus_writer.h"
 #include "music/pipeline.h"
@@ -42,11 +43,22 @@ void rewrite(fuzz::MemoryHost& host, const std::string& path, const ToolForm& fo
     require(host.contents[path] == once);
 }
 
+/// The current page, for its bars: the sorting and the marking end.
+void readBars() {
+    try {
+        attempt([] { MusStoreBarFile(BarReader::renum); });
+        SortItemTable();
+        MarkStaffBarlines();
+    } catch (const fuzz::End&) {
+        require(musItemTable.itemCount > MusItemTable::capacity);
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static fuzz::MemoryHost host;
-    for (const ToolForm& form : {resizForm, barForm}) {
+    for (const ToolForm& form : {resizForm, editForm, barForm, wholeForm}) {
         freshProcess();
         const std::string path = host.layOutPage({reinterpret_cast<const char*>(data), size}).front();
         const std::string before = host.contents[path];
@@ -55,6 +67,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         } catch (const fuzz::End&) {
             require(host.contents[path] == before);
         }
+        host.contents[path] = before;
     }
+    readBars();
     return 0;
 }

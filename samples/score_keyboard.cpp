@@ -38,7 +38,12 @@ Sample minuet() {
     sheet.page = 3;
     PageBuilder page;
     engrave(sheet, page);
-    return {"PIANO.MUS", "Petzold, minuet in G: fingering, slurs and beams, two voices in places, inches",
+    // Ornaments of the symbol library above the first system; one stands a little off its line.
+    constexpr double ornament = 30;
+    page.item({9, 12, 61.67, 15.4, ornament, 1});
+    page.item({9, 12, 87.08, 16, ornament, 1});
+    return {"PIANO.MUS",
+            "Petzold, minuet in G: fingering, slurs and beams, two voices in places, ornaments, inches",
             page.bytes()};
 }
 

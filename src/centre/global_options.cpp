@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/numbers.h"
@@ -365,6 +366,17 @@ std::string keepFontPrefix(const std::string& typed) {
     const std::string prefix = CheckFontPrefix(typed);
     globalOptions.txtFontName = fontNameOf(prefix);
     return prefix;
+}
+
+bool isSplitForDosChosen() {
+    const GlobalOptions present = std::exchange(globalOptions, {});
+    for (const KeyValue& line : readKeyValues(paths.OptionsFilePath).value_or(std::vector<KeyValue>()))
+        if (line.key.starts_with("TULSPLIT"))
+            if (const PanelOption* const option = findOption(line.key)) show(*option, line.value);
+    showSplitVersions();
+    const bool dos = globalOptions.optTulSplitDOS;
+    globalOptions = present;
+    return dos;
 }
 
 std::string printFilePath() { return machineSettings.LibPath + "\\PRINT.DAT"; }

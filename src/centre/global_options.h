@@ -102,6 +102,9 @@ void chooseFont(const std::string& entry);
 /// A font prefix as it is kept; shows the font's name.
 std::string keepFontPrefix(const std::string& typed);
 
+/// True when the split tool is to run in its DOS version, by the options file and by what is found on disk.
+bool isSplitForDosChosen();
+
 /// PRINT.DAT of SCORE's library.
 std::string printFilePath();
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <string_view>
+#include <utility>
 
 #include "base/text.h"
 #include "host/host.h"
@@ -65,6 +66,14 @@ Launch directLaunch(const std::string& command) {
     return {.program = command.substr(0, end), .arguments = std::string(trim(command.substr(end)))};
 }
 
+/// The help program left the platform after Windows XP.
+bool hasHelpProgram() {
+    if (identity.platformCode() == "XP") return true;
+    MsgBox("The WINHELP program has been discontinued by MicroSoft for this platform." + std::string(CrLf) +
+           "Refer to user guides for specific explanation or contact development.");
+    return false;
+}
+
 }  // namespace
 
 std::string programOf(const std::string& command) {
@@ -107,5 +116,20 @@ void ShellAndWait(const std::string& command, const std::vector<std::string>& wo
     const LaunchResult result = processes().runAndWait(launch);
     if (!result.started) tellStartFailure(launch.program, result.failure);
 }
+
+void ShowHelpFile(const std::string& name) {
+    if (hasHelpProgram()) ExecAndWait("TULWINHELP " + name);
+}
+
+void ShowOwnHelpFile() {
+    if (hasHelpProgram()) ShellAndWait("WINHELP.EXE " + paths.HelpFilePath);
+}
+
+InFolder::InFolder(const std::string& folder, std::string behind)
+    : behind_(behind.empty() ? files().currentFolder() : std::move(behind)) {
+    files().changeFolder(folder);
+}
+
+InFolder::~InFolder() { files().changeFolder(behind_); }
 
 }  // namespace tul

@@ -18,4 +18,21 @@ void ExecAndWait(const std::string& command, const std::vector<std::string>& wor
 /// The program part of a command line: up to and including its first ".EXE"; empty without one.
 std::string programOf(const std::string& command);
 
+/// The help entry: shows a topic where the platform still has its help program.
+void ShowHelpFile(const std::string& name);
+/// The same for the help file of this program.
+void ShowOwnHelpFile();
+
+/// A folder is the current one for as long as this lives; then `behind` is, without one the folder of before.
+class InFolder {
+  public:
+    explicit InFolder(const std::string& folder, std::string behind = {});
+    ~InFolder();
+    InFolder(const InFolder&) = delete;
+    InFolder& operator=(const InFolder&) = delete;
+
+  private:
+    std::string behind_;
+};
+
 }  // namespace tul

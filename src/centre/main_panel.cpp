@@ -4,7 +4,6 @@ namespace tul {
 
 MainPanel mainPanel;
 NotepadPanel notepadPanel;
-std::string frontPanelCaption;
 
 bool MainPanel::isEnabled(std::string_view control) const {
     const auto found = enabled.find(control);
@@ -14,7 +13,6 @@ bool MainPanel::isEnabled(std::string_view control) const {
 void resetCentreRecords() {
     mainPanel = {};
     notepadPanel = {};
-    frontPanelCaption.clear();
 }
 
 }  // namespace tul

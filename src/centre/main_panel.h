@@ -20,6 +20,8 @@ struct MainPanel {
     std::string cmdLogoInputCaption = "TulInput";
     std::string cmdAnlibTip;
     std::string cmdMinimizeTip;
+    int inputKind = 1;          // what frmInput was opened for: 1 staff notation, 2 tablature
+    std::string inputFilePath;  // its settings, in SCORE's folder
     ListBox lstTextFiles{.title = {}, .entries = {}, .visible = false};
 
     bool isEnabled(std::string_view control) const;
@@ -35,8 +37,6 @@ struct NotepadPanel {
 
 extern MainPanel mainPanel;
 extern NotepadPanel notepadPanel;
-/// Caption of the panel that the user sees. Owner: whichever panel was loaded last.
-extern std::string frontPanelCaption;
 
 void resetCentreRecords();
 

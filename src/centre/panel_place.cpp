@@ -68,6 +68,22 @@ void positionPanel(PanelPlace& place) {
     savePanelCoordinates(place);
 }
 
+void centrePanel(PanelPlace& place) {
+    if (const auto screen = face().screen()) centre(place, *screen);
+}
+
+void movePanelTopLeft(PanelPlace& place) {
+    place.top = 0;
+    place.left = 0;
+}
+
+void movePanelTopRight(PanelPlace& place) {
+    const auto screen = face().screen();
+    if (!screen) return;
+    place.top = 0;
+    place.left = screen->width - place.width;
+}
+
 void savePanelCoordinates(const PanelPlace& place) {
     if (!face().screen()) return;
     SaveProfileValue("TOP", plain(place.top));

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "centre/control_file.h"
 #include "centre/first_use.h"
+#include "centre/global_options.h"
 #include "centre/main_panel.h"
 #include "centre/names_file.h"
 #include "centre/panel_place.h"
@@ -37,7 +38,6 @@ void nameVersion() {
     identity.BuildDateText = version::buildDate;
     face().setPointer(Pointer::normal);
     mainPanel.caption = "TUL Control Center - " + identity.VersionText;
-    frontPanelCaption = mainPanel.caption;
 }
 
 /// Windows may keep a program from writing beside itself: better told now than at the first page.
@@ -201,6 +201,12 @@ void CheckLibraryFolders() {
     if (!machineSettings.BypassLibTest1 && !FolderExists(machineSettings.LibPath)) offerLibraryBypass();
 }
 
+void showPreferredTab() {
+    if (projectSettings.PanelPreference < 0 || projectSettings.PanelPreference >= preferableTabs)
+        projectSettings.PanelPreference = 0;
+    mainPanel.tabLogo = projectSettings.PanelPreference;
+}
+
 void LoadDateSettings() {
     dateSettings = {};
     std::string text;
@@ -278,9 +284,7 @@ void StartUp() {
     testPlatform();
     CheckLibraryFolders();
     enableSecondGroup();
-    if (projectSettings.PanelPreference < 0 || projectSettings.PanelPreference > 2)
-        projectSettings.PanelPreference = 0;
-    mainPanel.tabLogo = projectSettings.PanelPreference;
+    showPreferredTab();
     RefreshNamesFiles();
     LoadFontNames();
 }

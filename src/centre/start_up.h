@@ -18,6 +18,9 @@ void CheckLibraryFolders();
 /// Reads date and time separators and the short date form from the system's settings file.
 void LoadDateSettings();
 
+/// Brings the preferred tab of the main panel to the front.
+void showPreferredTab();
+
 /// Renews the tool tip of `cmdAnlib` from the path of the PREF file.
 void refreshAnlibTip();
 

@@ -64,7 +64,7 @@ void ViewInPanel(const std::string& path) {
     }
     notepadPanel = {};
     notepadPanel.path = path;
-    notepadPanel.caption = path + " - file " + frontPanelCaption;
+    notepadPanel.caption = path + " - file " + face().frontCaption();
     std::string text;
     files().read(path, text);
     for (const std::string_view line : linesOf(text)) notepadPanel.lstTulboard.entries.emplace_back(line);

@@ -75,7 +75,8 @@ void listPanel(Panel& panel, std::ostream& out) {
         std::string caption = command.caption();
         std::erase(caption, '&');
         out << "  " << padRight(command.name, nameColumn) << toUtf8(caption)
-            << (command.enabled() ? "" : " (disabled)")
+            << (command.visible() && command.enabled() ? "" : " (disabled)")
+            << (command.checked() ? " (checked)" : "")
             << (command.name == panel.runCommand ? " (default)" : "") << '\n';
         if (const std::string tip = command.toolTip(); !tip.empty())
             out << std::string(2 + nameColumn, ' ') << onOneLine(tip) << '\n';
@@ -114,18 +115,33 @@ bool writeNamesFile(const std::vector<std::string>& names) {
     return files().replace("NAMES.TUL", text) == FileError::none;
 }
 
+bool has(Panel& panel, const Action& action) {
+    return action.kind == Action::Kind::set ? panel.field(action.name) != nullptr
+                                            : panel.command(action.name) != nullptr;
+}
+
+std::string unknownText(const Panel& panel, const Action& action) {
+    return panel.name + " has no " + (action.kind == Action::Kind::set ? "field " : "command ") +
+           action.name + ".";
+}
+
+bool anyPanelHas(const Action& action) {
+    for (const PanelEntry& entry : panelList())
+        if (Panel panel = entry.make(); has(panel, action)) return true;
+    return false;
+}
+
+/// What no panel of the run can know: behind a press that may be any panel.
 Refusal findUnknown(const Arguments& arguments, Panel& panel) {
+    bool pressed = false;
     for (const Action& action : arguments.actions) {
-        const bool known = action.kind == Action::Kind::set ? panel.field(action.name) != nullptr
-                                                            : panel.command(action.name) != nullptr;
-        if (!known)
-            return panel.name + " has no " + (action.kind == Action::Kind::set ? "field " : "command ") +
-                   action.name + ".";
+        if (!has(panel, action) && !(pressed && anyPanelHas(action))) return unknownText(panel, action);
+        if (action.kind == Action::Kind::press) pressed = true;
     }
     return std::nullopt;
 }
 
-Refusal refusalOf(PanelAnswer answer, const std::string& name, bool isPress) {
+Refusal refusalOf(PanelAnswer answer, const std::string& name, bool mayLackSelection) {
     switch (answer) {
         case PanelAnswer::done:
             return std::nullopt;
@@ -135,7 +151,6 @@ Refusal refusalOf(PanelAnswer answer, const std::string& name, bool isPress) {
         case PanelAnswer::disabled:
             break;
     }
-    const bool mayLackSelection = isPress && !selection.SelectionValid;
     return name + " is not enabled now" + (mayLackSelection ? ": no music files are selected." : ".");
 }
 
@@ -167,20 +182,28 @@ class ListPrinter {
     std::set<std::string> shown_;
 };
 
-Refusal act(const Arguments& arguments, Panel& panel, std::ostream& out) {
+Refusal act(const Arguments& arguments, OpenPanels& panels, std::ostream& out) {
     std::vector<Action> actions = arguments.actions;
     const auto isPress = [](const Action& action) { return action.kind == Action::Kind::press; };
     if (std::none_of(actions.begin(), actions.end(), isPress)) {
+        const Panel& panel = panels.front();
         if (panel.runCommand.empty()) return panel.name + " has no Run command: press one.";
         actions.push_back({Action::Kind::press, panel.runCommand, {}});
     }
     ListPrinter lists(out);
-    lists.markShown(panel);
+    lists.markShown(panels.front());
     for (const Action& action : actions) {
+        Panel& panel = panels.front();
+        if (!has(panel, action)) return unknownText(panel, action);
+        const std::size_t before = panels.count();
         const PanelAnswer answer =
             isPress(action) ? panel.press(action.name) : panel.set(action.name, action.value);
-        if (Refusal refusal = refusalOf(answer, action.name, isPress(action))) return refusal;
-        lists.printNew(panel);
+        const bool mayLackSelection =
+            isPress(action) && !panel.runCommand.empty() && !selection.SelectionValid;
+        if (Refusal refusal = refusalOf(answer, action.name, mayLackSelection)) return refusal;
+        panels.dropClosed();
+        if (panels.count() > before) lists.markShown(panels.front());
+        lists.printNew(panels.front());
     }
     return std::nullopt;
 }
@@ -198,15 +221,18 @@ std::variant<int, std::string> runPanel(const Arguments& arguments, const PanelE
     StartUp();
     if (mayWrite && isFirstUse) written = writeNamesFile(names);
     if (!written) endWith("NAMES.TUL could not be written.");
-    Panel panel = entry.make();
-    consoleFace.watch(&panel);
-    if (panel.load) panel.load();
+    OpenPanels& panels = consoleFace.panels();
+    panels.open(entry);
     if (arguments.list) {
-        listPanel(panel, out);
+        listPanel(panels.front(), out);
         return 0;
     }
-    if (const Refusal refusal = act(arguments, panel, out)) return *refusal;
-    return panel.exitStatus();
+    if (const Refusal refusal = act(arguments, panels, out)) return *refusal;
+    return panels.exitStatus();
+}
+
+std::string listHintFor(const std::string& form) {
+    return std::string(findPanel(form)->shortName) + " --list";
 }
 
 }  // namespace
@@ -218,14 +244,14 @@ int runCommand(const Arguments& arguments, Host machine, const std::string& prog
         console.err << toUtf8(what) << "\nSee: tulcmd " << hint << '\n';
         return exitUsage;
     };
-    const std::string listHint = std::string(entry.shortName) + " --list";
     ConsoleFace consoleFace(console, arguments);
     machine.face = &consoleFace;
     installHost(machine);
     freshProcess();
 
     Panel unloaded = entry.make();
-    if (const Refusal unknown = findUnknown(arguments, unloaded)) return refuse(*unknown, listHint);
+    if (const Refusal unknown = findUnknown(arguments, unloaded))
+        return refuse(*unknown, listHintFor(unloaded.name));
     std::vector<std::string> names;
     if (const Refusal refusal = takeFiles(arguments.files, names)) return refuse(*refusal, "--help");
     const auto home = arguments.home.empty() ? programFolder : files().fromNative(arguments.home);
@@ -235,7 +261,8 @@ int runCommand(const Arguments& arguments, Host machine, const std::string& prog
     int status = 0;
     try {
         const auto outcome = runPanel(arguments, entry, names, consoleFace, console.out);
-        if (const auto refusal = std::get_if<std::string>(&outcome)) return refuse(*refusal, listHint);
+        if (const auto refusal = std::get_if<std::string>(&outcome))
+            return refuse(*refusal, listHintFor(consoleFace.panels().front().name));
         status = std::get<int>(outcome);
     } catch (const ProgramEnd& end) {
         status = end.status;

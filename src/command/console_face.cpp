@@ -133,24 +133,26 @@ void ConsoleFace::showText(const std::string& path) {
 
 void ConsoleFace::openPanel(const std::string& name) {
     if (name == "frmLogo") return;  // it stands behind every run
-    if (name != "frmNotepad") {
-        tell("message", "Open it with: tulcmd " + std::string(findPanel(name)->shortName));
-        console_.err << '\n';
-        return;
-    }
-    Panel panel = findPanel(name)->make();
+    const PanelEntry& entry = *findPanel(name);
+    if (name != "frmNotepad") return panels_.open(entry);
+    Panel panel = entry.make();
     console_.out << toUtf8(panel.caption) << "\n\n";
     for (const Field& field : panel.fields)
         if (field.kind == FieldKind::list) writeLines(console_.out, field.text());
     panel.press("mnuReturn");
 }
 
+std::string ConsoleFace::frontCaption() const {
+    return panels_.count() == 0 ? std::string() : panels_.front().caption;
+}
+
 void ConsoleFace::yield() {
-    if (!console_.showsProgress || !watched_) return;
+    if (!console_.showsProgress || panels_.count() == 0) return;
     std::string line;
-    for (const Field& field : watched_->fields)
+    for (const Field& field : panels_.front().fields)
         if (const auto progress = std::get_if<Progress*>(&field.value); progress && (*progress)->visible)
             line += padRight(plain((*progress)->percent) + " %", 7);
+    if (line.empty()) return;
     console_.err << '\r' << line << std::flush;
     progressShown_ = true;
 }

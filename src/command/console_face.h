@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "command/arguments.h"
+#include "command/open_panels.h"
 #include "host/face.h"
-#include "shared/panel.h"
 
 namespace tul::command {
 
@@ -39,13 +39,13 @@ class ConsoleFace : public Face {
     bool showsTextItself() const override { return true; }
     void showText(const std::string& path) override;
     void openPanel(const std::string& name) override;
+    std::string frontCaption() const override;
     void setPanelVisible(bool) override {}
     void setPointer(Pointer) override {}
     void yield() override;
     [[noreturn]] void endProgram(int status) override;
 
-    /// The panel whose progress is shown.
-    void watch(Panel* panel) { watched_ = panel; }
+    OpenPanels& panels() { return panels_; }
 
   private:
     void tell(const std::string& kind, const std::string& text);
@@ -59,7 +59,7 @@ class ConsoleFace : public Face {
     std::deque<std::string> answers_;
     RestAnswer restAnswer_;
     bool verbose_;
-    Panel* watched_ = nullptr;
+    OpenPanels panels_;
     bool progressShown_ = false;
 };
 

@@ -44,6 +44,10 @@ class Face {
     virtual void showText(const std::string& path) = 0;
     /// Opens the panel of this name over the one in front, and returns when it stands.
     virtual void openPanel(const std::string& name) = 0;
+    /// Caption of the panel that the user sees.
+    virtual std::string frontCaption() const = 0;
+    /// Makes an icon of the panel in front, where there is a screen.
+    virtual void minimizePanel() {}
     /// Hides the panel in front while an outside program has the screen, and shows it again.
     virtual void setPanelVisible(bool visible) = 0;
     virtual void setPointer(Pointer pointer) = 0;

@@ -66,8 +66,11 @@ class Files {
     /// file of that name. What keeps `to` from being removed comes first, such as `readOnly`; without a file
     /// `to` nothing happens either.
     virtual FileError renameOver(const std::string& from, const std::string& to) = 0;
-    /// Copies the contents; `to` is replaced whole.
+    /// Copies the contents with the rights and the stamp; `to` is replaced whole.
     virtual FileError copy(const std::string& from, const std::string& to) = 0;
+    /// The same for a name that is free, at the moment of the copy's completion too: refused with
+    /// `fileExists` otherwise.
+    virtual FileError copyToNew(const std::string& from, const std::string& to) = 0;
 
     /// The platform's short form of a path; the path itself where the platform has none.
     virtual std::string shortName(const std::string& path) const = 0;

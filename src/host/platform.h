@@ -31,6 +31,11 @@ class Platform {
     /// Nothing where the native system query does not exist.
     virtual std::optional<int> nativeArchitecture() const = 0;
     virtual std::string computerName() const = 0;
+    /// A text of the machine's registry; nothing where there is no such text, or no registry.
+    virtual std::optional<std::string> registryText(const std::string& /*key*/,
+                                                    const std::string& /*name*/) const {
+        return std::nullopt;
+    }
     /// The symbol that the platform's own number format puts between units and tenths.
     virtual char decimalSymbol() const = 0;
     /// True when another process has claimed the installation in the current folder. Otherwise this process

@@ -11,15 +11,6 @@ namespace {
 
 constexpr std::size_t suffixLength = 4;
 
-void tellFailedCopy(const std::string& path, FileError fault) {
-    const std::string start = "Failed to take backup copy of file " + path;
-    if (fault == FileError::diskFull) {
-        MsgBox(start + ". Drive full.", Buttons::ok, Icon::information);
-    } else {
-        MsgBox(start + " Error code =" + str(static_cast<int>(fault)), Buttons::ok, Icon::information);
-    }
-}
-
 }  // namespace
 
 std::string BackupSeries::letters() const {
@@ -41,19 +32,30 @@ bool isBackupSuffix(std::string_view suffix) {
            backupLetters.find(suffix.back()) != std::string_view::npos;
 }
 
-bool TakeBackup(const std::string& path) {
+NextGeneration nextGenerationOf(const std::string& path) {
     if (path.size() >= suffixLength && isBackupSuffix(upperCase(path.substr(path.size() - suffixLength))))
-        endWith("Invalid suffix in filename [" + path + "]." + std::string(CrLf) +
-                "Backup files may not be used as input when editing with the backup feature.");
+        return {.path = {},
+                .refusal = "Invalid suffix in filename [" + path + "]." + std::string(CrLf) +
+                           "Backup files may not be used as input when editing with the backup feature."};
     const BackupSeries series = backupSeriesOf(path);
-    for (const char letter : backupLetters) {
-        const std::string target = series.path(letter);
-        if (FileExists(target)) continue;
-        const FileError fault = files().copy(path, target);
-        if (fault != FileError::none) tellFailedCopy(path, fault);
-        return fault == FileError::none;
-    }
-    endWith("The maximum number of backups exists. Use Explore to remove old generations.");
+    for (const char letter : backupLetters)
+        if (!FileExists(series.path(letter))) return {.path = series.path(letter), .refusal = {}};
+    return {.path = {},
+            .refusal = "The maximum number of backups exists. Use Explore to remove old generations."};
+}
+
+std::string failedBackupText(const std::string& path, FileError fault) {
+    const std::string start = "Failed to take backup copy of file " + path;
+    if (fault == FileError::diskFull) return start + ". Drive full.";
+    return start + " Error code =" + str(static_cast<int>(fault));
+}
+
+bool TakeBackup(const std::string& path) {
+    const NextGeneration next = nextGenerationOf(path);
+    if (!next.refusal.empty()) endWith(next.refusal);
+    const FileError fault = files().copyToNew(path, next.path);
+    if (fault != FileError::none) MsgBox(failedBackupText(path, fault), Buttons::ok, Icon::information);
+    return fault == FileError::none;
 }
 
 }  // namespace tul

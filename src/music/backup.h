@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "host/files.h"
+
 /// Backup generations: up to six copies of a music file beside it, with the suffixes .BKU to .BKZ.
 namespace tul {
 
@@ -24,6 +26,17 @@ BackupSeries backupSeriesOf(const std::string& path);
 
 /// True for .BKU to .BKZ, in upper case.
 bool isBackupSuffix(std::string_view suffix);
+
+/// Where the next generation of a file goes, or in words why there is none: the file is a generation itself,
+/// or all six exist.
+struct NextGeneration {
+    std::string path;
+    std::string refusal;
+};
+NextGeneration nextGenerationOf(const std::string& path);
+
+/// What is said when the copy to a generation fails.
+std::string failedBackupText(const std::string& path, FileError fault);
 
 /// Copies the file to the lowest free generation. Ends the program when the file is a generation itself, and
 /// when all six exist. A copy that fails is told, and false returned.

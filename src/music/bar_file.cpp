@@ -81,7 +81,7 @@ void MusStoreBarFile(BarReader reader) {
         MusNextItem();
         if (musReader.MusReadState == musStructuralError) tellStructuralError();
         if (musReader.MusReadState != musItemReady) break;
-        if (reader != BarReader::other) pipeline.progress.percent = musProgress();
+        if (reader != BarReader::other) showReading();
         yieldToEvents();
         storeBarItem();
     }

@@ -23,7 +23,8 @@ extern std::vector<BarText> barTexts;
 
 /// Reads of the current file: staves, barlines, rests that count for bars, and the numbers that are set in
 /// the size and font of bar or page numbers, into the item table; texts on or above a staff, but for ossias,
-/// into `barTexts`. A damaged file is told, and what was read so far stands.
+/// into `barTexts`. A damaged file is told, and what was read so far stands. Throws `IndexFault` as
+/// `storeFile` does.
 void MusStoreBarFile(BarReader reader);
 
 /// In `MusText`: "?s" becomes a sharp s, "?-" a hyphen, until none is left.

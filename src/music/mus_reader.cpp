@@ -162,16 +162,10 @@ bool atTrailer() { return atWordsBeforeEnd(trailerWords); }
 bool atShortTrailer() { return atWordsBeforeEnd(shortTrailerWords); }
 
 void cutMusText() {
-    std::size_t length = 5;
-    if (musItem.MusPar[1] == 16.0F) {
-        // No number of characters, or less than none, leaves none.
-        const double characters = roundToEven(musItem.MusPar[12]);
-        length = !(characters > 0.0) ? 0
-                 : characters >= static_cast<double>(musItem.MusText.size())
-                     ? musItem.MusText.size()
-                     : static_cast<std::size_t>(characters);
-    }
-    if (musItem.MusText.size() > length) musItem.MusText.resize(length);
+    // A count below 0, or none at all, says nothing of the text: it stays.
+    const double characters = musItem.MusPar[1] == 16.0F ? roundToEven(musItem.MusPar[12]) : 5.0;
+    if (characters >= 0.0 && characters < static_cast<double>(musItem.MusText.size()))
+        musItem.MusText.resize(static_cast<std::size_t>(characters));
 }
 
 bool MusReadHead() {

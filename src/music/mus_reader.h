@@ -99,7 +99,7 @@ void MusSkipWords(int count);
 /// `MusReadChars`, `count` times, appended to `MusText`.
 void MusReadText(int count);
 
-/// `MusWordIndex` in percent of the word count; 0 when that is 0.
+/// `MusWordIndex` in percent of the word count, which damage can exceed; 0 when that is 0.
 int musProgress();
 
 /// True where the index stands at the trailer of six words, or of five.

@@ -29,12 +29,6 @@ char byteOf(std::uint32_t value, int position) {
     return static_cast<char>(static_cast<unsigned char>(value >> (8 * position)));
 }
 
-void appendWord(std::string& bytes, float value) {
-    const auto bits = std::bit_cast<std::uint32_t>(value);
-    const std::array<char, 4> word = {byteOf(bits, 0), byteOf(bits, 1), byteOf(bits, 2), byteOf(bits, 3)};
-    bytes.append(word.data(), word.size());
-}
-
 void appendPars(std::string& bytes, const Parameters& pars, int last) {
     for (int par = 1; par <= last; ++par) appendWord(bytes, pars[par]);
 }
@@ -60,6 +54,12 @@ constexpr std::array<char, 4> stampBytes = {static_cast<char>(MusWriterStamp % 2
 constexpr std::string_view stampWord(stampBytes.data(), stampBytes.size());
 
 }  // namespace
+
+void appendWord(std::string& bytes, float value) {
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    const std::array<char, 4> word = {byteOf(bits, 0), byteOf(bits, 1), byteOf(bits, 2), byteOf(bits, 3)};
+    bytes.append(word.data(), word.size());
+}
 
 void PageBytes::begin() {
     bytes.assign(headerBytes, '\0');
@@ -95,6 +95,7 @@ void PageBytes::end(bool metric) {
 }
 
 bool canBeReadAgain(const ItemRow& row) {
+    if (row.pars[1] < lowestItemCode || row.pars[1] > highestItemCode) return false;
     if (!isTextCode(row.pars[1])) return lastUsedPar(row.pars) > 1 && !isTextCode(integerPart(row.pars[1]));
     const std::size_t length = storedLength(row.pars[1], row.text.size());
     return length > 0 && length % wordCharacters == 0;

@@ -15,6 +15,9 @@ inline constexpr std::int32_t MusWriterStamp = 80200;
 /// A header and 32767 words: the word count tells no more.
 inline constexpr std::size_t mostPageBytes = 2 + 4 * 32767;
 
+/// Appends one word of a page.
+void appendWord(std::string& bytes, float value);
+
 /// One page as it grows: begin, items, end.
 struct PageBytes {
     std::string bytes;
@@ -29,9 +32,9 @@ struct PageBytes {
     void end(bool metric);
 };
 
-/// True when the reader gives the row back as it was written. Par 1 alone and a text item without text are
-/// too short for it, a text that does not end with a word moves all that follows, and 16.5 is a text to the
-/// reader but none to the writer.
+/// True when the reader comes through the row as it is written, with its parameters and what Par 12 counts of
+/// its text. Par 1 alone and a text item without text are too short for it, a text that does not end with a
+/// word moves all that follows, and 16.5 is a text to the reader but none to the writer.
 bool canBeReadAgain(const ItemRow& row);
 
 }  // namespace tul

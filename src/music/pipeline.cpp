@@ -1,5 +1,7 @@
 #include "music/pipeline.h"
 
+#include <algorithm>
+
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
@@ -13,31 +15,44 @@ Pipeline pipeline;
 
 namespace {
 
+constexpr std::size_t headerBytes = 2;
+constexpr std::size_t wordBytes = 4;
+
 PageBytes page;  // one for all files, so that it has to grow once only
 
 /// What the panel shows for as long as a step takes, however it ends.
 class Activity {
   public:
-    Activity(const ToolForm& form, const char* name) {
-        if (!form.showsProgress) return;
+    Activity(const ToolForm& form, const char* name) : isShown_(form.showsProgress) {
+        if (!isShown_) return;
         pipeline.activity = name;
         pipeline.progress = {.percent = 0, .visible = true};
     }
-    ~Activity() { pipeline.progress.visible = false; }
+    ~Activity() {
+        if (isShown_) pipeline.progress.visible = false;
+    }
     Activity(const Activity&) = delete;
     Activity& operator=(const Activity&) = delete;
 
   private:
     WaitingPointer pointer_;
+    bool isShown_;
 };
+
+/// True when the file ends where its word count says. What stands behind that is lost in the rewriting, and
+/// what is missing before it was read as zeros.
+bool hasLengthOfItsCount() {
+    const auto words = static_cast<std::size_t>(std::max<int>(musReader.MusWordCount, 0));
+    return musReader.bytes.size() / wordBytes == words && musReader.bytes.size() % wordBytes >= headerBytes;
+}
 
 /// Appends the next item to the table. False at the end of the items, or where the structure breaks off.
 bool storeNextItem(const ToolForm& form) {
     MusNextItem();
-    if (musReader.MusReadState == musEndOfItems) pipeline.readWhole = true;
+    if (musReader.MusReadState == musEndOfItems) pipeline.readWhole = hasLengthOfItsCount();
     if (musReader.MusReadState == musStructuralError && form.loop == ItemLoop::common) tellStructuralError();
     if (musReader.MusReadState != musItemReady) return false;
-    if (form.showsProgress) pipeline.progress.percent = musProgress();
+    if (form.showsProgress) showReading();
     yieldToEvents();
     MusStoreItem();
     return true;
@@ -48,7 +63,7 @@ bool storeNextItemAsRead() {
     if (musReader.MusWordIndex > musReader.MusWordCount) return false;
     if (atTrailer() || atShortTrailer()) {
         MusReadTrailer();
-        pipeline.readWhole = true;
+        pipeline.readWhole = hasLengthOfItsCount();
         return false;
     }
     if (!MusReadHead()) return false;
@@ -67,8 +82,9 @@ bool storeNextItemAsRead() {
     return true;
 }
 
-bool isWritten(const ItemRow& row) {
-    return row.pars[1] != deletedItem && !(pipeline.dropsCode13 && row.pars[1] == 13.0F);
+bool isWritten(const ToolForm& form, const ItemRow& row) {
+    const bool dropsCode13 = form.mayDropCode13 && pipeline.dropsCode13;
+    return row.pars[1] != deletedItem && !(dropsCode13 && row.pars[1] == 13.0F);
 }
 
 /// False when a row, or their number, makes a file that cannot be read again.
@@ -77,7 +93,7 @@ bool putTableIntoPage(const ToolForm& form) {
     page.begin();
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         ItemRow& row = musItemTable[item];
-        if (!isWritten(row)) continue;
+        if (!isWritten(form, row)) continue;
         if (form.countsCharacters && row.pars[1] == 16.0F) row.pars[12] = static_cast<float>(row.text.size());
         page.item(row);
         readable = readable && canBeReadAgain(row);
@@ -122,6 +138,11 @@ void beginPipelineRun(bool backup) {
     pipeline.backup = backup;
 }
 
+void showReading() {
+    if (musReader.MusWordCount == 0) throw IndexFault();
+    pipeline.progress.percent = musProgress();
+}
+
 void storeFile(const ToolForm& form) {
     pipeline.readWhole = false;
     if (pipeline.backup && form.takesBackup) {
@@ -153,8 +174,7 @@ void writeFile(const ToolForm& form) {
 }
 
 void reportSuspectFiles(Report& report) {
-    reportFiles(report, "Rewritten from an incomplete reading, the rest of the items is missing: ",
-                pipeline.incomplete);
+    reportFiles(report, "Rewritten from an incomplete reading, items may be missing: ", pipeline.incomplete);
     reportFiles(report, "Rewritten with items that cannot be read again: ", pipeline.unreadable);
 }
 

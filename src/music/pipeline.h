@@ -24,12 +24,13 @@ struct ToolForm {
     ItemLoop loop = ItemLoop::common;
     bool takesBackup = true;        // where its Backup box asks for it
     bool showsProgress = true;      // activity and progress bar
+    bool mayDropCode13 = false;     // where `dropsCode13` asks for it
     bool countsCharacters = false;  // Par 12 of a text row becomes its length before it is written
     std::string_view openFailure = "Open of output MUS file failed. Hit OK to terminate.";
 };
 
 inline constexpr ToolForm resizForm = {.openFailure = "Open of output MUS file failed. Hit OK to terminate"};
-inline constexpr ToolForm renumForm = {};
+inline constexpr ToolForm renumForm = {.mayDropCode13 = true};
 inline constexpr ToolForm editForm = {.countsCharacters = true};
 inline constexpr ToolForm barForm = {.loop = ItemLoop::own, .showsProgress = false, .countsCharacters = true};
 inline constexpr ToolForm wholeForm = {.loop = ItemLoop::own, .takesBackup = false, .showsProgress = false};
@@ -46,7 +47,7 @@ struct Pipeline {
     std::string activity;
     Progress progress;  // in the file
 
-    bool readWhole = false;               // the last reading came to the file's end
+    bool readWhole = false;               // the last reading came to the file's end, trailer and all
     std::vector<std::string> incomplete;  // files rewritten from a reading that broke off
     std::vector<std::string> unreadable;  // files rewritten with items that the reader does not give back
 };
@@ -64,6 +65,10 @@ void storeFile(const ToolForm& form);
 /// Replaces the current file by the table's items and a fresh trailer. An empty table leaves it alone. A
 /// file that cannot be replaced stays as it was, and the program ends with a message.
 void writeFile(const ToolForm& form);
+
+/// Sets the progress bar to what is read of the current file. A word count of 0, which the interrupted
+/// writing of a page leaves behind, has no share that could be read: `IndexFault`.
+void showReading();
 
 /// Runs one step of a file. A failed index abandons the step, and the run goes on with the next one.
 template <class Step>

@@ -1,5 +1,8 @@
+#include <algorithm>
 #include <array>
 #include <deque>
+#include <string_view>
+#include <utility>
 
 #include "base/numbers.h"
 #include "centre/project_options.h"
@@ -157,8 +160,17 @@ std::vector<Field> bracketFields() {
     };
 }
 
-bool isDevelopers(const std::string& name) {
-    return name == "optEditFingerDispl" || name == "txtLHfingerPar16";
+/// What only a developer sees.
+bool isDevelopers(std::string_view name) {
+    constexpr std::array<std::string_view, 10> names = {
+        "cmdTessler",   "cmdHalve",   "cmdMidiPrep",  "cmdMarlo",         "cmdDorvel",
+        "cmdNewMeters", "cmdQuintal", "cmdLHfingers", "txtLHfingerPar16", "optEditFingerDispl"};
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+Live<bool> visibilityOf(std::string_view name) {
+    if (!isDevelopers(name)) return true;
+    return [] { return identity.DeveloperMode; };
 }
 
 }  // namespace
@@ -182,7 +194,7 @@ std::vector<Field> laterFields() {
     fields.push_back(text("txtLJfontName", shown.txtLJfontName, ""));
     for (Field& field : fields) {
         field = disabled(std::move(field));
-        if (isDevelopers(field.name)) field.visible = [] { return identity.DeveloperMode; };
+        field.visible = visibilityOf(field.name);
     }
     return fields;
 }
@@ -194,7 +206,8 @@ std::vector<Command> laterCommands() {
                             .caption = later.caption,
                             .run = [] {},
                             .enabled = false,
-                            .toolTip = *later.tip == '\0' ? notYet : std::string(later.tip)});
+                            .toolTip = *later.tip == '\0' ? notYet : std::string(later.tip),
+                            .visible = visibilityOf(later.name)});
     return commands;
 }
 

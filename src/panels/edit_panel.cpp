@@ -81,7 +81,8 @@ std::vector<Command> commands() {
         {.name = "cmdEdit2",
          .caption = std::string("TulEdit2"),
          .run = [] { ShellAndWait(paths.ProgramFolder + "\\TULEDIT2.EXE"); },
-         .enabled = [] { return identity.DeveloperMode && isIdle(); }},
+         .enabled = isIdle,
+         .visible = [] { return identity.DeveloperMode; }},
         {.name = "lblViewTulEditProfileClick",
          .caption = std::string("View profile"),
          .run = edit::viewTulEditProfile,
@@ -110,8 +111,9 @@ Panel makeEditPanel() {
     append(panel.fields, editfields::laterFields());
     panel.commands = commands();
     append(panel.commands, editfields::laterCommands());
-    panel.load = [caption = panel.caption] {
-        loadToolPanel(caption, editPanel.place);
+    panel.place = &editPanel.place;
+    panel.load = [] {
+        loadToolPanel(editPanel.place);
         edit::loadTulEditProfile();
         editfields::showProjectSettings();
         RefreshViewTip(editPanel.viewTip);

@@ -3,6 +3,7 @@
 #include "centre/global_options.h"
 #include "centre/main_panel.h"
 #include "centre/project_options.h"
+#include "centre/score_launching.h"
 #include "check/pmx_export.h"
 #include "check/validation.h"
 #include "edit/edit_run.h"
@@ -24,6 +25,7 @@ void freshProcess() {
     resetCentreRecords();
     fontTable = {};
     globalOptions = {};
+    scoreRun = {};
     valid::resetValidation();
     pmx::resetPmxRun();
     resize::resetResize();

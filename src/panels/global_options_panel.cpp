@@ -5,7 +5,9 @@
 #include "centre/global_options.h"
 #include "centre/main_panel.h"
 #include "centre/option_checks.h"
+#include "centre/panel_place.h"
 #include "centre/project_options.h"
+#include "centre/start_up.h"
 #include "centre/viewing.h"
 #include "host/host.h"
 #include "shared/function_module.h"
@@ -240,11 +242,13 @@ Panel makeGlobalOptionsPanel() {
     for (auto [name, list] : {std::pair{"List1", &globalOptions.List1}, {"List2", &globalOptions.List2}})
         panel.fields.push_back({.name = name, .kind = FieldKind::list, .value = list});
     panel.commands = commands();
-    panel.load = [caption = panel.caption] {
-        frontPanelCaption = caption;
-        OptionsPanelLoad();
-    };
+    panel.place = &globalOptions.place;
+    panel.load = OptionsPanelLoad;
     panel.closed = [] { return !globalOptions.OptionsPanelOpen; };
+    panel.unload = [] {
+        showPreferredTab();
+        positionPanel(mainPanel.place);
+    };
     return panel;
 }
 

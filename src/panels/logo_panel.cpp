@@ -1,23 +1,209 @@
 #include "panels/logo_panel.h"
 
+#include <array>
+#include <initializer_list>
+
+#include "base/text.h"
 #include "centre/backup_restore.h"
 #include "centre/debug_summary.h"
+#include "centre/global_options.h"
+#include "centre/launching.h"
 #include "centre/main_panel.h"
 #include "centre/names_file.h"
+#include "centre/panel_place.h"
 #include "centre/start_up.h"
+#include "centre/tool_launches.h"
 #include "centre/viewing.h"
+#include "host/host.h"
+#include "panels/panel_list.h"
 #include "shared/records.h"
+#include "shared/version.h"
 
 namespace tul {
 
-Panel makeLogoPanel() {
-    Panel panel;
-    panel.name = "frmLogo";
-    panel.caption = mainPanel.caption;
-    panel.fields = {
+namespace {
+
+using Commands = std::vector<Command>;
+
+void append(Commands& commands, const Commands& more) {
+    commands.insert(commands.end(), more.begin(), more.end());
+}
+
+/// Enabled by what start-up has found for the button.
+Live<bool> asFound(const char* button) {
+    return [button] { return mainPanel.isEnabled(button); };
+}
+
+bool isBuilt(const char* form) { return findPanel(form) != nullptr; }
+
+void openPanel(const char* form) {
+    savePanelCoordinates(mainPanel.place);
+    const WaitingPointer pointer;
+    face().yield();
+    face().openPanel(form);
+}
+
+/// A button that leads to a panel of this program. Where that panel is not part of this version it stands
+/// disabled.
+Command panelCommand(const char* button, Live<std::string> caption, const char* form) {
+    return {.name = button,
+            .caption = std::move(caption),
+            .run = [form] { openPanel(form); },
+            .enabled = [button, form] { return mainPanel.isEnabled(button) && isBuilt(form); }};
+}
+
+Command inputCommand(const char* button, Live<std::string> caption, int kind, const char* fileName) {
+    Command command = panelCommand(button, std::move(caption), "frmInput");
+    command.run = [kind, fileName] {
+        mainPanel.inputKind = kind;
+        mainPanel.inputFilePath = machineSettings.ScoreFolder + fileName;
+        openPanel("frmInput");
+    };
+    return command;
+}
+
+Commands panelCommands() {
+    Commands commands;
+    for (const auto& [button, caption, form] :
+         std::initializer_list<std::array<const char*, 3>>{{"cmdValid", "TulValid", "frmValid"},
+                                                           {"cmdRenum", "TulRenum", "frmRenum"},
+                                                           {"cmdEdit", "TulEdit", "frmEdit"},
+                                                           {"cmdResiz", "TulResiz", "frmResiz"},
+                                                           {"cmdPmx", "TulPmx", "frmPmx"},
+                                                           {"cmdAccs", "TulAccs", "frmAccs"},
+                                                           {"mnuColors", "&Colors", "frmColor"},
+                                                           {"mnuAbout", "&About", "frmAbout"}})
+        commands.push_back(panelCommand(button, caption, form));
+    commands.push_back(inputCommand(
+        "cmdLogoInput", [] { return mainPanel.cmdLogoInputCaption; }, 1, "TULINPUT.INI"));
+    commands.push_back(inputCommand("cmdLogoIntab", "TulInTab", 2, "TULINTAB.INI"));
+    return commands;
+}
+
+Live<bool> enabledRuleOf(const ToolLaunch& tool) {
+    const std::string_view button = tool.button;
+    if (button == "mnuScore") return asFound("mnuScoreEngine");
+    if (button == "mnuHelpScore") return canShowScoreHelp;
+    return asFound(tool.button);
+}
+
+Commands launchCommands() {
+    Commands commands;
+    for (const ToolLaunch& tool : toolLaunches())
+        commands.push_back({.name = tool.button,
+                            .caption = tool.caption,
+                            .run = [&tool] { LaunchTool(tool); },
+                            .enabled = enabledRuleOf(tool),
+                            .toolTip = tool.toolTip});
+    return commands;
+}
+
+void cmdLogoSplit() {
+    if (isSplitForDosChosen())
+        openPanel("frmSplit");
+    else
+        launchSplit();
+}
+
+bool canSplit() {
+    return mainPanel.isEnabled("cmdLogoSplit") && (isBuilt("frmSplit") || !isSplitForDosChosen());
+}
+
+/// Launches that look at something first, and two buttons that are switched off for good.
+Commands checkedCommands() {
+    return {
+        {.name = "cmdAnlib",
+         .caption = "TulAnlib",
+         .run = cmdAnlib,
+         .enabled = asFound("cmdAnlib"),
+         .toolTip = [] { return mainPanel.cmdAnlibTip; }},
+        {.name = "cmdTulSib", .caption = "TulSib", .run = cmdTulSib, .enabled = asFound("cmdTulSib")},
+        {.name = "cmdLogoSplit", .caption = "TulSplit", .run = cmdLogoSplit, .enabled = canSplit},
+        {.name = "cmdClef", .caption = "TulClef", .run = [] {}, .enabled = false},
+        {.name = "cmdLogoDur", .caption = "TulDur", .run = [] {}, .enabled = false},
+    };
+}
+
+void openWebsite() {
+    std::string address(version::website);
+    if (address.find("://") == std::string::npos) address.insert(0, paths.ProgramFolder + "\\");
+    const LaunchResult result = processes().openDocument(address);
+    if (!result.started)
+        MsgBox(address + " could not be opened." + std::string(CrLf) + result.failure, Buttons::ok,
+               Icon::exclamation);
+}
+
+Command editorEntry(const char* name, const char* caption, EditorCode code) {
+    return {.name = name,
+            .caption = caption,
+            .run = [code] { SetEditor(code); },
+            .checked = [code] { return editor.code == static_cast<int>(code); }};
+}
+
+Commands menuCommands() {
+    return {
+        editorEntry("mnuNotepad", "&Notepad", EditorCode::notepad),
+        editorEntry("mnuWordpad", "&Wordpad", EditorCode::wordpad),
+        {.name = "mnuSeeTextFile", .caption = "see &Text file (intelligently)", .run = SeeTextFile},
+        {.name = "mnuHelpTUL", .caption = "T&UL", .run = ShowOwnHelpFile, .enabled = asFound("mnuHelp")},
+        {.name = "mnuDebug", .caption = "S&upport", .run = WriteDebugSummary},
+        {.name = "mnuWebsite", .caption = "&Website", .run = openWebsite},
+        {.name = "mnuNamesStatus", .caption = "Names files status", .run = showNamesStatus},
+        {.name = "mnuRegistry", .caption = "&Registry", .run = ShowRegistry},
+    };
+}
+
+/// The row below the tabs. The options panel puts the preferred tab in front when it has closed.
+Commands rowCommands() {
+    return {
+        panelCommand("cmdProjectOptions", "Set project options", "frmGlobalOptions"),
+        {.name = "cmdViewProjectOptions",
+         .caption = "View project options",
+         .run = [] { ViewWithEditor(paths.OptionsFilePath); }},
+        {.name = "cmdLogoBackupStatus", .caption = "Backup status", .run = cmdLogoBackupStatus},
+        {.name = "cmdCycle",
+         .caption = "Restore",
+         .run = cmdCycle,
+         .toolTip = "Restore the most recent backup of the selected files"},
+        {.name = "cmdExit", .caption = "Exit", .run = exitProgram},
+    };
+}
+
+Commands placeCommands() {
+    return {
+        {.name = "cmdMinimize",
+         .caption = "Minimize",
+         .run = [] { face().minimizePanel(); },
+         .toolTip = [] { return mainPanel.cmdMinimizeTip; }},
+        {.name = "cmdTopLeft", .caption = "Top left", .run = [] { movePanelTopLeft(mainPanel.place); }},
+        {.name = "cmdTopRite", .caption = "Top right", .run = [] { movePanelTopRight(mainPanel.place); }},
+    };
+}
+
+/// What a face fires without a button: clicks on backgrounds, and the timer.
+Commands eventCommands() {
+    return {
+        {.name = "frmLogoClick",
+         .caption = "Click on the background: centre",
+         .run = [] { centrePanel(mainPanel.place); }},
+        {.name = "frmLogoDblClick",
+         .caption = "Double click on the background: details",
+         .run = ShowDetailsBox},
+        {.name = "Picture1DblClick",
+         .caption = "Double click on the picture: settings of the machine",
+         .run = [] { ViewInPanel(paths.ControlFilePath); }},
+        {.name = "Timer1",
+         .caption = "Timer: remember the place",
+         .run = [] { savePanelCoordinates(mainPanel.place); }},
+    };
+}
+
+std::vector<Field> fields() {
+    return {
         {.name = "tabLogo",
          .kind = FieldKind::tab,
          .value = &mainPanel.tabLogo,
+         .toolTip = "Set the preferred panel tab in Set project options>Other.",
          .visible = [] { return mainPanel.tabsVisible; },
          .choices = 4},
         {.name = "lstTextFiles",
@@ -30,32 +216,22 @@ Panel makeLogoPanel() {
              },
          .visible = [] { return mainPanel.lstTextFiles.visible; }},
     };
-    panel.commands = {
-        {.name = "mnuNotepad",
-         .caption = std::string("&Notepad"),
-         .run = [] { SetEditor(EditorCode::notepad); }},
-        {.name = "mnuWordpad",
-         .caption = std::string("&Wordpad"),
-         .run = [] { SetEditor(EditorCode::wordpad); }},
-        {.name = "mnuSeeTextFile",
-         .caption = std::string("see &Text file (intelligently)"),
-         .run = SeeTextFile},
-        {.name = "mnuDebug", .caption = std::string("S&upport"), .run = WriteDebugSummary},
-        {.name = "mnuNamesStatus", .caption = std::string("Names files status"), .run = showNamesStatus},
-        {.name = "mnuRegistry", .caption = std::string("&Registry"), .run = ShowRegistry},
-        {.name = "cmdViewProjectOptions",
-         .caption = std::string("View project options"),
-         .run = [] { ViewWithEditor(paths.OptionsFilePath); }},
-        {.name = "cmdLogoBackupStatus", .caption = std::string("Backup status"), .run = cmdLogoBackupStatus},
-        {.name = "cmdCycle",
-         .caption = std::string("Restore"),
-         .run = cmdCycle,
-         .toolTip = std::string("Restore the most recent backup of the selected files")},
-        // No button: a double click on the panel's background.
-        {.name = "frmLogoDblClick", .caption = std::string("Details"), .run = ShowDetailsBox},
-        {.name = "cmdExit", .caption = std::string("Exit"), .run = exitProgram},
-    };
-    panel.load = [caption = panel.caption] { frontPanelCaption = caption; };
+}
+
+}  // namespace
+
+Panel makeLogoPanel() {
+    Panel panel;
+    panel.name = "frmLogo";
+    panel.caption = mainPanel.caption;
+    panel.fields = fields();
+    for (const auto commands : {panelCommands, launchCommands, checkedCommands, menuCommands, rowCommands,
+                                placeCommands, eventCommands})
+        append(panel.commands, commands());
+    Command& preProcess = *panel.command("cmdTulSplitPreProcess");
+    preProcess.visible = [] { return mainPanel.preProcessVisible; };
+    panel.place = &mainPanel.place;
+    panel.focus = [] { return mainPanel.focus; };
     return panel;
 }
 

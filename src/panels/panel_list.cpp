@@ -1,6 +1,7 @@
 #include "panels/panel_list.h"
 
 #include "base/text.h"
+#include "panels/about_panels.h"
 #include "panels/edit_panel.h"
 #include "panels/global_options_panel.h"
 #include "panels/logo_panel.h"
@@ -13,8 +14,7 @@ namespace tul {
 
 const std::vector<PanelEntry>& panelList() {
     static const std::vector<PanelEntry> panels = {
-        {"frmLogo", "logo", "", "the main panel: editors, text files, status of the names files",
-         makeLogoPanel},
+        {"frmLogo", "logo", "", "the main panel: opens the tools, launches the utilities", makeLogoPanel},
         {"frmValid", "valid", "validate", "check the structure of music files", makeValidPanel},
         {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", makePmxPanel},
         {"frmResiz", "resiz", "resize", "change sizes of notes, slurs, staves, symbols, numbers and texts",
@@ -23,6 +23,8 @@ const std::vector<PanelEntry>& panelList() {
          makeEditPanel},
         {"frmGlobalOptions", "globaloptions", "options",
          "the choices of a project: folder, suffix, fonts, sizes", makeGlobalOptionsPanel},
+        {"frmAbout", "about", "", "version of the program, disclaimer, system information", makeAboutPanel},
+        {"frmColor", "color", "", "what the colors of the panels mean", makeColorPanel},
         {"frmNotepad", "notepad", "", "the built-in viewer of text files", makeNotepadPanel},
     };
     return panels;

@@ -83,7 +83,8 @@ Panel makePmxPanel() {
          .caption = [] { return pmxRun.control.returnCaption; },
          .run = [] { pmxRun.control.press(); }},
     };
-    panel.load = [caption = panel.caption] { loadToolPanel(caption, pmxPanel.place); };
+    panel.load = [] { loadToolPanel(pmxPanel.place); };
+    panel.place = &pmxPanel.place;
     panel.closed = [] { return pmxRun.control.closed; };
     return panel;
 }

@@ -201,9 +201,10 @@ Panel makeResizPanel() {
          {noteAndSlurFields(), staffAndSymbolFields(), numberFields(), textAndPlaceholderFields()})
         panel.fields.insert(panel.fields.end(), fields.begin(), fields.end());
     panel.commands = commands();
-    panel.load = [caption = panel.caption] {
+    panel.place = &resizPanel.place;
+    panel.load = [] {
         resize::fillFromProjectSettings();
-        loadToolPanel(caption, resizPanel.place);
+        loadToolPanel(resizPanel.place);
     };
     panel.closed = [] { return resizing.control.closed; };
     return panel;

@@ -1,14 +1,12 @@
 #include "panels/tool_panel.h"
 
-#include "centre/main_panel.h"
 #include "centre/names_file.h"
 #include "centre/panel_place.h"
 #include "shared/records.h"
 
 namespace tul {
 
-void loadToolPanel(const std::string& caption, PanelPlace& place) {
-    frontPanelCaption = caption;
+void loadToolPanel(PanelPlace& place) {
     place.height = heightOfPanels();
     positionPanel(place);
     ReadNamesFile();

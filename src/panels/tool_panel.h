@@ -8,7 +8,7 @@
 namespace tul {
 
 /// The load step of a tool panel: its place, and the selection that it will work on.
-void loadToolPanel(const std::string& caption, PanelPlace& place);
+void loadToolPanel(PanelPlace& place);
 
 /// The select button: a click runs the selection program with `message` as its prompt (empty: none), a drop
 /// takes the files over.

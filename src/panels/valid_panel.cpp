@@ -67,9 +67,10 @@ Panel makeValidPanel() {
          .caption = [] { return validation.control.returnCaption; },
          .run = [] { validation.control.press(); }},
     };
-    panel.load = [caption = panel.caption] {
+    panel.place = &validPanel.place;
+    panel.load = [] {
         validation.txtValidRange = plain(projectSettings.StaffRange);
-        loadToolPanel(caption, validPanel.place);
+        loadToolPanel(validPanel.place);
         showFirstName();
     };
     panel.closed = [] { return validation.control.closed; };

@@ -114,7 +114,7 @@ PanelAnswer Panel::click(std::string_view fieldName) {
 PanelAnswer Panel::press(std::string_view commandName) {
     Command* const target = command(commandName);
     if (!target) return PanelAnswer::unknown;
-    if (closed() || !target->enabled()) return PanelAnswer::disabled;
+    if (closed() || !target->visible() || !target->enabled()) return PanelAnswer::disabled;
     target->run();
     return PanelAnswer::done;
 }

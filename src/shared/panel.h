@@ -68,6 +68,8 @@ struct Command {
     std::function<void()> run;
     Live<bool> enabled = true;
     Live<std::string> toolTip = std::string();
+    Live<bool> visible = true;
+    Live<bool> checked = false;  // a menu entry with a check mark
     /// Files dropped on it, in the installation's form; empty where it takes none.
     std::function<void(const std::vector<std::string>&)> drop = {};
 };
@@ -94,7 +96,13 @@ class Panel {
     std::string runCommand;      // what a batch run presses when it names none
     std::function<void()> load;  // the panel's load step
     Live<bool> closed = false;   // its return button has unloaded it
-    Live<int> exitStatus = 0;    // of a batch run that came to its end
+    /// What the opener does once the panel has closed. A face calls it when the panel behind is in front
+    /// again.
+    std::function<void()> unload;
+    Live<int> exitStatus = 0;  // of a batch run that came to its end
+    /// A face with a screen puts the window here after each command, and stores where the user moved it.
+    PanelPlace* place = nullptr;
+    Live<std::string> focus = std::string();  // the control that has it when the panel is first shown
 
     Field* field(std::string_view fieldName);
     Command* command(std::string_view commandName);

@@ -100,6 +100,17 @@ TEST_F(BackupRestore, StopsWhereAFileCannotBeReplacedAndLosesNone) {
     EXPECT_EQ(host.read("B.BKU"), "B.BKU");
 }
 
+TEST_F(BackupRestore, GoesThroughALinkToThePageItself) {
+    std::filesystem::create_directory(host.nativeFolder() / "scores");
+    write({"scores/page", "A.BKU"});
+    std::filesystem::create_symlink("scores/page", host.nativeFolder() / "A.MUS");
+    select({"A.MUS"});
+    host.answers = {Answer::yes};
+    cmdCycle();
+    EXPECT_EQ(host.read("scores/page"), "A.BKU");
+    EXPECT_TRUE(std::filesystem::is_symlink(host.nativeFolder() / "A.MUS"));
+}
+
 TEST_F(BackupRestore, FilesThatShareASeriesCannotBothGoBack) {
     write({"A.MUS", "A.PMX", "A.BKU"});
     select({"A.MUS", "A.PMX"});

@@ -148,8 +148,8 @@ TEST_F(NamesFile, ComesFromTheSelectionProgram) {
         return 0;
     };
     SelectFiles("Select Score music file(s)", tip);
-    ASSERT_EQ(host.launches.size(), 1U);
-    EXPECT_EQ(host.launches[0],
+    EXPECT_EQ(host.events, (std::vector<std::string>{"hide", "launch " + host.path("TULNAMES.EXE"), "show"}));
+    EXPECT_EQ(host.launches.at(0),
               host.path("TULNAMES.EXE") + " STARTDIR=" + host.folder() +
                   ",SUFFIX=MUS,MUSFOLDER=Z:\\MUSIC,NAMESFILE=NAMES.TUL,DEBUG=NO,MSG=Select Score "
                   "music file(s)");
@@ -201,6 +201,8 @@ TEST_F(NamesFile, AFolderIsTheLastLineThatIsNoComment) {
     host.write("TULFOLDR.EXE", "x");
     host.programs["TULFOLDR.EXE"] = [](const std::string&) { return 0; };
     SelectFolder("Select AFM folder");
+    EXPECT_EQ(host.events,
+              (std::vector<std::string>{"wait", "hide", "launch TULFOLDR.EXE", "show", "ready"}));
     EXPECT_EQ(host.launches.back(), "TULFOLDR.EXE REMARK=Select AFM folder,STARTDIR=" + host.folder() +
                                         ",FILE=TULFOLDR.TUL,DEBUG=NO");
 }

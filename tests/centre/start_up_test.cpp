@@ -74,6 +74,62 @@ TEST_F(StartingUp, EndsInAStateFromWhichToolsAreCalled) {
     EXPECT_EQ(profile["InitialFolder"], host.folder());
 }
 
+TEST_F(StartingUp, ShowsThePanelOnceItStandsAndThenChecksTheProject) {
+    host.write("TULPROJ.PRO", "BypassDecimalTest=0\r\n");
+    host.decimalSymbol = ',';
+    StartUp();
+    EXPECT_EQ(host.events,
+              (std::vector<std::string>{
+                  "ready", "profile StartTime", "profile OS", "profile PT", "wait", "launch TULMONIT.EXE",
+                  "ready", "profile TOP", "profile LEFT", "open frmLogo", "profile InitialFolder",
+                  "message Your system has defined the Decimal Symbol as a comma. TUL works "
+                  "best if this is a period."}));
+    EXPECT_EQ(mainPanel.focus, "cmdProjectOptions");
+    EXPECT_EQ(mainPanel.place.height, 6860);
+
+    host.events.clear();
+    EXPECT_EQ(endOf(exitProgram), 0);
+    EXPECT_EQ(host.events, (std::vector<std::string>{"profile TOP", "profile LEFT", "profile StartTime"}));
+}
+
+TEST_F(StartingUp, EnablesTheMenusByWhatIsLinked) {
+    host.write("TULINPUT.EXE", "x");
+    StartUp();
+    for (const char* entry : {"mnuVersion", "mnuScoreEngine", "cmdLascor", "cmdMidiScor", "cmdLogoInput"})
+        EXPECT_FALSE(mainPanel.isEnabled(entry)) << entry;
+    EXPECT_TRUE(mainPanel.isEnabled("mnuHelp"));
+    EXPECT_FALSE(mainPanel.preProcessVisible);
+
+    for (const char* name : {"TULVERSION.EXE", "TULSPLIP.EXE", "TULINPUT.TXT", "TULC.EXE", "LINK.EXE"})
+        host.write(name, "x");
+    const std::string link = "=" + host.path("LINK.EXE") + "\r\n";
+    host.write("TULCNTRL.INI", controlFile("v8.0.0.200", "ScoreEngineProgramPath" + link + "LascorPath" +
+                                                             link + "MidiScorPath" + link));
+    StartUp();
+    for (const char* entry : {"mnuVersion", "mnuScoreEngine", "cmdLascor", "cmdMidiScor", "cmdLogoInput"})
+        EXPECT_TRUE(mainPanel.isEnabled(entry)) << entry;
+    EXPECT_TRUE(mainPanel.preProcessVisible);
+    EXPECT_EQ(mainPanel.cmdLogoInputCaption, "TulInput");
+    host.write("TULINPUTW.EXE", "x");
+    StartUp();
+    EXPECT_EQ(mainPanel.cmdLogoInputCaption, "TulInputW");
+    EXPECT_FALSE(mainPanel.isEnabled("cmdLogoInput")) << "the later test wins";
+}
+
+TEST_F(StartingUp, TakesTheDateFormFromTheSystem) {
+    std::filesystem::create_directories(host.nativeFolder() / ".wine/dosdevices");
+    std::filesystem::create_directory_symlink(host.nativeFolder(),
+                                              host.nativeFolder() / ".wine/dosdevices/c:");
+    std::filesystem::create_directory(host.nativeFolder() / "Windows");
+    host.write(
+        "Windows/WIN.INI",
+        "sDate=x\r\n [Intl]\r\nsTime=x\r\n[intl] \r\nsDate=.\r\nsShortDate=yy=M\r\n[other]\r\nsDate=y\r\n");
+    StartUp();
+    EXPECT_EQ(dateSettings.dateSeparator, ".");
+    EXPECT_EQ(dateSettings.timeSeparator, ":");
+    EXPECT_EQ(dateSettings.shortDateFormat, "yy=M");
+}
+
 TEST_F(StartingUp, RewritesTheControlFileWithThisExecution) {
     StartUp();
     const std::string text = host.read("TULCNTRL.INI");
@@ -99,6 +155,7 @@ TEST_F(StartingUp, TellsEveryMissingModuleBeforeItEnds) {
     EXPECT_TRUE(host.exists("TULVERSION.TXT"));
     EXPECT_FALSE(host.exists("TULCNTRL.INI"));
     EXPECT_FALSE(host.exists("TULPROJ.PRO"));
+    EXPECT_TRUE(host.opened.empty()) << "the panel is never shown";
 }
 
 TEST_F(StartingUp, EndsInAFolderThatCannotBeWritten) {

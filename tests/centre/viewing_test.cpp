@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "centre/launching.h"
 #include "centre/main_panel.h"
 #include "shared/records.h"
 #include "support/scripted_host.h"
@@ -12,52 +11,6 @@ namespace {
 
 using testing::endOf;
 using testing::ScriptedHost;
-
-TEST(Launching, RunsAProgramByItsFileName) {
-    ScriptedHost host;
-    host.programs["TULRECOV.EXE"] = [](const std::string&) { return 255; };
-    ShellAndWait("Z:\\TUL\\TULRECOV.EXE Z:\\A.EXE.MUS 12");
-    EXPECT_EQ(host.launches.back(), "TULRECOV.EXE Z:\\A.EXE.MUS 12");
-    EXPECT_TRUE(host.messages.empty()) << "a utility's own failure is not seen";
-}
-
-TEST(Launching, DoublesACharacterOfScoresArgumentsOnWindows2000) {
-    ScriptedHost host;
-    host.programs["SCORE.EXE"] = [](const std::string&) { return 0; };
-    identity.OsCode = "2K Test";
-    ShellAndWait("C:\\SCORE\\SCORE.EXE ABC");
-    EXPECT_EQ(host.launches.back(), "SCORE.EXE AABC");
-}
-
-TEST(Launching, FindsTheEndOfAProgramInAnyFolder) {
-    ScriptedHost host;
-    host.programs["TULFOLDR.EXE"] = [](const std::string&) { return 0; };
-    host.programs["TULNAMES.EXE"] = [](const std::string&) { return 0; };
-    ShellAndWait("Z:\\m.exeter\\TULFOLDR.EXE FILE=A");
-    EXPECT_EQ(host.launches.back(), "TULFOLDR.EXE FILE=A");
-    ShellAndWait("Z:\\j.bates\\TULNAMES.EXE FILE=A");
-    EXPECT_EQ(host.launches.back(), "Z:\\j.bates\\TULNAMES.EXE FILE=A");
-    ShellAndWait("Z:\\ScoreEngine\\TULFOLDR.EXE FILE=A");
-    EXPECT_EQ(host.launches.back(), "Z:\\ScoreEngine\\TULFOLDR.EXE FILE=A");
-    EXPECT_TRUE(host.messages.empty());
-}
-
-TEST(Launching, StartsBatchFilesDirectlyAndEndsWhenThatFails) {
-    ScriptedHost host;
-    host.programs["GO.BAT"] = [](const std::string&) { return 0; };
-    ShellAndWait("Z:\\TUL\\GO.BAT 1 2");
-    EXPECT_EQ(host.launches.back(), "Z:\\TUL\\GO.BAT 1 2");
-    host.programs["GO.BAT"] = [](const std::string&) { return -1; };
-    EXPECT_EQ(endOf([] { ShellAndWait("Z:\\TUL\\GO.BAT 1 2"); }), 1);
-    EXPECT_EQ(host.messages.back(), "Failed to execute Z:\\TUL\\GO.BAT 1 2");
-}
-
-TEST(Launching, EndsAtACommandThatNamesNoProgram) {
-    ScriptedHost host;
-    EXPECT_EQ(endOf([] { ShellAndWait("gedit Z:\\A.TXT"); }), 1);
-    EXPECT_EQ(host.messages.back(),
-              "ShellAndWait error: gedit Z:\\A.TXT\r\nAssure that TUL knows where NOTEPAD/WORDPAD are.");
-}
 
 class Viewing : public ::testing::Test {
   protected:
@@ -89,7 +42,7 @@ TEST_F(Viewing, TakesTheChosenEditorWhereItCanBeFound) {
 }
 
 TEST_F(Viewing, FillsTheBuiltInViewer) {
-    frontPanelCaption = "TUL";
+    host.frontCaption = "TUL";
     ViewInPanel(host.path("gone.txt"));
     EXPECT_EQ(host.messages.back(), "View via Tul viewer of non-existing file: " + host.path("gone.txt"));
     ViewInPanel(host.path("report.prn"));

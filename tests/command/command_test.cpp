@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "base/text.h"
+#include "centre/main_panel.h"
 #include "command/arguments.h"
 #include "command/command_run.h"
 #include "samples/page_builder.h"
@@ -226,6 +227,44 @@ TEST_F(Tulcmd, SetsANewInstallationUpByAnswers) {
               std::string::npos);
     EXPECT_NE(outcome.out.find("\nGOOD.MUS "), std::string::npos) << "the files given are selected behind it";
     EXPECT_TRUE(host.launches.empty() || host.launches.back() == "TULMONIT.EXE");
+}
+
+TEST_F(Tulcmd, ActsOnThePanelThatACommandHasOpened) {
+    run({"valid", page("good.mus")});
+    const Outcome tool = run({"logo", "--press", "cmdValid", "--press", "cmdValidateRun", "--press",
+                              "cmdValidateReturn", "--press", "mnuNamesStatus"});
+    EXPECT_EQ(tool.status, 0) << tool.err;
+    EXPECT_TRUE(tool.out.starts_with("MUS File validation "));
+    EXPECT_NE(tool.err.find("1 name(s) in "), std::string::npos);
+
+    const Outcome options = run({"logo", "--press", "cmdProjectOptions", "--set", "optPanelPreference=2",
+                                 "--press", "cmdGlobalOptionsReturn", "--press", "mnuNamesStatus"});
+    EXPECT_EQ(options.status, 0) << options.err;
+    EXPECT_NE(host.read("TULPROJ.PRO").find("PanelPreference=2\r\n"), std::string::npos);
+    EXPECT_EQ(mainPanel.tabLogo, 2) << "the preferred tab comes to the front";
+
+    run({"--no", "valid", page("bad.mus")});
+    EXPECT_EQ(
+        run({"logo", "--press", "cmdValid", "--press", "cmdValidateRun", "--press", "cmdValidateReturn"})
+            .status,
+        3)
+        << "the tool's status is that of the run";
+    const Outcome back =
+        run({"logo", "--press", "cmdValid", "--press", "cmdValidateReturn", "--press", "Picture1DblClick"});
+    EXPECT_NE(back.out.find("\\TULCNTRL.INI - file TUL Control Center - v8.0.0.200\n"), std::string::npos)
+        << "the main panel is in front again";
+}
+
+TEST_F(Tulcmd, RefusesWhatThePanelInFrontDoesNotHave) {
+    const Outcome behind = run({"logo", "--press", "cmdValid", "--press", "mnuNamesStatus"});
+    EXPECT_EQ(behind.status, exitUsage);
+    EXPECT_EQ(behind.err, "frmValid has no command mnuNamesStatus.\nSee: tulcmd valid --list\n");
+    EXPECT_EQ(run({"logo", "--press", "cmdCombi"}).err,
+              "cmdCombi is not enabled now.\nSee: tulcmd logo --list\n");
+    const Outcome nowhere = run({"logo", "--press", "cmdValid", "--press", "cmdNowhere"});
+    EXPECT_EQ(nowhere.err, "frmLogo has no command cmdNowhere.\nSee: tulcmd logo --list\n");
+    EXPECT_EQ(run({"logo", "--press", "cmdValidateRun"}).err,
+              "frmLogo has no command cmdValidateRun.\nSee: tulcmd logo --list\n");
 }
 
 TEST_F(Tulcmd, ListsAPanel) {

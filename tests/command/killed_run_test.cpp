@@ -26,6 +26,15 @@ using testing::ScriptedHost;
 constexpr int pageCount = 500;
 constexpr int kills = 200;
 
+/// A folder in memory where the machine has one: a kill leaves the same there, and a run takes a fifth of the
+/// time.
+struct FolderInMemory {
+    FolderInMemory() {
+        if (::access("/dev/shm", W_OK) == 0) setenv("TMPDIR", "/dev/shm", 1);
+    }
+    ~FolderInMemory() { unsetenv("TMPDIR"); }
+};
+
 /// A process that rewrites five hundred pages, each with a backup, and that is killed on the way.
 class KilledRun : public ::testing::Test {
   protected:
@@ -111,6 +120,7 @@ class KilledRun : public ::testing::Test {
 
     const std::vector<std::string> resize = {"--no",       "--set", "chkResizBackup=1",       "--set",
                                              "tabResiz=2", "--set", "txtResizeStaffSize=0.9", "resiz"};
+    const FolderInMemory inMemory;  // before the folder is made
     ScriptedHost host;
     const fs::path home = host.nativeFolder();
     std::vector<std::string> pages;

@@ -40,8 +40,8 @@ struct Outcome {
 class Installation : public ::testing::Test {
   protected:
     Installation() {
-        for (const char* name :
-             {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULSCORE.EXE", "TULSKORE.EXE"})
+        for (const char* name : {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULRECOV.EXE",
+                                 "TULSCORE.EXE", "TULSKORE.EXE"})
             fs::create_symlink(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
         // A copy: the program takes the folder in which it truly lies for its installation.
         fs::copy(fs::path(TUL_PROGRAM_FOLDER) / "TULCMD.EXE", home / "TULCMD.EXE");
@@ -115,6 +115,60 @@ TEST_F(Installation, ScoreIsOpenedWhereItIsLinked) {
     host.write("TULCNTRL.INI", "ScorePath=" + host.path("score\\SCORE.EXE") + "\r\n");
     EXPECT_EQ(run("./TULSCORE.EXE 'Z:\\A.MUS,,'").out, (home / "score").string() + " [Z:\\A.MUS]\n");
     EXPECT_EQ(run("./TULSCORE.EXE '.,,'").out, (home / "score").string() + " []\n");
+}
+
+const std::string rest = testing::words({3, 2, 1, 40});
+const std::string damagedPage = testing::pageOf(rest + testing::words({1}) + rest + rest + rest);
+
+TEST_F(Installation, ValidationsOfferRecoversAPage) {
+    fs::create_directory(home / "my music");
+    host.write("my music/page.mus", damagedPage);
+    run("./TULCMD.EXE --no logo --press mnuNamesStatus");
+    const Outcome offered = run("./TULCMD.EXE --yes valid 'my music/page.mus'");
+    EXPECT_EQ(offered.status, 3) << offered.out;
+    EXPECT_NE(offered.out.find("Items kept:        1\nItems found again: 3\nItems lost:        none"),
+              std::string::npos)
+        << offered.out;
+    EXPECT_EQ(host.read("my music/PAGE.BKU"), damagedPage);
+    EXPECT_EQ(host.read("my music/page.mus"), testing::pageOf(rest + rest + rest + rest));
+    EXPECT_EQ(run("./TULCMD.EXE valid").status, 0);
+
+    const Outcome sound = run("./TULRECOV.EXE 'my music/page.mus' 4");
+    EXPECT_EQ(sound.status, 0);
+    EXPECT_NE(sound.out.find("is not damaged: 4 items. Nothing was changed."), std::string::npos);
+    EXPECT_FALSE(host.exists("my music/PAGE.BKV"));
+}
+
+TEST_F(Installation, APageIsNotRecoveredWithoutABackup) {
+    const auto refused = [&](const std::string& arguments, const std::string& why) {
+        const Outcome outcome = run("./TULRECOV.EXE " + arguments);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_NE(outcome.out.find("TULRECOV: " + why), std::string::npos) << outcome.out;
+        EXPECT_EQ(outcome.out.find("Items kept"), std::string::npos);
+    };
+    for (const char* arguments : {"", "12", "page.mus", "page.mus -1", "page.mus 1.5", "page.mus 99999"})
+        refused(arguments, "a page and the number of its good items are needed");
+    refused("none.mus 1", "the page could not be read");
+    host.write("empty.mus", "");
+    refused("empty.mus 1", "no items of music were found");
+    EXPECT_FALSE(host.exists("EMPTY.BKU"));
+
+    host.write("PAGE.BKU", damagedPage);
+    refused("'" + host.path("PAGE.BKU") + "' 1",
+            "Invalid suffix in filename [" + host.path("PAGE.BKU") + "].");
+    for (const char letter : {'V', 'W', 'X', 'Y', 'Z'}) host.write(std::string("PAGE.BK") + letter, "old");
+    host.write("page.mus", damagedPage);
+    refused("page.mus 1", "The maximum number of backups exists.");
+    fs::create_symlink("/dev/full", home / "FULL.BKU");
+    host.write("full.mus", damagedPage);
+    refused("full.mus 1", "Failed to take backup copy of file");
+    EXPECT_EQ(host.read("page.mus") + host.read("full.mus") + host.read("PAGE.BKU"),
+              damagedPage + damagedPage + damagedPage);
+
+    host.write("locked.mus", damagedPage);
+    fs::permissions(home / "locked.mus", fs::perms::owner_read);
+    refused("locked.mus 1", "the page could not be written and stays as it was");
+    EXPECT_EQ(host.read("locked.mus"), damagedPage);
 }
 
 TEST_F(Installation, TulcmdWorksAsAProcess) {

@@ -11,8 +11,12 @@ namespace {
 
 /// Writes down what it was called with, a line for each argument, and where.
 const std::string recorder = "#!/bin/sh\n{ printf '%s\\n' \"$@\"; pwd; } > record\n";
-const std::string windowsProgram = "MZ" + std::string(0x3A, ' ') + std::string("\x48\0\0\0", 4) +
-                                   std::string(8, ' ') + std::string("PE\0\0", 4);
+
+/// What begins as a DOS program, with the mark of another kind behind it.
+std::string programMarked(const std::string& mark) {
+    return "MZ" + std::string(0x3A, ' ') + std::string("\x48\0\0\0", 4) + std::string(8, ' ') + mark;
+}
+const std::string windowsProgram = programMarked(std::string("PE\0\0", 4));
 
 class LinuxProcessesTest : public testing::Test {
   protected:
@@ -87,6 +91,8 @@ TEST_F(LinuxProcessesTest, AProgramThatCannotBeStartedIsToldInWords) {
 
 TEST_F(LinuxProcessesTest, WindowsAndDosProgramsGoThroughTheirEmulatorsOrSayWhatIsMissing) {
     folder.put("my work/TulPage.exe", windowsProgram);
+    folder.put("my work/tulw16.exe", programMarked("NE\5\1"));
+    folder.put("my work/extended.exe", programMarked(std::string("LE\0\0", 4)));
     folder.put("my work/score.exe", "MZ and no more");
     folder.put("my work/go.bat", "echo off\r\n");
     {
@@ -96,6 +102,8 @@ TEST_F(LinuxProcessesTest, WindowsAndDosProgramsGoThroughTheirEmulatorsOrSayWhat
     }
     folder.put("bin/wine", recorder, 0755);
     folder.put("bin/dosbox", recorder, 0755);
+    EXPECT_EQ(recorded("TULW16.EXE", ""), folder.native("my work/tulw16.exe") + "\n" + here);
+    EXPECT_NE(recorded("EXTENDED.EXE", "").find("mount c "), std::string::npos);
     EXPECT_EQ(recorded("TULPAGE.EXE", "A B"), folder.native("my work/TulPage.exe") + "\nA\nB\n" + here);
     const std::string mount = "-c\nmount c \"" + folder.native("my work") + "\"\n";
     EXPECT_EQ(recorded("SCORE.EXE", "A,, B"), mount + "-c\nc:\n-c\nscore.exe A,, B\n-c\nexit\n" + here);
@@ -104,6 +112,68 @@ TEST_F(LinuxProcessesTest, WindowsAndDosProgramsGoThroughTheirEmulatorsOrSayWhat
     EXPECT_EQ(recorded("SCORE.EXE", ""), mount + "-c\nmount d \"" + folder.native("bin") +
                                              "\"\n-c\nc:\n-c\nd:\\score.exe\n-c\nexit\n" + here);
     EXPECT_TRUE(processes.canFind("tulpage.exe"));
+}
+
+TEST_F(LinuxProcessesTest, ADosProgramFindsThePathsOfItsArgumentsOnDrives) {
+    folder.put("bin/dosbox", recorder, 0755);
+    folder.put("my work/score.exe", "MZ");
+    folder.makeFolder("my, pages");
+    folder.put("my, pages/Page 1.mus", "");
+    const auto mount = [this](const char* drive, const std::string& name) {
+        return std::string("-c\nmount ") + drive + " \"" + folder.native(name) + "\"\n";
+    };
+    const auto typed = [this](const std::string& line) {
+        return "-c\nc:\n-c\nscore.exe " + line + "\n-c\nexit\n" + here;
+    };
+    const std::string page = folder.installation("MY, PAGES\\PAGE 1.MUS");
+    const std::string both = mount("c", "my work") + mount("d", "my, pages");
+    EXPECT_EQ(recorded("SCORE.EXE", " " + page + ",, " + page + " A"),
+              both + typed("d:\\Page 1.mus,, d:\\Page 1.mus A"));
+    EXPECT_EQ(recorded("SCORE.EXE", "STARTDIR=" + folder.installation("my work") + ",FILE=" + page + ",A=1"),
+              both + typed("STARTDIR=c:,FILE=d:\\Page 1.mus,A=1"));
+    EXPECT_EQ(recorded("SCORE.EXE", "LIST=" + page + "," + folder.installation("bin\\new.mus") + ","),
+              both + mount("e", "bin") + typed("LIST=d:\\Page 1.mus,e:\\new.mus,"));
+    EXPECT_EQ(recorded("SCORE.EXE", "Z:\\none\\page.mus ab:\\c"),
+              mount("c", "my work") + typed("Z:\\none\\page.mus ab:\\c"));
+}
+
+TEST_F(LinuxProcessesTest, WhatDosCannotBeGivenIsToldInWords) {
+    folder.put("bin/dosbox", recorder, 0755);
+    folder.put("my work/score.exe", "MZ");
+    folder.makeFolder("50% \"off\"");
+    folder.put("50% \"off\"/a.mus", "");
+    EXPECT_EQ(recorded("SCORE.EXE", "A>B"),
+              "score.exe cannot be started: DOS has a meaning of its own for < > | and %.");
+    finder.changeFolder(folder.installation("50% \"off\""));
+    EXPECT_EQ(
+        recorded(folder.installation("my work\\score.exe"), ""),
+        "score.exe cannot be started: DOS cannot reach the folder " + folder.native("50% \"off\"") + ".");
+    finder.changeFolder(folder.installation("my work"));
+    std::string many = "LIST=";
+    for (int number = 0; number < 23; ++number) {
+        folder.makeFolder("f" + std::to_string(number));
+        many += folder.installation("f" + std::to_string(number)) + ",";
+    }
+    EXPECT_EQ(recorded("SCORE.EXE", many),
+              "score.exe cannot be started: its files lie in more folders than DOS has drives.");
+}
+
+TEST_F(LinuxProcessesTest, ADocumentIsHandedOverWithoutWaiting) {
+    folder.put("my work/guide.html", "");
+    {
+        const EnvironmentVariable bare("PATH", folder.native("bin").c_str());
+        EXPECT_EQ(processes.openDocument("GUIDE.HTML").failure, "xdg-open is not installed.");
+    }
+    folder.put("bin/xdg-open", "#!/bin/sh\nread go < gate\necho \"$@\" > record\nmv record opened\n", 0755);
+    ASSERT_EQ(::mkfifo(folder.native("my work/gate").c_str(), 0600), 0);
+    EXPECT_TRUE(processes.openDocument("GUIDE.HTML").started);
+    EXPECT_FALSE(std::filesystem::exists(folder.native("my work/opened"))) << "it is still waiting for us";
+    folder.put("my work/gate", "go\n", 0600);
+    while (!std::filesystem::exists(folder.native("my work/opened"))) ::usleep(1000);
+    EXPECT_EQ(folder.get("my work/opened"), folder.native("my work/guide.html") + "\n");
+    EXPECT_TRUE(processes.openDocument("https://example.org/tul").started);
+    folder.put("my work/gate", "go\n", 0600);
+    while (folder.get("my work/opened") != "https://example.org/tul\n") ::usleep(1000);
 }
 
 TEST_F(LinuxProcessesTest, AStartedProgramInheritsNeitherOpenFilesNorIgnoredSignals) {

@@ -52,6 +52,10 @@ TEST(TakingABackup, ThatFailsIsToldWithItsReason) {
     EXPECT_FALSE(TakeBackup(path));
     EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + " Error code = 53");
     host.write("PAGE.MUS", "music");
+    // There, but not to be opened: it is not overwritten.
+    std::filesystem::create_directory(host.nativeFolder() / "PAGE.BKU");
+    EXPECT_FALSE(TakeBackup(path));
+    EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + " Error code = 58");
     host.faultyFiles().refusals["PAGE.BKU"] = FileError::diskFull;
     EXPECT_FALSE(TakeBackup(path));
     EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + ". Drive full.");

@@ -112,6 +112,7 @@ TEST_F(PipelineRun, LeavesDeletedRowsOutAndAnEmptyTableAlone) {
     add({14, 1});
     EXPECT_EQ(written(), pageOf(words({2, 13, 1, 2, 14, 1})));
     pipeline.dropsCode13 = true;
+    EXPECT_EQ(written(wholeForm), pageOf(words({2, 13, 1, 2, 14, 1}))) << "a choice of one tool only";
     EXPECT_EQ(written(renumForm), pageOf(words({2, 14, 1})));
 }
 
@@ -125,6 +126,11 @@ TEST_F(PipelineRun, RowsThatNoReaderTakesAreWrittenAndTold) {
     add({16, 1}, "");
     writeFile(resizForm);
     EXPECT_EQ(host.read("ZEROS.MUS"), pageOf(words({0, 13, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
+    for (const float code : {0.5F, 19.0F}) {
+        musItemTable.itemCount = 0;
+        add({code, 1});
+        EXPECT_FALSE(canBeReadAgain(musItemTable[1]));
+    }
     pipeline.readWhole = true;
     pipeline.currentPath = host.path("LONG.MUS");
     musItemTable.itemCount = 0;
@@ -189,8 +195,7 @@ TEST_F(PipelineRun, DamageEndsTheReadingButNotTheRun) {
     const std::string damaged = pageOf(staff + barline + words({1, 14, 1}));
     EXPECT_EQ(rewrite(damaged), pageOf(staff + barline));
     EXPECT_EQ(host.messages, std::vector<std::string>{structuralError});
-    EXPECT_EQ(report(),
-              "Rewritten from an incomplete reading, the rest of the items is missing: PAGE.MUS\r\n");
+    EXPECT_EQ(report(), "Rewritten from an incomplete reading, items may be missing: PAGE.MUS\r\n");
     for (const ToolForm& form : {barForm, wholeForm}) {
         EXPECT_EQ(rewrite(damaged, form), pageOf(staff + barline));
         EXPECT_EQ(rewrite(pageOf(staff + words({13, 15, 1})), form), pageOf(staff));
@@ -200,6 +205,33 @@ TEST_F(PipelineRun, DamageEndsTheReadingButNotTheRun) {
     store(damaged, splitForm);
     EXPECT_EQ(musItemTable.itemCount, 2);
     EXPECT_EQ(host.messages.size(), 1U) << "the others say nothing";
+}
+
+TEST_F(PipelineRun, APageOfAnotherLengthThanItSaysIsTold) {
+    const std::string cutTrailer = pageOf(staff + barline, trailer(true)).substr(0, 2 + 4 * 15);
+    const std::string lowCount = pageOf(staff + barline + barline + barline, trailer(), -8);
+    // The count leads to the end of an item, and the next ones are taken for the trailer.
+    EXPECT_EQ(rewrite(lowCount), pageOf(staff + barline, trailer(true)));
+    EXPECT_EQ(pipeline.incomplete.size(), 1U);
+    rewrite(cutTrailer);
+    rewrite(lowCount, barForm);
+    EXPECT_EQ(pipeline.incomplete.size(), 3U);
+    rewrite(pageOf(staff + barline) + "\x1A");
+    EXPECT_EQ(pipeline.incomplete.size(), 3U) << "less than a word behind the end is nothing";
+    EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(PipelineRun, APageWhoseWritingWasInterruptedIsLeftAlone) {
+    const std::string begun = header(0) + staff + barline;
+    EXPECT_EQ(rewrite(begun), begun);
+    EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(PipelineRun, ATextWithoutACountOfCharactersKeepsThem) {
+    for (const float count : {-1.0F, notANumber}) {
+        store(pageOf(words({16, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, count, 0}) + "_00Animus   "));
+        EXPECT_EQ(musItemTable[1].text, "_00Animus   ");
+    }
 }
 
 TEST_F(PipelineRun, DamageInTheFirstItemLeavesTheFileAlone) {
@@ -251,12 +283,14 @@ TEST_F(PipelineRun, TheTableIsFullAtTwoThousandItems) {
 
 TEST_F(PipelineRun, AReadOnlyFileEndsTheProgramAndStays) {
     const std::string bytes = pageOf(staff + barline);
+    pipeline.backup = true;
     store(bytes);
     std::filesystem::permissions(host.nativeFolder() / "PAGE.MUS", std::filesystem::perms::owner_read);
     EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
     EXPECT_EQ(host.messages.back(),
               "Attempt to rewrite Read-only file\r\n" + pipeline.currentPath + "\r\nRun canceled");
     EXPECT_EQ(host.read("PAGE.MUS"), bytes);
+    EXPECT_EQ(host.read("PAGE.BKU"), bytes) << "the backup stays";
 }
 
 TEST_F(PipelineRun, WhatCannotBeOpenedEndsTheProgramInTheToolsWords) {

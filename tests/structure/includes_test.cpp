@@ -42,7 +42,7 @@ const std::map<std::string, Rooms>& allowedRooms() {
             {"panels", toPanels},
             {"desktop", toFaces},
             {"command", toFaces},
-            {"companions", toMusic},
+            {"companions", toCentre},
         };
     }();
     return allowed;

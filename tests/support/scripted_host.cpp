@@ -28,9 +28,9 @@ FileError FaultyFiles::replace(const std::string& path, std::string_view bytes) 
     return refusal == refusals.end() ? real_.replace(path, bytes) : refusal->second;
 }
 
-FileError FaultyFiles::copy(const std::string& from, const std::string& to) {
+FileError FaultyFiles::copyToNew(const std::string& from, const std::string& to) {
     const auto refusal = refusals.find(std::string(fileNameOf(to)));
-    return refusal == refusals.end() ? real_.copy(from, to) : refusal->second;
+    return refusal == refusals.end() ? real_.copyToNew(from, to) : refusal->second;
 }
 
 struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
@@ -38,6 +38,7 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
     ScriptedHost& host;
 
     Answer msgBox(const Message& message) override {
+        host.events.push_back("message " + message.text.substr(0, message.text.find('\r')));
         host.messages.push_back(message.text);
         if (message.buttons == Buttons::ok) return Answer::ok;
         if (host.answers.empty()) return message.buttons == Buttons::yesNo ? Answer::no : Answer::cancel;
@@ -58,9 +59,16 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
         files().read(path, text);
         host.shown.push_back(text);
     }
-    void openPanel(const std::string& name) override { host.opened.push_back(name); }
-    void setPanelVisible(bool) override {}
-    void setPointer(Pointer) override {}
+    void openPanel(const std::string& name) override {
+        host.opened.push_back(name);
+        host.events.push_back("open " + name);
+    }
+    std::string frontCaption() const override { return host.frontCaption; }
+    void minimizePanel() override { host.events.push_back("minimize"); }
+    void setPanelVisible(bool visible) override { host.events.push_back(visible ? "show" : "hide"); }
+    void setPointer(Pointer pointer) override {
+        host.events.push_back(pointer == Pointer::waiting ? "wait" : "ready");
+    }
     std::optional<ScreenSize> screen() const override { return host.screen; }
     void yield() override {
         if (host.onYield) host.onYield();
@@ -70,11 +78,17 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
     LaunchResult runAndWait(const Launch& launch) override {
         const std::string arguments(trim(launch.arguments));
         host.launches.push_back(launch.program + (arguments.empty() ? "" : " ") + arguments);
+        host.events.push_back((launch.style == WindowStyle::maximized ? "launch maximized " : "launch ") +
+                              launch.program);
         const auto found = host.programs.find(std::string(fileNameOf(launch.program)));
         if (found == host.programs.end()) return {.started = false, .exitCode = 0, .failure = "not found"};
         return {.started = true, .exitCode = found->second(arguments), .failure = {}};
     }
     bool canFind(const std::string& program) const override { return host.programs.contains(program); }
+    LaunchResult openDocument(const std::string& path) override {
+        host.opened.push_back(path);
+        return {.started = host.canOpenDocuments, .failure = "no browser"};
+    }
 
     std::string read(const std::string& section, const std::string& key) const override {
         const auto found = host.profile.find(section);
@@ -84,6 +98,7 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
     }
     void write(const std::string& section, const std::string& key, const std::string& value) override {
         host.profile[section][key] = value;
+        host.events.push_back("profile " + key);
     }
 
     DateTime now() const override { return host.time; }
@@ -93,6 +108,10 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
     PlatformVersion version() const override { return host.version; }
     std::optional<int> nativeArchitecture() const override { return host.architecture; }
     std::string computerName() const override { return "DESK"; }
+    std::optional<std::string> registryText(const std::string& key, const std::string& name) const override {
+        const auto found = host.registry.find(key + "\\" + name);
+        return found == host.registry.end() ? std::nullopt : std::optional(found->second);
+    }
     char decimalSymbol() const override { return host.decimalSymbol; }
     bool anotherInstanceRuns() override { return host.anotherInstance; }
 };

@@ -45,7 +45,8 @@ class FaultyFiles : public Files {
     FileError renameOver(const std::string& from, const std::string& to) override {
         return real_.renameOver(from, to);
     }
-    FileError copy(const std::string& from, const std::string& to) override;
+    FileError copy(const std::string& from, const std::string& to) override { return real_.copy(from, to); }
+    FileError copyToNew(const std::string& from, const std::string& to) override;
     std::string shortName(const std::string& path) const override { return real_.shortName(path); }
     std::optional<std::string> fromNative(const std::string& path) const override {
         return real_.fromNative(path);
@@ -86,6 +87,8 @@ class ScriptedHost {
     std::deque<std::string> inputs;  // into input boxes; then cancelled
     std::function<void()> onYield;   // while a run lets events through
     bool showsTextItself = true;
+    bool canOpenDocuments = true;
+    std::string frontCaption;  // of the panel in front
 
     // What the machine is.
     DateTime time{2026, 11, 21, 9, 5, 7};
@@ -95,6 +98,7 @@ class ScriptedHost {
     char decimalSymbol = '.';
     std::optional<ScreenSize> screen = ScreenSize{15360, 11520};
     std::map<std::string, std::map<std::string, std::string>> profile;
+    std::map<std::string, std::string> registry;  // by key, backslash, name
     /// By file name: what a fake program does with its arguments; its exit code.
     std::map<std::string, std::function<int(const std::string&)>> programs;
 
@@ -102,7 +106,10 @@ class ScriptedHost {
     std::vector<std::string> messages;  // of messages and questions, in order
     std::vector<std::string> launches;  // program and arguments with a blank between them
     std::vector<std::string> shown;     // contents of the texts that were shown
-    std::vector<std::string> opened;    // panels
+    std::vector<std::string> opened;    // panels and documents
+    /// In one order: wait and ready (the pointer), hide and show (the panel), minimize, and with what they
+    /// are about open, launch, profile, message.
+    std::vector<std::string> events;
 
     FaultyFiles& faultyFiles() { return *faultyFiles_; }
 

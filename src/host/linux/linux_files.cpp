@@ -134,19 +134,23 @@ FileError copyThroughMemory(int from, int to) {
 }
 
 FileError copyContents(int from, int to) {
-    bool copiedSome = false;
-    for (;;) {
-        const ssize_t count = uninterrupted(
+    ssize_t count = 0;
+    do {
+        count = uninterrupted(
             [&] { return ::copy_file_range(from, nullptr, to, nullptr, kernelChunkLength, 0); });
-        if (count > 0) {
-            copiedSome = true;
-            continue;
-        }
-        if (count == 0 && copiedSome) return FileError::none;
-        if (count < 0 && writingError() == FileError::diskFull) return FileError::diskFull;
-        // Not every file system can do it; what is copied already stands in both positions.
-        return copyThroughMemory(from, to);
-    }
+    } while (count > 0);
+    if (count < 0 && writingError() == FileError::diskFull) return FileError::diskFull;
+    // Not every file system can do it, and some end too early; what is copied already stands in both
+    // positions.
+    return copyThroughMemory(from, to);
+}
+
+/// Gives a file another name unless that name is taken.
+int renameToFreeName(const std::string& from, const std::string& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS) return errno;
+    if (nameExists(to)) return EEXIST;
+    return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
 /// A new version of a file, written beside it. It takes the file's place at `finish`, or goes without a
@@ -157,7 +161,7 @@ class NewVersion {
   public:
     NewVersion() = default;
     ~NewVersion() {
-        if (file_) ::unlink(temporary_.c_str());
+        if (file_ && isInPlace()) ::unlink(temporary_.c_str());
     }
     NewVersion(const NewVersion&) = delete;
     NewVersion& operator=(const NewVersion&) = delete;
@@ -165,8 +169,11 @@ class NewVersion {
     /// Refuses what must not be replaced. `rights` are for a file that does not exist yet.
     FileError begin(const std::string& path, mode_t rights);
     FileError finish();
+    /// The same for a name that must still be free.
+    FileError finishAsNew();
 
     int file() const { return file_.number(); }
+    bool exists() const { return exists_; }
     bool replaces(const struct stat& status) const {
         return exists_ && status.st_dev == old_.st_dev && status.st_ino == old_.st_ino;
     }
@@ -176,7 +183,9 @@ class NewVersion {
     FileError createTemporary(mode_t rights);
     bool clearRemnant() const;
     bool isLocked(int file, struct stat& status) const;
+    bool isInPlace() const;
     FileError lock();
+    FileError closeFile();
     void takeOverRights() const;
 
     std::string target_;
@@ -240,8 +249,8 @@ FileError NewVersion::createTemporary(mode_t rights) {
 
 /// False when another program is writing there.
 bool NewVersion::clearRemnant() const {
-    const Descriptor remnant(::open(temporary_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOFOLLOW));
-    if (!remnant) return errno == ENOENT;
+    const Descriptor remnant(::open(temporary_.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC | O_NOFOLLOW));
+    if (!remnant) return errno == ENOENT;  // network drives lock only what is open for writing
     struct stat status;
     return isLocked(remnant.number(), status) && ::unlink(temporary_.c_str()) == 0;
 }
@@ -271,11 +280,31 @@ void NewVersion::takeOverRights() const {
     if ((new_.st_mode & allRights) != (old_.st_mode & allRights)) ::fchmod(file(), old_.st_mode & allRights);
 }
 
-FileError NewVersion::finish() {
-    // Network drives tell of a full disk at the closing only; the lock has to stay until the end, though.
+/// False when somebody has cleared this program's file away and perhaps begun another one there.
+bool NewVersion::isInPlace() const {
+    struct stat present;
+    return ::lstat(temporary_.c_str(), &present) == 0 && new_.st_dev == present.st_dev &&
+           new_.st_ino == present.st_ino;
+}
+
+/// Network drives tell of a full disk at the closing only; the lock has to stay until the end, though.
+FileError NewVersion::closeFile() {
     const int second = ::fcntl(file(), F_DUPFD_CLOEXEC, 0);
     if (second >= 0 && ::close(second) != 0 && errno != EINTR) return writingError();
+    return isInPlace() ? FileError::none : FileError::permissionDenied;
+}
+
+FileError NewVersion::finish() {
+    if (const FileError fault = closeFile(); fault != FileError::none) return fault;
     if (::rename(temporary_.c_str(), target_.c_str()) != 0) return writingError();
+    file_ = Descriptor();
+    return FileError::none;
+}
+
+FileError NewVersion::finishAsNew() {
+    if (const FileError fault = closeFile(); fault != FileError::none) return fault;
+    if (const int fault = renameToFreeName(temporary_, target_); fault != 0)
+        return errorOf(fault, FileError::pathNotFound);
     file_ = Descriptor();
     return FileError::none;
 }
@@ -292,14 +321,6 @@ FileError refusalToRemove(const std::string& path) {
     if (::lstat(path.c_str(), &status) != 0) return errorOf(errno, FileError::fileNotFound);
     if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) return FileError::permissionDenied;
     return (status.st_mode & writeBits) == 0 ? FileError::readOnly : FileError::none;
-}
-
-/// Gives a file another name unless that name is taken.
-int renameToFreeName(const std::string& from, const std::string& to) {
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-    if (errno != EINVAL && errno != ENOSYS) return errno;
-    if (nameExists(to)) return EEXIST;
-    return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
 }  // namespace
@@ -400,10 +421,15 @@ FileError LinuxFiles::renameOver(const std::string& from, const std::string& to)
     const auto source = finder_.native(from);
     const auto target = finder_.native(to);
     if (!source || !target) return FileError::pathNotFound;
-    if (const FileError fault = refusalToRemove(*target); fault != FileError::none) return fault;
-    if (::rename(source->c_str(), target->c_str()) != 0) return errorOf(errno, FileError::fileNotFound);
+    const std::string place = behindLinks(*target);
+    if (const FileError fault = refusalToRemove(place); fault != FileError::none) return fault;
+    int fault = ::rename(source->c_str(), place.c_str()) == 0 ? 0 : errno;
+    if (fault == EXDEV) {  // a link leads to another disk
+        if (const FileError copied = copy(from, to); copied != FileError::none) return copied;
+        fault = ::unlink(source->c_str()) == 0 ? 0 : errno;
+    }
     finder_.names().namesChanged();
-    return FileError::none;
+    return errorOf(fault, FileError::fileNotFound);
 }
 
 FileError LinuxFiles::rename(const std::string& from, const std::string& to) {
@@ -428,22 +454,25 @@ FileError LinuxFiles::rename(const std::string& from, const std::string& to) {
     return errorOf(fault, FileError::pathNotFound);
 }
 
-FileError LinuxFiles::copy(const std::string& from, const std::string& to) {
+FileError LinuxFiles::copyTo(const std::string& from, const std::string& to, Existing existing) {
     const auto source = finder_.native(from);
     const auto target = finder_.native(to);
     if (!source || !target) return FileError::pathNotFound;
     OpenFile file;
     FileError fault = openForReading(*source, file);
     if (fault != FileError::none) return fault;
+    const bool mayReplace = existing == Existing::replaced;
+    if (!mayReplace && nameExists(*target)) return FileError::fileExists;
 
     NewVersion version;
     fault = version.begin(*target, file.status.st_mode & 0777);
     if (fault != FileError::none || version.replaces(file.status)) return fault;
     fault = copyContents(file.descriptor.number(), version.file());
     if (fault != FileError::none) return fault;
+    if (!version.exists()) ::fchmod(version.file(), file.status.st_mode & 0777);
     const std::array<timespec, 2> times = {file.status.st_atim, file.status.st_mtim};
     ::futimens(version.file(), times.data());
-    fault = version.finish();
+    fault = mayReplace ? version.finish() : version.finishAsNew();
     finder_.names().namesChanged();
     return fault;
 }

@@ -27,13 +27,21 @@ class LinuxFiles : public Files {
     FileError remove(const std::string& path) override;
     FileError rename(const std::string& from, const std::string& to) override;
     FileError renameOver(const std::string& from, const std::string& to) override;
-    FileError copy(const std::string& from, const std::string& to) override;
+    FileError copy(const std::string& from, const std::string& to) override {
+        return copyTo(from, to, Existing::replaced);
+    }
+    FileError copyToNew(const std::string& from, const std::string& to) override {
+        return copyTo(from, to, Existing::refused);
+    }
 
     std::string shortName(const std::string& path) const override { return path; }
     std::optional<std::string> fromNative(const std::string& nativePath) const override;
     std::string toNative(const std::string& path) const override { return finder_.nativeText(path); }
 
   private:
+    enum class Existing { replaced, refused };
+    FileError copyTo(const std::string& from, const std::string& to, Existing existing);
+
     PathFinder& finder_;
 };
 

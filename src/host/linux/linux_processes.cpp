@@ -14,6 +14,7 @@
 #include <system_error>
 
 #include "base/text.h"
+#include "host/linux/dos_command.h"
 #include "host/linux/linux_files.h"
 
 namespace tul {
@@ -57,7 +58,8 @@ bool hasSuffix(std::string_view path, std::string_view suffix) {
            equalIgnoringCase(path.substr(path.size() - suffix.size()), suffix);
 }
 
-/// What begins with MZ is a Windows program when its head points to a second one that is marked PE.
+/// What begins with MZ is a Windows program when its head points to a second one that is marked PE, or NE for
+/// one of 16 bits.
 bool isWindowsProgram(int file, std::string_view head) {
     constexpr std::size_t pointer = 0x3C;
     if (head.size() < pointer + 4) return false;
@@ -65,8 +67,9 @@ bool isWindowsProgram(int file, std::string_view head) {
     for (std::size_t byte = 4; byte-- > 0;)
         place = place << 8 | static_cast<std::uint8_t>(head[pointer + byte]);
     std::array<char, 4> mark{};
-    return ::pread(file, mark.data(), mark.size(), static_cast<off_t>(place)) == 4 &&
-           std::string_view(mark.data(), mark.size()) == std::string_view("PE\0\0", 4);
+    if (::pread(file, mark.data(), mark.size(), static_cast<off_t>(place)) != 4) return false;
+    const std::string_view text(mark.data(), mark.size());
+    return text == std::string_view("PE\0\0", 4) || text.starts_with("NE");
 }
 
 ProgramKind kindOf(const std::string& path) {
@@ -150,6 +153,20 @@ bool LinuxProcesses::canFind(const std::string& program) const {
     return commandFor({.program = program, .arguments = {}}).failure.empty();
 }
 
+LaunchResult LinuxProcesses::openDocument(const std::string& path) {
+    std::erase_if(openers_, [](pid_t opener) { return ::waitpid(opener, nullptr, WNOHANG) != 0; });
+    const std::string helper = findHelper("xdg-open");
+    if (helper.empty()) return {.failure = "xdg-open is not installed."};
+    const std::string folder = finder_.nativeText(finder_.currentFolder());
+    const bool isAddress = path.find("://") != std::string::npos;
+    pid_t opener = 0;
+    const int error =
+        SpawnSettings(folder).spawn(opener, {helper, isAddress ? path : finder_.nativeText(path)});
+    if (error != 0) return {.failure = startFailure(error, "xdg-open")};
+    openers_.push_back(opener);
+    return {.started = true, .exitCode = 0, .failure = {}};
+}
+
 LinuxProcesses::Command LinuxProcesses::commandFor(const Launch& launch) const {
     const std::string name(lastName(launch.program));
     const std::string path = find(launch.program);
@@ -164,35 +181,18 @@ LinuxProcesses::Command LinuxProcesses::commandFor(const Launch& launch) const {
     if (kind != ProgramKind::native && helper.empty())
         return {.failure = name + (windows ? " is a Windows program, and wine is not installed."
                                            : " is a DOS program, and dosbox is not installed.")};
-    if (kind == ProgramKind::dos) return dosCommand(helper, path, launch.arguments);
+    if (kind == ProgramKind::dos) {
+        const DosCommand dos(finder_, path, launch.arguments);
+        Command command{.words = dos.words(), .failure = dos.failure()};
+        command.words.insert(command.words.begin(), helper);
+        return command;
+    }
 
     Command command;
     if (!helper.empty()) command.words.push_back(helper);
     command.words.push_back(path);
     const std::vector<std::string> words = launch.words.empty() ? wordsOf(launch.arguments) : launch.words;
     command.words.insert(command.words.end(), words.begin(), words.end());
-    return command;
-}
-
-/// A DOS program sees the current folder as drive C, and its own folder as drive D when that is another one.
-/// It is typed at the emulator's prompt, as that is the one way to hand it arguments.
-LinuxProcesses::Command LinuxProcesses::dosCommand(const std::string& emulator, const std::string& path,
-                                                   const std::string& arguments) const {
-    const std::string folder = finder_.nativeText(finder_.currentFolder());
-    const std::size_t slash = path.rfind('/');
-    const std::string home = path.substr(0, slash);
-    std::string program = path.substr(slash + 1);
-    if ((folder + home).find('"') != std::string::npos)
-        return {.failure = program + " cannot be started from a folder with a quotation mark in its name."};
-
-    Command command{.words = {emulator, "-c", "mount c \"" + folder + '"'}};
-    if (home != folder) {
-        command.words.insert(command.words.end(), {"-c", "mount d \"" + home + '"'});
-        program.insert(0, "d:\\");
-    }
-    if (hasSuffix(program, ".BAT")) program.insert(0, "call ");
-    if (!arguments.empty()) program += ' ' + std::string(trimLeft(arguments));
-    command.words.insert(command.words.end(), {"-c", "c:", "-c", program, "-c", "exit"});
     return command;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +20,7 @@ class LinuxProcesses : public Processes {
 
     LaunchResult runAndWait(const Launch& launch) override;
     bool canFind(const std::string& program) const override;
+    LaunchResult openDocument(const std::string& path) override;
 
   private:
     struct Command {
@@ -26,13 +29,12 @@ class LinuxProcesses : public Processes {
     };
 
     Command commandFor(const Launch& launch) const;
-    Command dosCommand(const std::string& emulator, const std::string& path,
-                       const std::string& arguments) const;
     std::string find(const std::string& program) const;
     std::vector<std::string> wordsOf(std::string_view arguments) const;
     std::size_t endOfPath(std::string_view text, std::size_t end) const;
 
     PathFinder& finder_;
+    std::vector<pid_t> openers_;  // that may still be running
 };
 
 }  // namespace tul

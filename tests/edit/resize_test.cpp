@@ -1,0 +1,200 @@
+#include "edit/resize.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "centre/names_file.h"
+#include "music/pipeline.h"
+#include "shared/records.h"
+#include "support/mus_bytes.h"
+#include "support/scripted_host.h"
+
+namespace tul::resize {
+namespace {
+
+using testing::crlf;
+using testing::endOf;
+using testing::pageOf;
+using testing::ScriptedHost;
+using testing::trailer;
+using testing::words;
+
+using Texts = std::vector<std::string>;
+
+class Resizing : public ::testing::Test {
+  protected:
+    Resizing() {
+        projectSettings.LyricsSize = "1.2";
+        projectSettings.PageNumberSize = "201.1";
+        projectSettings.PageNumberFont = "0";
+        projectSettings.BarNumberSize = "201";
+        projectSettings.BarNumberFont = "01";
+        options.chkResizBackup = false;
+    }
+    std::string file(const std::string& name) const { return upperCase(host.path(name)); }
+    void run(const Texts& names) {
+        std::string text;
+        for (const std::string& name : names) text += namesFileLine(host.path(name));
+        host.write("NAMES.TUL", text);
+        host.messages.clear();
+        host.shown.clear();
+        cmdResizeRun();
+    }
+    /// The report over these files; `counts` in the order of its lines.
+    std::string report(const Texts& names, const Texts& counts, const Texts& behind = {}) const {
+        Texts lines = {"TUL Rezise run 11-21-2026 09:05:07", " ",
+                       "File" + std::string(file(names[0]).size() - 4, ' '),
+                       std::string(file(names[0]).size(), '-')};
+        for (const std::string& name : names) lines.push_back(file(name));
+        lines.insert(lines.end(), {
+                                      " ",
+                                      "Number of note        sizes changed . . . . " + counts[0],
+                                      "Number of staff       sizes changed . . . . " + counts[1],
+                                      "Number of slur        sizes changed . . . . " + counts[2],
+                                      "Number of lyrics/text sizes changed . . . . " + counts[3],
+                                      "Number of page number sizes changed . . . . " + counts[4],
+                                      "Number of symbol      sizes changed . . . . " + counts[5],
+                                      "Number of symbol      Par4  changed . . . . " + counts[6],
+                                      "Number of bar number  sizes changed . . . . " + counts[7],
+                                      "Number of placeholders set/reset. . . . . . " + counts[8],
+                                      " ",
+                                      "Number of files processed: " + std::to_string(names.size()),
+                                  });
+        lines.insert(lines.end(), behind.begin(), behind.end());
+        return crlf(lines);
+    }
+
+    ScriptedHost host;
+    ResizeOptions& options = resizing.options;
+};
+
+const std::string structuralError = "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
+const std::string marginLine = "\r\nNote that a 0.001 margin was applied on the size attribute.";
+// A staff of size 1, and the same of 0.65.
+const std::string staff = words({6, 8, 1, 0, 0, 1, 200});
+const std::string smallStaff = words({6, 8, 1, 0, 0, 0.65F, 200});
+
+TEST_F(Resizing, RefusesOptionsThatWouldChangeNothing) {
+    host.write("A.MUS", pageOf(staff));
+    const auto refused = [this] {
+        run({"A.MUS"});
+        EXPECT_EQ(host.shown.empty(), !host.messages.empty());
+        return host.messages.empty() ? std::string() : host.messages[0];
+    };
+    options.tabResiz = tabNotes;
+    EXPECT_EQ(refused(), "No use running Note resize when no notes selected.");
+    options.chkResizeWhiteDiamond = true;
+    EXPECT_EQ(refused(), "");
+
+    options.tabResiz = tabNumbers;
+    options.txtResizePageNumberSize = "1.1009";
+    options.txtResizePageNumberFont = "0";
+    EXPECT_EQ(refused(), "No use running Page number resize when global settings equal to new." + marginLine);
+    options.txtResizePageNumberSize = "1.1012";
+    EXPECT_EQ(refused(), "");
+    options.txtResizePageNumberSize = "1.1";
+    options.txtResizePageNumberFont = "2";
+    EXPECT_EQ(refused(), "");
+    options.optResizePageNumber = false;
+    options.optResizeBarNumber = true;
+    options.txtResizeBarNumberSize = "1";
+    options.txtResizeBarNumberFont = "1";
+    EXPECT_EQ(refused(), "No use running Bar number resize when global settings equal to new." + marginLine)
+        << "01 is the same font";
+
+    options.tabResiz = tabTexts;
+    options.txtResizeLyrics = "1.2";
+    EXPECT_EQ(refused(), "No use running Lyrics resize when current and new size are equal." + marginLine);
+    options.optResizeLyrics = false;
+    options.optTextResizeTextSize = true;
+    options.txtResizeTextNew = "2";
+    const std::string textRefusal =
+        "No use running Text resize if no string given or when current and new size are equal." + marginLine;
+    EXPECT_EQ(refused(), textRefusal);
+    options.txtResizeTextResize = "_00";
+    EXPECT_EQ(refused(), "");
+    options.txtResizeTextNew = "1.0005";
+    EXPECT_EQ(refused(), textRefusal);
+
+    options.tabResiz = tabPlaceholders;
+    options.chkPlaceholderSet = options.chkPlaceholderReset = true;
+    EXPECT_EQ(refused(), "The placeholder options are mutually exclusive");
+    options.tabResiz = tabSymbols;
+    EXPECT_EQ(refused(), "") << "only the tab in front is checked";
+}
+
+TEST_F(Resizing, ReplacesTheFilesAndReports) {
+    options.tabResiz = tabStaves;
+    options.chkSymbolResize = options.chkSymbolIntegerPar4 = true;
+    options.txtResizeStaffSize = "0.65";
+    options.txtSymbolResize = "31";
+    options.txtSymbolNewSize = "2";
+    options.chkResizBackup = true;
+    const std::string slur = words({8, 5, 1, 0, 1, 1, 9, 0, 0.5F});
+    const std::string text = words({15, 16, 1, 2, 3, 0, 1, 0, 0, 0, 0, 0, 5, 0}) + "_00Ah   ";
+    const std::string first = pageOf(staff + slur + words({9, 9, 1, 4, 1.5F, 31, 1, 0, 0, 0}), trailer(true));
+    const std::string second = pageOf(staff + staff + text);
+    host.write("one.mus", first);
+    host.write("TWO.MUS", second);
+    run({"one.mus", "TWO.MUS"});
+    EXPECT_EQ(host.read("one.mus"), pageOf(smallStaff + slur + words({6, 9, 1, 4, 2, 31, 2}), trailer(true)));
+    EXPECT_EQ(host.read("TWO.MUS"), pageOf(smallStaff + smallStaff + text));
+    EXPECT_EQ(host.read("ONE.BKU"), first);
+    EXPECT_EQ(host.read("TWO.BKU"), second);
+    const Texts names = {"one.mus", "TWO.MUS"};
+    EXPECT_EQ(host.shown, Texts{report(names, {"0", "3", "0", "0", "0", "1", "1", "0", "0"})});
+    EXPECT_FALSE(host.exists("TULWORK.PRN"));
+    EXPECT_EQ(host.messages, Texts{});
+
+    options.chkSymbolResize = options.chkSymbolIntegerPar4 = false;
+    run({"TWO.MUS"});
+    EXPECT_EQ(host.shown, Texts{report({"TWO.MUS"}, {"0", "2", "0", "0", "0", "0", "0", "0", "0"})})
+        << "counted anew, and changed or not";
+    EXPECT_TRUE(host.exists("TWO.BKV"));
+}
+
+TEST_F(Resizing, GoesOnBehindDamageAndTellsWhichFilesToLookAt) {
+    options.tabResiz = tabStaves;
+    options.txtResizeStaffSize = "0.65";
+    options.chkResizBackup = true;
+    const std::string broken = pageOf(staff + words({1, 8}) + staff);
+    const std::string tooLong =
+        pageOf(staff + words({21, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}) + staff);
+    host.write("A.MUS", broken);
+    host.write("B.MUS", tooLong);
+    host.write("C.MUS", pageOf(staff));
+    run({"A.MUS", "B.MUS", "C.MUS"});
+    EXPECT_EQ(host.messages, Texts{structuralError}) << "of the first file";
+    for (const char* name : {"A.MUS", "B.MUS", "C.MUS"})
+        EXPECT_EQ(host.read(name), pageOf(smallStaff)) << name;
+    EXPECT_EQ(host.read("A.BKU"), broken);
+    EXPECT_EQ(host.read("B.BKU"), tooLong);
+    EXPECT_EQ(host.shown,
+              Texts{report({"A.MUS", "B.MUS", "C.MUS"}, {"0", "3", "0", "0", "0", "0", "0", "0", "0"},
+                           {"Rewritten from an incomplete reading, items may be missing: "
+                            "A.MUS, B.MUS"})});
+    EXPECT_FALSE(pipeline.progress.visible);
+    EXPECT_EQ(pipeline.activity, "");
+
+    options.chkResizBackup = false;
+    const std::string nothing = pageOf(words({1, 8}));
+    host.write("D.MUS", nothing);
+    run({"D.MUS"});
+    EXPECT_EQ(host.read("D.MUS"), nothing) << "without an item it is left alone";
+    EXPECT_FALSE(host.exists("D.BKU"));
+}
+
+TEST_F(Resizing, EndsTheProgramAtWhatItCannotWrite) {
+    options.tabResiz = tabStaves;
+    host.write("A.MUS", pageOf(staff));
+    host.faultyFiles().refusals["A.MUS"] = FileError::permissionDenied;
+    EXPECT_EQ(endOf([this] { run({"A.MUS"}); }), 1);
+    EXPECT_EQ(host.messages, Texts{"Open of output MUS file failed. Hit OK to terminate"});
+    EXPECT_EQ(host.read("A.MUS"), pageOf(staff));
+    host.faultyFiles().refusals["TULWORK.PRN"] = FileError::permissionDenied;
+    EXPECT_EQ(endOf([this] { run({"A.MUS"}); }), 1);
+    EXPECT_EQ(host.messages, Texts{"Failed to open " + host.path("TULWORK.PRN") + " for output"});
+}
+
+}  // namespace
+}  // namespace tul::resize

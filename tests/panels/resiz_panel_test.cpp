@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "panels/panel_list.h"
+#include "shared/records.h"
+#include "support/mus_bytes.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+using testing::crlf;
+using testing::pageOf;
+using testing::ScriptedHost;
+using testing::words;
+
+using Texts = std::vector<std::string>;
+
+class ResizPanelTest : public ::testing::Test {
+  protected:
+    ResizPanelTest() {
+        host.install();
+        projectSettings.PageNumberSize = "201.1";
+        projectSettings.PageNumberFont = "00";
+        projectSettings.BarNumberSize = "201.25";
+        projectSettings.BarNumberFont = "1005";
+        projectSettings.LyricsSize = "-12";
+        host.write("page.mus", pageOf(words({6, 8, 1, 0, 0, 1, 200})));
+        host.write("NAMES.TUL", crlf({host.path("page.mus") + " 1"}));
+        panel = findPanel("resize")->make();
+        panel.load();
+    }
+    std::string shown(const char* field) { return panel.field(field)->text(); }
+    bool isEnabled(const char* field) { return panel.field(field)->enabled(); }
+
+    ScriptedHost host;
+    Panel panel;
+};
+
+TEST_F(ResizPanelTest, StartsWithTheSizesOfTheProject) {
+    const std::vector<std::pair<const char*, const char*>> texts = {
+        {"txtResizeNoteSize", "1.1"},       {"txtResizeSlur", "1"},
+        {"txtResizeStaffSize", "1"},        {"txtResizeStaffInstrPart", "1"},
+        {"txtResizeBarNumberSize", "1.25"}, {"txtResizePageNumberSize", "1.1"},
+        {"txtResizeBarNumberFont", "1005"}, {"txtResizePageNumberFont", "0"},
+        {"txtResizeLyrics", "1"},           {"txtResizeTextCurrent", "1"},
+        {"txtResizeTextNew", "1"},          {"txtResizeTextResize", ""},
+        {"txtSymbolResize", "1"},           {"txtSymbolNewSize", "1"},
+    };
+    for (const auto& [field, text] : texts) EXPECT_EQ(shown(field), text) << field;
+    for (const char* on :
+         {"optResizeNote", "optResizeSlurThick", "optResizeStaffYes", "optResizeStaffInstrId",
+          "optResizePageNumber", "optResizeLyrics", "chkResizBackup"})
+        EXPECT_EQ(shown(on), "1") << on;
+    EXPECT_EQ(shown("tabResiz"), "0");
+    EXPECT_EQ(panel.set("tabResiz", "6"), PanelAnswer::done);
+    EXPECT_EQ(panel.set("tabResiz", "7"), PanelAnswer::invalid);
+    panel.set("optResizeBarNumber", "1");
+    EXPECT_EQ(shown("optResizePageNumber"), "0");
+    EXPECT_EQ(shown("optResizeLyrics"), "1");
+    EXPECT_EQ(panel.set("optResizeStem", "1"), PanelAnswer::disabled);
+    EXPECT_EQ(panel.field("optResizeStem")->toolTip(), "compensation not yet supported");
+}
+
+TEST_F(ResizPanelTest, TakesTheNoteSizeWithAtLeastOneKindOfNote) {
+    const Texts kinds = {"chkResizeMini",  "chkResizeSmall",        "chkResizeBlack",       "chkResizeHalf",
+                         "chkResizeWhole", "chkResizeBlackDiamond", "chkResizeWhiteDiamond"};
+    EXPECT_EQ(panel.set("txtResizeNoteSize", "1.5"), PanelAnswer::disabled);
+    for (const std::string& kind : kinds) {
+        panel.set(kind, "1");
+        EXPECT_TRUE(isEnabled("txtResizeNoteSize")) << kind;
+        panel.set(kind, "0");
+        EXPECT_FALSE(isEnabled("txtResizeNoteSize")) << kind;
+    }
+}
+
+TEST_F(ResizPanelTest, AsksForAnInstrumentOrAPart) {
+    host.inputs = {"-12.5", "2,4"};
+    EXPECT_EQ(panel.click("txtResizeStaffInstrPart"), PanelAnswer::done);
+    EXPECT_EQ(shown("txtResizeStaffInstrPart"), "12.5");
+    panel.set("optResizeStaffPart", "1");
+    panel.click("txtResizeStaffInstrPart");
+    EXPECT_EQ(shown("txtResizeStaffInstrPart"), "2,4");
+    EXPECT_EQ(host.messages, (Texts{"Instrument Id.",
+                                    "Part[,increment]. If no increment is given, 1 is assumed\r\n"
+                                    "Examples: 1,2 means staff 1, 3, 5, 7, etc.\r\n"
+                                    "2,4 means staff 2, 6, 10, etc."}));
+    panel.set("txtResizeTextResize", "_00Fine");
+    panel.click("txtResizeTextResize");
+    EXPECT_EQ(shown("txtResizeTextResize"), "_00Fine") << "the box was cancelled";
+    EXPECT_EQ(host.messages.back(), "String not starting with one or two underscores. Input discarded");
+}
+
+TEST_F(ResizPanelTest, ShowsARunAndCannotBeLeftMeanwhile) {
+    panel.set("tabResiz", "2");
+    panel.set("txtResizeStaffSize", "0.5");
+    std::string page;
+    for (int item = 0; item < 500; ++item) page += words({6, 8, 1, 0, 0, 1, 200});
+    host.write("page.mus", pageOf(page));
+    int percent = 0;
+    host.onYield = [&] {
+        if (shown("lblResizeActivity") == "Reading") percent = std::stoi(shown("panResizeFlood"));
+        EXPECT_EQ(shown("lblResizeStatus"), "File being processed: 1 of 1");
+        EXPECT_EQ(panel.press("cmdResizeReturn"), PanelAnswer::disabled);
+        EXPECT_EQ(panel.press("cmdResizeRun"), PanelAnswer::disabled);
+        EXPECT_EQ(panel.press("cmdResizeSelect"), PanelAnswer::disabled);
+        EXPECT_EQ(panel.set("txtResizeStaffSize", "2"), PanelAnswer::disabled);
+    };
+    EXPECT_EQ(panel.press("cmdResizeRun"), PanelAnswer::done);
+    EXPECT_GT(percent, 0) << "progress within the file is shown";
+    EXPECT_TRUE(host.read("page.mus").ends_with(pageOf(words({6, 8, 1, 0, 0, 0.5F, 200})).substr(2)));
+    EXPECT_EQ(shown("lblResizeStatus") + shown("lblResizeActivity"), "");
+    EXPECT_EQ(panel.press("cmdResizeReturn"), PanelAnswer::done);
+    EXPECT_TRUE(panel.closed());
+}
+
+TEST_F(ResizPanelTest, SelectsFiles) {
+    host.programs["TULNAMES.EXE"] = [this](const std::string& arguments) {
+        EXPECT_TRUE(arguments.ends_with(",MSG=Select Score music file(s)")) << arguments;
+        host.write("NAMES.TUL", "");
+        return 0;
+    };
+    panel.press("cmdResizeSelect");
+    EXPECT_EQ(panel.press("cmdResizeRun"), PanelAnswer::disabled) << "nothing is selected now";
+    EXPECT_EQ(panel.press("cmdResizeView"), PanelAnswer::disabled);
+}
+
+}  // namespace
+}  // namespace tul

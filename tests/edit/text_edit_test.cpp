@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "edit/edit_run.h"
+#include "edit/general_edit.h"
 #include "edit/text_fonts.h"
 #include "edit/text_search.h"
 #include "support/scripted_host.h"
@@ -47,6 +48,8 @@ TEST(EditFields, KeepFontsSizesAndStrings) {
              {keepSearchMargin, ".0", ".0"},
              {keepSearchMargin, "none", "1.", size},
              {keepSearchMargin, "10", "1.", size},
+             {keepGeneralMargin, "-2", "-2"},
+             {keepGeneralMargin, "wide", ".001", "Margin should be numeric. Assumed .001"},
              {present(keepSearchString), "", "present", "Empty string not allowed as search argument."},
              {present(keepSearchString), "''", "present", "Empty string not allowed as search argument."},
              {present(keepSearchString), "\"", "present", "Invalid search string (Delimiter only)."},

@@ -77,7 +77,7 @@ void compare(
     their.erase(their.begin());
     const Measured a = median(our);
     const Measured b = median(their);
-    std::printf("%-28s %8.1f ms   %-6s %8.1f ms   ratio %5.2f   peak %5.1f MB\n", what, a.milliseconds,
+    std::printf("%-28s %8.1f ms   %-11s %8.1f ms   ratio %5.2f   peak %5.1f MB\n", what, a.milliseconds,
                 against, b.milliseconds, a.milliseconds / b.milliseconds,
                 static_cast<double>(a.peakKilobytes) / 1024);
     std::fflush(stdout);
@@ -154,6 +154,10 @@ int main(int argc, char** argv) {
 
     const fs::path folder = fs::absolute(argv[2]);
     const Words pages = filesOf(folder);
+    // A score's pages are selected when the control centre starts.
+    measure(withFiles(validate, {pages.begin(), pages.begin() + 20}), "/dev/null");
+    compare("start to the main panel", {(home / "tul").string(), "--quit-when-painted"}, "bare window",
+            {TUL_BARE_WINDOW});
     compare("validation of the pages", withFiles(validate, pages), "cat", withFiles({"cat"}, pages));
 
     compareRewriting(home, folder, pages);

@@ -1,6 +1,7 @@
 #include "base/numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -221,6 +222,16 @@ std::string plain(float value) {
     if (!std::isfinite(value)) return notFinite(value);
     if (value == 0.0F) return "0";
     return (value < 0.0F ? "-" : "") + generalForm(std::fabs(value));
+}
+
+std::string plainFixed(float value) {
+    const std::string general = plain(value);
+    if (general.find('E') == std::string::npos) return general;
+    constexpr std::size_t mostCharacters = 64;  // the smallest value has 45 places, 8 of them with digits
+    std::array<char, mostCharacters> text;
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed).ptr;
+    return {text.data(), end};
 }
 
 std::string plain(std::int64_t value) { return std::to_string(value); }

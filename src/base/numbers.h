@@ -18,6 +18,9 @@ concept WholeNumber = std::integral<T> && !std::same_as<T, bool> && !std::same_a
 std::string plain(float value);
 std::string plain(std::int64_t value);
 
+/// The general form without an exponent: what a field keeps, since a text's numeric value has none.
+std::string plainFixed(float value);
+
 /// A sign or one blank, then the general form.
 std::string str(float value);
 std::string str(std::int64_t value);

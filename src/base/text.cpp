@@ -72,6 +72,22 @@ bool isUtf8(std::string_view text) {
     return true;
 }
 
+/// Of valid UTF-8.
+std::uint32_t utf8CodeAt(std::string_view text, std::size_t at) {
+    const std::size_t length = utf8LengthAt(text, at);
+    if (length == 1) return byteAt(text, at);
+    std::uint32_t code = byteAt(text, at) & (0x7FU >> length);
+    for (std::size_t i = 1; i < length; ++i) code = (code << 6) | (byteAt(text, at + i) & 0x3FU);
+    return code;
+}
+
+std::optional<char> singleByteOf(std::uint32_t code) {
+    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);
+    const auto found = std::find(std::begin(UpperControls), std::end(UpperControls), code);
+    if (found == std::end(UpperControls)) return std::nullopt;
+    return static_cast<char>(0x80 + (found - std::begin(UpperControls)));
+}
+
 void appendUtf8(std::string& out, char16_t code) {
     if (code < 0x80) {
         out += static_cast<char>(code);
@@ -154,6 +170,17 @@ bool isTrue(std::string_view text) {
 std::string_view folderOf(std::string_view path) { return path.substr(0, fileNameStart(path)); }
 
 std::string_view fileNameOf(std::string_view path) { return path.substr(fileNameStart(path)); }
+
+std::string toSingleBytes(std::string_view text) {
+    if (!isUtf8(text)) return std::string(text);
+    std::string result;
+    for (std::size_t at = 0; at < text.size(); at += utf8LengthAt(text, at)) {
+        const auto byte = singleByteOf(utf8CodeAt(text, at));
+        if (!byte) return std::string(text);
+        result += *byte;
+    }
+    return result;
+}
 
 std::string toUtf8(std::string_view text) {
     if (isUtf8(text)) return std::string(text);

@@ -52,6 +52,10 @@ bool isTrue(std::string_view text);
 std::string_view folderOf(std::string_view path);
 std::string_view fileNameOf(std::string_view path);
 
+/// Text that a terminal or a window gave, for music and settings: valid UTF-8 becomes Windows-1252; anything
+/// else, and what Windows-1252 does not have, stays as it is.
+std::string toSingleBytes(std::string_view text);
+
 /// Text for a terminal or a window: valid UTF-8 stays, anything else is taken as Windows-1252.
 std::string toUtf8(std::string_view text);
 

@@ -14,6 +14,7 @@
 #include "base/text.h"
 #include "centre/names_file.h"
 #include "centre/start_up.h"
+#include "music/pipeline.h"
 #include "panels/fresh_process.h"
 #include "panels/panel_list.h"
 #include "shared/letter_case.h"
@@ -182,6 +183,11 @@ class ListPrinter {
     std::set<std::string> shown_;
 };
 
+PanelAnswer fill(Panel& panel, const Action& action) {
+    const bool isPath = panel.field(action.name)->isPath;
+    return panel.set(action.name, isPath ? action.value : toSingleBytes(action.value));
+}
+
 Refusal act(const Arguments& arguments, OpenPanels& panels, std::ostream& out) {
     std::vector<Action> actions = arguments.actions;
     const auto isPress = [](const Action& action) { return action.kind == Action::Kind::press; };
@@ -196,8 +202,7 @@ Refusal act(const Arguments& arguments, OpenPanels& panels, std::ostream& out) {
         Panel& panel = panels.front();
         if (!has(panel, action)) return unknownText(panel, action);
         const std::size_t before = panels.count();
-        const PanelAnswer answer =
-            isPress(action) ? panel.press(action.name) : panel.set(action.name, action.value);
+        const PanelAnswer answer = isPress(action) ? panel.press(action.name) : fill(panel, action);
         const bool mayLackSelection =
             isPress(action) && !panel.runCommand.empty() && !selection.SelectionValid;
         if (Refusal refusal = refusalOf(answer, action.name, mayLackSelection)) return refusal;
@@ -266,6 +271,10 @@ int runCommand(const Arguments& arguments, Host machine, const std::string& prog
         status = std::get<int>(outcome);
     } catch (const ProgramEnd& end) {
         status = end.status;
+        // The message itself does not always say which page it was.
+        if (status == exitFatal && !pipeline.currentPath.empty())
+            console.err << "The run ended at " << toUtf8(pipeline.currentPath)
+                        << "; the files before it are done.\n";
     } catch (const std::exception& fault) {
         console.err << "The program ended at a fault of its own: " << fault.what() << '\n';
         return exitFatal;

@@ -104,7 +104,7 @@ std::string ConsoleFace::inputBox(const std::string& prompt, const std::string& 
         if (text.empty() && console_.in) text = defaultText;
     }
     tellAnswer(text);
-    return text;
+    return toSingleBytes(text);
 }
 
 std::optional<std::vector<std::string>> ConsoleFace::namedPaths(const std::string& prompt) {

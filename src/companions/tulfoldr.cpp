@@ -1,9 +1,10 @@
 #include "base/text.h"
+#include "companions/choosers.h"
 #include "companions/companion.h"
 #include "companions/terminal.h"
 
-// Lets the user choose a folder and writes it into the result file. It has no window yet: it asks on the
-// terminal, and where there is none no folder is chosen.
+// Lets the user choose a folder and writes it into the result file: in a window, or on the terminal where
+// there is no screen. Without either no folder is chosen.
 int main(int argc, char** argv) {
     using namespace tul;
     const companion::Companion machine;
@@ -11,12 +12,13 @@ int main(int argc, char** argv) {
     const std::string result = arguments["STARTDIR"] + "\\" + arguments["FILE"];
     if (arguments["STARTDIR"].empty() || arguments["FILE"].empty())
         return companion::refuse("TULFOLDR", "STARTDIR= and FILE= are needed.");
-    if (!companion::canAsk()) {
+    if (!companion::hasScreen() && !companion::canAsk()) {
         files().remove(result);
-        return companion::refuse(
-            "TULFOLDR", "choosing a folder needs a terminal, as this version has no window for it yet.");
+        return companion::refuse("TULFOLDR", "choosing a folder needs a screen or a terminal.");
     }
-    const auto folder = files().fromNative(companion::askLine(arguments["REMARK"] + ": "));
+    const std::string remark = arguments["REMARK"];
+    const auto folder = companion::hasScreen() ? companion::chooseFolder(remark)
+                                               : files().fromNative(companion::askLine(remark + ": "));
     const auto info = folder ? files().info(*folder) : std::nullopt;
     if (!info || !info->folder) {
         files().remove(result);

@@ -5,12 +5,13 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "companions/choosers.h"
 #include "companions/companion.h"
 #include "companions/terminal.h"
 #include "shared/letter_case.h"
 
-// Lets the user choose files of one folder and writes the names file. It has no window yet: it asks on the
-// terminal, and where there is none the present selection stays.
+// Lets the user choose files of one folder and writes the names file: in a window, or on the terminal where
+// there is no screen. Without either the present selection stays.
 namespace {
 
 using namespace tul;
@@ -41,6 +42,21 @@ std::optional<std::set<int>> chosenNumbers(const std::string& text, int count) {
     return chosen;
 }
 
+/// Whole paths of the files that the user named on the terminal by their numbers; none where that failed.
+std::vector<std::string> askTerminal(const std::string& prompt, const std::string& folder,
+                                     const std::string& suffix) {
+    const std::vector<std::string> names = filesOf(folder, suffix);
+    std::cerr << prompt << '\n' << toUtf8(folder) << '\n';
+    for (std::size_t i = 0; i < names.size(); ++i) std::cerr << i + 1 << "  " << toUtf8(names[i]) << '\n';
+    const auto chosen = chosenNumbers(companion::askLine("Numbers (such as 1 3-5), or all: "),
+                                      static_cast<int>(names.size()));
+    std::vector<std::string> paths;
+    for (const int number : chosen.value_or(std::set<int>()))
+        paths.push_back(folder + (folder.ends_with('\\') ? "" : "\\") +
+                        names[static_cast<std::size_t>(number - 1)]);
+    return paths;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -51,24 +67,16 @@ int main(int argc, char** argv) {
     const std::string folder = arguments["MUSFOLDER"].empty() ? startFolder : arguments["MUSFOLDER"];
     if (startFolder.empty() || namesFile.empty())
         return companion::refuse("TULNAMES", "STARTDIR= and NAMESFILE= are needed.");
-    if (!companion::canAsk())
-        return companion::refuse(
-            "TULNAMES",
-            "choosing files needs a terminal, as this version has no window for it yet. The "
-            "selection stays as it was; tulcmd takes files as arguments.");
-    const std::vector<std::string> names = filesOf(folder, arguments["SUFFIX"]);
-    if (names.empty()) return companion::refuse("TULNAMES", "there are no such files in " + folder);
-
-    std::cerr << arguments["MSG"] << '\n' << toUtf8(folder) << '\n';
-    for (std::size_t i = 0; i < names.size(); ++i) std::cerr << i + 1 << "  " << toUtf8(names[i]) << '\n';
-    const auto chosen = chosenNumbers(companion::askLine("Numbers (such as 1 3-5), or all: "),
-                                      static_cast<int>(names.size()));
-    if (!chosen || chosen->empty())
-        return companion::refuse("TULNAMES", "nothing was chosen; the selection stays.");
-    std::vector<std::string> paths;
-    for (const int number : *chosen)
-        paths.push_back(folder + (folder.ends_with('\\') ? "" : "\\") +
-                        names[static_cast<std::size_t>(number - 1)]);
+    const std::string suffix = arguments["SUFFIX"];
+    const std::string prompt = arguments["MSG"].empty() ? "Select file(s)" : arguments["MSG"];
+    if (!companion::hasScreen() && !companion::canAsk())
+        return companion::refuse("TULNAMES",
+                                 "choosing files needs a screen or a terminal. The selection stays as "
+                                 "it was; tulcmd takes files as arguments.");
+    const std::vector<std::string> paths = companion::hasScreen()
+                                               ? companion::chooseFiles(prompt, folder, suffix)
+                                               : askTerminal(prompt, folder, suffix);
+    if (paths.empty()) return companion::refuse("TULNAMES", "nothing was chosen; the selection stays.");
     if (const auto clash = findLetterCaseClash(paths)) return companion::refuse("TULNAMES", *clash);
     std::string text;
     for (const std::string& path : paths) text += path + " 1" + std::string(CrLf);

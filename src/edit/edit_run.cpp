@@ -62,8 +62,7 @@ void processSelection(Report& report, const RunPlan& plan) {
     }
     editing.lblEditStatus = Edit().lblEditStatus;
     editing.txtEditFile.clear();
-    pipeline.activity.clear();
-    pipeline.progress = {};
+    endPipelineRun();
 }
 
 }  // namespace

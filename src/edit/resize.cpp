@@ -130,8 +130,7 @@ void runOverSelection() {
     beginPipelineRun(resizing.options.chkResizBackup);
     processSelection(report);
     resizing.lblResizeStatus.clear();
-    pipeline.activity.clear();
-    pipeline.progress = {};
+    endPipelineRun();
     writeCounters(report);
     reportSuspectFiles(report);
     showAndDelete(report);
@@ -139,7 +138,7 @@ void runOverSelection() {
 
 /// A number of the settings as a field shows it, where it fits.
 std::string sizeInField(double size, const std::string& otherwise) {
-    return size > 0 && size <= 10 ? plain(static_cast<float>(size)) : otherwise;
+    return size > 0 && size <= 10 ? plainFixed(static_cast<float>(size)) : otherwise;
 }
 
 }  // namespace
@@ -157,8 +156,8 @@ void fillFromProjectSettings() {
     const auto number = [](const std::string& markedSize) { return numericValue(markedSize) - numberMark; };
     options.txtResizePageNumberSize = sizeInField(number(settings.PageNumberSize), "1.1");
     options.txtResizeBarNumberSize = sizeInField(number(settings.BarNumberSize), "1");
-    options.txtResizePageNumberFont = plain(numberOf(settings.PageNumberFont));
-    options.txtResizeBarNumberFont = plain(numberOf(settings.BarNumberFont));
+    options.txtResizePageNumberFont = plainFixed(numberOf(settings.PageNumberFont));
+    options.txtResizeBarNumberFont = plainFixed(numberOf(settings.BarNumberFont));
     options.txtResizeLyrics = sizeInField(numericValue(settings.LyricsSize), "1");
 }
 

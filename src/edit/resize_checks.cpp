@@ -18,9 +18,9 @@ void tell(const char* text) { MsgBox(text, Buttons::ok, Icon::exclamation); }
 
 /// The value where it fits, or else the assumed one, which is told.
 std::string keep(float value, bool fits, const char* message, float assumed) {
-    if (fits) return plain(value);
+    if (fits) return plainFixed(value);
     tell(message);
-    return plain(assumed);
+    return plainFixed(assumed);
 }
 
 /// A thickness or size above 0, up to 10.

@@ -138,6 +138,12 @@ void beginPipelineRun(bool backup) {
     pipeline.backup = backup;
 }
 
+void endPipelineRun() {
+    pipeline.currentPath.clear();
+    pipeline.activity.clear();
+    pipeline.progress = {};
+}
+
 void showReading() {
     if (musReader.MusWordCount == 0) throw IndexFault();
     pipeline.progress.percent = musProgress();

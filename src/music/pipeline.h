@@ -40,7 +40,7 @@ inline constexpr ToolForm splitForm = {
 
 /// The file that a run is at, what its panel shows of it, and what has to be told at the end.
 struct Pipeline {
-    std::string currentPath;
+    std::string currentPath;   // empty between runs
     bool backup = false;       // the tool's Backup box
     bool dropsCode13 = false;  // items of code 13 are left out on writing: the page number tool's choice
 
@@ -57,6 +57,8 @@ void resetPipeline();
 
 /// The start of a run over a selection: nothing to be told yet.
 void beginPipelineRun(bool backup);
+/// Behind the last file: no file is being worked on. What is to be told of the files stays.
+void endPipelineRun();
 
 /// Takes a backup if asked, then reads the current file into the table. A damaged file leaves the items up to
 /// the damage there, and an item with more parameters than there are throws `IndexFault`.

@@ -108,7 +108,8 @@ Field folderField() {
                     return globalOptions.txtInitialMusFolder;
                 },
             .toolTip = std::string("Select initial MUS folder"),
-            .click = chooseInitialFolder};
+            .click = chooseInitialFolder,
+            .isPath = true};
 }
 
 Field label(const char* name, Text text) {

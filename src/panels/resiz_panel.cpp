@@ -93,7 +93,6 @@ Field textStringField() {
 std::vector<Field> noteAndSlurFields() {
     return {
         option("fraResizeNote", "optResizeNote", &Options::optResizeNote),
-        noteSizeField(),
         check("chkResizeMini", &Options::chkResizeMini),
         check("chkResizeSmall", &Options::chkResizeSmall),
         check("chkResizeBlack", &Options::chkResizeBlack),
@@ -101,6 +100,7 @@ std::vector<Field> noteAndSlurFields() {
         check("chkResizeWhole", &Options::chkResizeWhole),
         check("chkResizeBlackDiamond", &Options::chkResizeBlackDiamond),
         check("chkResizeWhiteDiamond", &Options::chkResizeWhiteDiamond),
+        noteSizeField(),
         stemOption(),
         option("fraResizeSlur", "optResizeSlurThick", &Options::optResizeSlurThick),
         text("txtResizeSlur", &Options::txtResizeSlur, "New slur thickness (between 0 and 10)",
@@ -163,6 +163,7 @@ std::vector<Field> runFields() {
         {.name = "tabResiz",
          .kind = FieldKind::tab,
          .value = &resizing.options.tabResiz,
+         .prompt = "0 notes, 1 slurs, 2 staves, 3 symbols, 4 numbers, 5 lyrics and text, 6 placeholders",
          .enabled = isIdle,
          .choices = resize::tabCount},
         check("chkResizBackup", &Options::chkResizBackup),

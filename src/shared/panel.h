@@ -52,7 +52,8 @@ struct Field {
     Live<bool> visible = true;
     /// A click on it, where that does something else than to open the input box.
     std::function<void()> click = {};
-    int choices = 0;  // tabs, options in a row: how many there are; 0 sets no limit
+    bool isPath = false;  // takes a path as the platform writes it, not text of music or settings
+    int choices = 0;      // tabs, options in a row: how many there are; 0 sets no limit
 
     /// The value as text: check and option "1" or "0", tab and progress a number, a list its
     /// chosen entry, or all by lines.

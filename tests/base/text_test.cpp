@@ -77,6 +77,19 @@ TEST(Text, ValidUtf8StaysAsItIs) {
     }
 }
 
+TEST(Text, WhatWasTypedBecomesSingleBytesWhereItCan) {
+    EXPECT_EQ(toSingleBytes("_00schl\xC3\xA4"
+                            "ft \xE2\x82\xAC"),
+              "_00schl\xE4"
+              "ft \x80");
+    EXPECT_EQ(toSingleBytes("schl\xE4"
+                            "ft"),
+              "schl\xE4"
+              "ft")
+        << "it is single bytes already";
+    EXPECT_EQ(toSingleBytes("\xC3\xA4\xE6\xBC\xA2"), "\xC3\xA4\xE6\xBC\xA2") << "there is no byte for it";
+}
+
 TEST(Text, AnythingElseIsTakenAsWindows1252) {
     EXPECT_EQ(toUtf8("M\xE4rz \x80\x9F"), "M\xC3\xA4rz \xE2\x82\xAC\xC5\xB8");
     EXPECT_EQ(toUtf8("\x81\x8D\x8F\x90\x9D"), "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D");

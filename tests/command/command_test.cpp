@@ -9,6 +9,7 @@
 #include "command/command_run.h"
 #include "samples/page_builder.h"
 #include "shared/records.h"
+#include "support/mus_bytes.h"
 #include "support/scripted_host.h"
 
 namespace tul::command {
@@ -206,6 +207,29 @@ TEST_F(Tulcmd, EndsWithOneAtAFatalMessage) {
     const std::string names = host.read("NAMES.TUL");
     EXPECT_EQ(run({"valid", page("odd.mus")}).status, exitFatal);
     EXPECT_EQ(host.read("NAMES.TUL"), names) << "another program's selection is left alone";
+}
+
+TEST_F(Tulcmd, NamesThePageWhereARunEnded) {
+    host.write("b.mus", host.read("good.mus"));
+    host.faultyFiles().refusals["B.MUS"] = FileError::permissionDenied;
+    const Outcome outcome = run({"resiz", "--set", "tabResiz=2", "--set", "txtResizeStaffSize=0.65", "--set",
+                                 "chkResizBackup=0", page("good.mus"), page("b.mus"), page("odd.mus")});
+    EXPECT_EQ(outcome.status, exitFatal);
+    EXPECT_NE(outcome.err.find("Open of output MUS file failed. Hit OK to terminate"), std::string::npos);
+    EXPECT_NE(outcome.err.find("\nThe run ended at " + upperCase(host.path("B.MUS")) +
+                               "; the files before it are done.\n"),
+              std::string::npos)
+        << outcome.err;
+}
+
+TEST_F(Tulcmd, TakesTypedTextInThePagesBytes) {
+    using testing::words;
+    host.write("sung.mus",
+               testing::pageOf(words({16, 16, 1, 2, 3, 0, 1, 0, 0, 0, 0, 0, 12, 0}) + "_00schl\xE4\x66t  "));
+    run({"resiz", "--set", "tabResiz=5", "--set", "optTextResizeTextSize=1", "--set",
+         "txtResizeTextResize=_00schläft", "--set", "txtResizeTextNew=2", page("sung.mus")});
+    EXPECT_EQ(host.read("sung.mus"),
+              testing::pageOf(words({16, 16, 1, 2, 3, 0, 2, 0, 0, 0, 0, 0, 12, 0}) + "_00schl\xE4\x66t  "));
 }
 
 TEST_F(Tulcmd, ShowsWarningsOfStartUpOnRequest) {

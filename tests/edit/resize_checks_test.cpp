@@ -46,6 +46,8 @@ TEST_F(ResizeFields, KeepWhatLiesBetweenTheirEdges) {
         expectKept(keepNumberFont, font, font, {"Warning. Probably not a valid font number."});
     expectKept(keepNumberFont, "12 bold", "12", {"Warning. Probably not a valid font number."});
     expectKept(keepNoteSize, " 1.50 and more", "1.5");
+    expectKept(keepSlurThickness, "0.00001", "0.00001");
+    expectKept(keepInstrumentId, "10000000", "10000000");
 }
 
 TEST_F(ResizeFields, KeepPartsAndInstrumentIds) {

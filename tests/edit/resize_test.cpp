@@ -153,6 +153,40 @@ TEST_F(Resizing, ReplacesTheFilesAndReports) {
     EXPECT_TRUE(host.exists("TWO.BKV"));
 }
 
+TEST_F(Resizing, ReportsEachKindOnItsLine) {
+    const auto counted = [this](Tab tab, const std::string& page) {
+        options.tabResiz = tab;
+        host.write("A.MUS", pageOf(page));
+        run({"A.MUS"});
+        return host.shown.at(0);
+    };
+    const auto expected = [this](const Texts& counts) { return report({"A.MUS"}, counts); };
+    options.chkResizeBlack = options.chkResizeHalf = true;
+    const std::string black = words({7, 1, 1, 9, 5, 0, 0, 1});
+    const std::string half = words({7, 1, 1, 9, 5, 0, 1, 1});
+    EXPECT_EQ(counted(tabNotes, black + half + half),
+              expected({"3", "0", "0", "0", "0", "0", "0", "0", "0"}));
+    const std::string slur = words({6, 5, 1, 0, 1, 1, 9});
+    EXPECT_EQ(counted(tabSlurs, slur + slur), expected({"0", "0", "2", "0", "0", "0", "0", "0", "0"}));
+    const std::string pageNumber = words({6, 10, 1, 0, 0, 1, 201.1F});
+    options.txtResizePageNumberSize = "2";
+    EXPECT_EQ(counted(tabNumbers, pageNumber), expected({"0", "0", "0", "0", "1", "0", "0", "0", "0"}));
+    options.optResizePageNumber = false;
+    options.optResizeBarNumber = true;
+    options.txtResizeBarNumberSize = "2";
+    const std::string barNumber = words({7, 10, 1, 0, 0, 1, 201, 1});
+    EXPECT_EQ(counted(tabNumbers, barNumber), expected({"0", "0", "0", "0", "0", "0", "0", "1", "0"}));
+    options.optResizeLyrics = false;
+    options.optTextResizeTextSize = true;
+    options.txtResizeTextResize = "_00Ah";
+    options.txtResizeTextNew = "2";
+    const std::string text = words({15, 16, 1, 2, 3, 0, 1, 0, 0, 0, 0, 0, 5, 0}) + "_00Ah   ";
+    EXPECT_EQ(counted(tabTexts, text + text), expected({"0", "0", "0", "2", "0", "0", "0", "0", "0"}));
+    options.chkPlaceholderSet = true;
+    EXPECT_EQ(counted(tabPlaceholders, words({6, 1, 1, 9, 5, 0, 901})),
+              expected({"0", "0", "0", "0", "0", "0", "0", "0", "1"}));
+}
+
 TEST_F(Resizing, GoesOnBehindDamageAndTellsWhichFilesToLookAt) {
     options.tabResiz = tabStaves;
     options.txtResizeStaffSize = "0.65";

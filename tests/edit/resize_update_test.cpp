@@ -132,6 +132,9 @@ TEST_F(Updating, ResizesAllStavesOrSome) {
     for (const float staff : {2.0F, 6.0F, 30.0F, 102.0F}) EXPECT_EQ(size(staff, 0), 0.65F) << staff;
     for (const float staff : {1.0F, 4.0F, 6.5F, 106.0F, -2.0F}) EXPECT_EQ(size(staff, 0), 1) << staff;
     EXPECT_EQ(counted.staves, 6);
+    options.txtResizeStaffInstrPart = "1,1";
+    EXPECT_EQ(size(101, 0), 0.65F);
+    EXPECT_EQ(size(102, 0), 1) << "a hundred behind the first is the last";
     options.txtResizeStaffInstrPart = "2,0";
     EXPECT_EQ(size(2, 0), 1) << "and comes to an end";
 }
@@ -290,9 +293,11 @@ TEST_F(Updating, SetsPlaceholdersBehindAllItems) {
     EXPECT_EQ(setFor(908), (Rows{{2, left, 5, 0.8F}}));
     EXPECT_EQ(setFor(910), (Rows{{2, left, 5, 0.8F}}));
     EXPECT_EQ(setFor(903.5F), (Rows{{2, left, 5, 0}}));
+    for (const float head : {901.0F, 905.0F, 906.0F, 907.0F})
+        EXPECT_EQ(setFor(head), (Rows{{2, left, 5, 0}})) << "no descenders are asked for";
     EXPECT_EQ(setFor(899.5F), Rows{});
     EXPECT_EQ(setFor(912.5F), Rows{});
-    EXPECT_EQ(counted.placeholders, 7);
+    EXPECT_EQ(counted.placeholders, 11);
 
     options.chkPlaceholderDescenders = true;
     EXPECT_EQ(setFor(901), (Rows{{2, left, 5, 0}, {2, left, 7, 0.5F}}));
@@ -300,7 +305,7 @@ TEST_F(Updating, SetsPlaceholdersBehindAllItems) {
     EXPECT_EQ(setFor(905), (Rows{{2, left, 5, 0}, {2, 50 - 1.4F, 3, 0.6F}}));
     EXPECT_EQ(setFor(906), (Rows{{2, left, 5, 0}, {2, 50 - 0.9F, 3, 0.7F}}));
     EXPECT_EQ(setFor(903), (Rows{{2, left - 0.8F, 5, 1.2F}}));
-    EXPECT_EQ(counted.placeholders, 12) << "descenders are not counted";
+    EXPECT_EQ(counted.placeholders, 16) << "descenders are not counted";
 
     updateFile();
     EXPECT_EQ(musItemTable.itemCount, 3) << "a second run doubles them";

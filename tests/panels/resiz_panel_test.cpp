@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "edit/resize.h"
 #include "panels/panel_list.h"
 #include "shared/records.h"
 #include "support/mus_bytes.h"
@@ -60,6 +61,70 @@ TEST_F(ResizPanelTest, StartsWithTheSizesOfTheProject) {
     EXPECT_EQ(shown("optResizeLyrics"), "1");
     EXPECT_EQ(panel.set("optResizeStem", "1"), PanelAnswer::disabled);
     EXPECT_EQ(panel.field("optResizeStem")->toolTip(), "compensation not yet supported");
+}
+
+TEST_F(ResizPanelTest, EachControlHasAValueOfItsOwn) {
+    using Options = resize::ResizeOptions;
+    const Options& options = resize::resizing.options;
+    const std::vector<std::pair<const char*, std::string Options::*>> texts = {
+        {"txtResizeNoteSize", &Options::txtResizeNoteSize},
+        {"txtResizeSlur", &Options::txtResizeSlur},
+        {"txtResizeStaffSize", &Options::txtResizeStaffSize},
+        {"txtResizeStaffInstrPart", &Options::txtResizeStaffInstrPart},
+        {"txtSymbolResize", &Options::txtSymbolResize},
+        {"txtSymbolNewSize", &Options::txtSymbolNewSize},
+        {"txtResizePageNumberSize", &Options::txtResizePageNumberSize},
+        {"txtResizePageNumberFont", &Options::txtResizePageNumberFont},
+        {"txtResizeBarNumberSize", &Options::txtResizeBarNumberSize},
+        {"txtResizeBarNumberFont", &Options::txtResizeBarNumberFont},
+        {"txtResizeLyrics", &Options::txtResizeLyrics},
+        {"txtResizeTextCurrent", &Options::txtResizeTextCurrent},
+        {"txtResizeTextNew", &Options::txtResizeTextNew},
+    };
+    const std::vector<std::pair<const char*, bool Options::*>> flags = {
+        {"chkResizBackup", &Options::chkResizBackup},
+        {"chkResizeMini", &Options::chkResizeMini},
+        {"chkResizeSmall", &Options::chkResizeSmall},
+        {"chkResizeBlack", &Options::chkResizeBlack},
+        {"chkResizeHalf", &Options::chkResizeHalf},
+        {"chkResizeWhole", &Options::chkResizeWhole},
+        {"chkResizeBlackDiamond", &Options::chkResizeBlackDiamond},
+        {"chkResizeWhiteDiamond", &Options::chkResizeWhiteDiamond},
+        {"chkResizeSome", &Options::chkResizeSome},
+        {"chkSymbolResize", &Options::chkSymbolResize},
+        {"chkSymbolIntegerPar4", &Options::chkSymbolIntegerPar4},
+        {"chkPlaceholderSet", &Options::chkPlaceholderSet},
+        {"chkPlaceholderDescenders", &Options::chkPlaceholderDescenders},
+        {"chkPlaceholderReset", &Options::chkPlaceholderReset},
+    };
+    const Options started = options;
+    for (const auto& [name, flag] : flags) {
+        const bool before = options.*flag;
+        panel.set(name, before ? "0" : "1");
+        for (const auto& [other, value] : flags)
+            EXPECT_EQ(options.*value != started.*value, name == other) << name << ' ' << other;
+        panel.set(name, before ? "1" : "0");
+        EXPECT_EQ(options.*flag, before) << name;
+    }
+    panel.set("chkResizeBlack", "1");
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::string value = "1." + std::to_string(i) + "1";
+        EXPECT_EQ(panel.set(texts[i].first, value), PanelAnswer::done);
+        for (const auto& [name, text] : texts)
+            EXPECT_EQ(options.*text == value, name == texts[i].first) << name << ' ' << value;
+    }
+    for (const auto& [first, second] : {std::pair{"optResizeStaffInstrId", "optResizeStaffPart"},
+                                        {"optResizePageNumber", "optResizeBarNumber"},
+                                        {"optResizeLyrics", "optTextResizeTextSize"}}) {
+        panel.set(second, "1");
+        EXPECT_EQ(shown(first) + shown(second), "01");
+        panel.set(first, "1");
+        EXPECT_EQ(shown(first) + shown(second), "10");
+    }
+    host.messages.clear();
+    for (const char* name : {"txtResizePageNumberSize", "txtSymbolNewSize"}) panel.set(name, "0");
+    EXPECT_EQ(host.messages,
+              (Texts{"Invalid page number size value. Assumed 1.1", "Invalid size. Assumed 1"}));
 }
 
 TEST_F(ResizPanelTest, TakesTheNoteSizeWithAtLeastOneKindOfNote) {

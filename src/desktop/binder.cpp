@@ -1,0 +1,413 @@
+#include "desktop/binder.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QRegularExpression>
+#include <QSignalBlocker>
+#include <QTabWidget>
+#include <algorithm>
+
+#include "base/numbers.h"
+#include "desktop/dropped_files.h"
+#include "desktop/qt_text.h"
+
+namespace tul::desktop {
+
+namespace {
+
+template <class Object>
+Object* named(QWidget& form, const QString& name) {
+    return form.findChild<Object*>(name);
+}
+
+/// The prefixes of the controls that hold a value or do something. What only decorates a form has others.
+bool isControlName(const QString& name) {
+    static const QStringList prefixes = {"cmd", "cms", "opt", "chk", "txt",
+                                         "lst", "lbl", "tab", "mnu", "pan"};
+    return name.size() > 3 && prefixes.contains(name.left(3)) && !name.endsWith("Title") &&
+           (name[3].isUpper() || name[3].isDigit());
+}
+
+/// The form's text carries the mnemonic. A caption that the form does not know gets its first letter.
+QString captionOf(const std::string& caption, const QString& formText) {
+    const QString text = shown(caption);
+    if (text.contains('&')) return text;
+    if (withoutMnemonic(formText) == text) return formText;
+    return text.isEmpty() ? text : '&' + text;
+}
+
+/// So that a form does not jump when it is hidden.
+void keepSpace(QWidget& widget) {
+    QSizePolicy policy = widget.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget.setSizePolicy(policy);
+}
+
+/// The widget and the label that names it.
+QList<QWidget*> withItsLabel(QWidget& form, QWidget& widget) {
+    QList<QWidget*> widgets = {&widget};
+    for (QLabel* const label : form.findChildren<QLabel*>())
+        if (label->buddy() == &widget) widgets << label;
+    return widgets;
+}
+
+/// A disabled control is no background, although clicks fall through it.
+bool isBackground(const QWidget& widget, const QMouseEvent& event) {
+    const QWidget* const child = widget.childAt(event.position().toPoint());
+    return event.button() == Qt::LeftButton && (!child || child->isEnabled());
+}
+
+}  // namespace
+
+Binder::Binder(QWidget& form, Panel& panel, Act act) : form_(form), panel_(panel), act_(std::move(act)) {
+    for (Field& field : panel_.fields) bindField(field);
+    for (Command& command : panel_.commands) bindCommand(command);
+    findUnknownControls();
+}
+
+void Binder::refresh() {
+    for (const auto& refresher : refreshers_) refresher();
+    disableEmptyMenus();
+}
+
+void Binder::set(const std::string& field, const std::string& value) {
+    act_([this, field, value] { panel_.set(field, value); });
+}
+
+void Binder::press(const std::string& command) {
+    act_([this, command] { panel_.press(command); });
+}
+
+void Binder::bindField(Field& field) {
+    if (field.kind == FieldKind::option && std::holds_alternative<int*>(field.value)) return bindRow(field);
+    QWidget* const widget = named<QWidget>(form_, QString::fromStdString(field.name));
+    if (!widget) {
+        mismatches_ << "the form has no " + QString::fromStdString(field.name);
+        return;
+    }
+    bound_ << widget->objectName();
+    refreshers_.push_back([&field, widget, together = withItsLabel(form_, *widget)] {
+        const auto list = std::get_if<ListBox*>(&field.value);
+        const auto progress = std::get_if<Progress*>(&field.value);
+        const bool isUp = (!list || (*list)->visible) && (!progress || (*progress)->visible);
+        for (QWidget* const each : together) {
+            each->setVisible(field.visible() && isUp);
+            // A frame's caption says nothing about what is in it.
+            if (!qobject_cast<QGroupBox*>(each)) each->setEnabled(field.enabled());
+        }
+        if (const std::string tip = field.toolTip(); !tip.empty()) widget->setToolTip(shown(tip));
+    });
+    switch (field.kind) {
+        case FieldKind::check:
+        case FieldKind::option:
+            if (auto* const button = qobject_cast<QAbstractButton*>(widget)) return bindFlag(field, *button);
+            break;
+        case FieldKind::tab:
+            return bindTab(field, *widget);
+        case FieldKind::list:
+            return bindList(field, *widget);
+        case FieldKind::progress:
+            for (QWidget* const each : withItsLabel(form_, *widget)) keepSpace(*each);
+            if (auto* const bar = qobject_cast<QProgressBar*>(widget))
+                refreshers_.push_back(
+                    [&field, bar] { bar->setValue(std::get<Progress*>(field.value)->percent); });
+            return;
+        case FieldKind::text:
+        case FieldKind::label:
+            return bindText(field, *widget);
+    }
+    mismatches_ << widget->objectName() + " is of another kind in the form";
+}
+
+/// Options in a row, numbered from 0 behind the name: the field has the number of the one that is on.
+void Binder::bindRow(Field& field) {
+    auto* const group = new QButtonGroup(this);
+    for (int number = 0; number < field.choices; ++number) {
+        const QString name = QString::fromStdString(field.name) + '_' + QString::number(number);
+        auto* const button = named<QAbstractButton>(form_, name);
+        if (!button) {
+            mismatches_ << "the form has no " + name;
+            continue;
+        }
+        bound_ << name;
+        group->addButton(button, number);
+        connect(button, &QAbstractButton::clicked, this,
+                [this, &field, number] { set(field.name, plain(number)); });
+        refreshers_.push_back([&field, button, number] {
+            button->setEnabled(field.enabled());
+            if (*std::get<int*>(field.value) == number) button->setChecked(true);
+        });
+    }
+}
+
+void Binder::bindFlag(Field& field, QAbstractButton& button) {
+    connect(&button, &QAbstractButton::clicked, this,
+            [this, &field](bool on) { set(field.name, on ? "1" : "0"); });
+    if (field.kind == FieldKind::option) return bindOption(field, button);
+    refreshers_.push_back([&field, &button] { button.setChecked(*std::get<bool*>(field.value)); });
+}
+
+void Binder::bindOption(const Field& field, QAbstractButton& button) {
+    QButtonGroup*& group = groups_[QString::fromStdString(field.group)];
+    if (!group) group = new QButtonGroup(this);
+    group->addButton(&button);
+    refreshers_.push_back([&field, &button, group] {
+        const bool on = *std::get<bool*>(field.value);
+        if (button.isChecked() == on) return;
+        group->setExclusive(false);  // else the last one could not be switched off
+        button.setChecked(on);
+        group->setExclusive(true);
+    });
+}
+
+void Binder::bindTab(Field& field, QWidget& widget) {
+    auto* const tab = qobject_cast<QTabWidget*>(&widget);
+    if (!tab) {
+        mismatches_ << widget.objectName() + " is no tab strip in the form";
+        return;
+    }
+    if (field.choices != tab->count()) mismatches_ << widget.objectName() + " has other tabs in the form";
+    connect(tab, &QTabWidget::currentChanged, this,
+            [this, &field](int page) { set(field.name, plain(page)); });
+    refreshers_.push_back([&field, tab] {
+        const QSignalBlocker quiet(tab);
+        tab->setCurrentIndex(*std::get<int*>(field.value));
+    });
+}
+
+void Binder::bindText(Field& field, QWidget& widget) {
+    if (auto* const edit = qobject_cast<QLineEdit*>(&widget)) {
+        if (field.isReadOnly() && !field.click) {
+            QPalette flat = edit->palette();
+            flat.setBrush(QPalette::Base, flat.brush(QPalette::Window));
+            edit->setPalette(flat);
+        } else {
+            edit->setCursor(Qt::PointingHandCursor);
+            edit->installEventFilter(this);
+            clicked_[edit] = [this, &field] { act_([this, &field] { panel_.click(field.name); }); };
+        }
+        refreshers_.push_back([&field, edit] {
+            const QString text = shown(field.text());
+            if (edit->text() == text) return;
+            edit->setText(text);
+            edit->setCursorPosition(0);
+            if (field.toolTip().empty()) edit->setToolTip(text);  // it may be longer than the field
+        });
+    } else if (auto* const label = qobject_cast<QLabel*>(&widget)) {
+        label->setTextFormat(Qt::PlainText);
+        refreshers_.push_back([&field, label] { label->setText(shown(field.text())); });
+    } else if (auto* const frame = qobject_cast<QGroupBox*>(&widget)) {
+        refreshers_.push_back([&field, frame] { frame->setTitle(asCaption(field.text())); });
+    } else {
+        mismatches_ << widget.objectName() + " shows no text in the form";
+    }
+}
+
+void Binder::bindList(Field& field, QWidget& widget) {
+    if (auto* const title = named<QLabel>(form_, widget.objectName() + "Title"))
+        refreshers_.push_back([&field, title] {
+            const ListBox& list = *std::get<ListBox*>(field.value);
+            title->setText(shown(list.title));
+            title->setVisible(field.visible() && list.visible && !list.title.empty());
+        });
+    if (auto* const list = qobject_cast<QListWidget*>(&widget)) {
+        bindListWidget(field, *list);
+    } else if (auto* const page = qobject_cast<QPlainTextEdit*>(&widget)) {
+        refreshers_.push_back([&field, page, last = std::string()]() mutable {
+            if (std::string text = field.text(); text != last) {
+                page->setPlainText(shown(text));
+                last = std::move(text);
+            }
+        });
+    } else {
+        mismatches_ << widget.objectName() + " is no list in the form";
+    }
+}
+
+void Binder::bindListWidget(Field& field, QListWidget& list) {
+    refreshers_.push_back([&field, &list, last = std::vector<std::string>()]() mutable {
+        const auto& entries = std::get<ListBox*>(field.value)->entries;
+        if (entries == last) return;
+        last = entries;
+        list.clear();
+        for (const std::string& entry : entries) list.addItem(shown(entry));
+    });
+    if (!field.accept) return;
+    chooses_[&list] = field.name;
+    list.installEventFilter(this);
+    list.viewport()->installEventFilter(this);
+    chooses_[list.viewport()] = field.name;
+}
+
+void Binder::bindCommand(Command& command) {
+    const QString name = QString::fromStdString(command.name);
+    if (name.startsWith("Timer")) return;  // the face fires it
+    for (const auto& [suffix, clicks] : {std::pair{"DblClick", &twiceClicked_}, {"Click", &clicked_}}) {
+        if (!name.endsWith(suffix)) continue;
+        const QString target = name.chopped(QString(suffix).size());
+        QObject* const widget = target == form_.objectName() ? &form_ : named<QWidget>(form_, target);
+        if (!widget) break;
+        bound_ << target;
+        widget->installEventFilter(this);
+        (*clicks)[widget] = [this, &command] { press(command.name); };
+        return;
+    }
+    if (auto* const button = named<QAbstractButton>(form_, name)) {
+        bound_ << name;
+        connect(button, &QAbstractButton::clicked, this, [this, &command] { press(command.name); });
+        refreshers_.push_back(
+            [&command, button, formText = button->text(), together = withItsLabel(form_, *button)] {
+                button->setText(captionOf(command.caption(), formText));
+                for (QWidget* const each : together) {
+                    each->setEnabled(command.enabled());
+                    each->setVisible(command.visible());
+                }
+                button->setToolTip(shown(command.toolTip()));
+            });
+        if (command.drop) bindDrop(command, *button);
+    } else if (auto* const entry = named<QAction>(form_, name)) {
+        bound_ << name;
+        connect(entry, &QAction::triggered, this, [this, &command] { press(command.name); });
+        refreshers_.push_back([&command, entry] {
+            entry->setText(shown(command.caption()));
+            entry->setEnabled(command.enabled());
+            entry->setVisible(command.visible());
+            if (entry->isCheckable()) entry->setChecked(command.checked());
+        });
+    } else {
+        mismatches_ << "the form has no " + name;
+    }
+}
+
+void Binder::bindDrop(Command& command, QWidget& widget) {
+    widget.setAcceptDrops(true);
+    widget.installEventFilter(this);
+    takesFiles_[&widget] = &command;
+}
+
+/// A menu none of whose entries can be chosen is disabled itself.
+void Binder::disableEmptyMenus() {
+    for (QMenu* const menu : form_.findChildren<QMenu*>(QRegularExpression("^mnu"))) {
+        const QList<QAction*> entries = menu->actions();
+        menu->menuAction()->setEnabled(std::any_of(entries.begin(), entries.end(), [](const QAction* entry) {
+            return entry->isEnabled() && !entry->isSeparator();
+        }));
+    }
+}
+
+void Binder::findUnknownControls() {
+    for (const QWidget* const widget : form_.findChildren<QWidget*>())
+        if (isControlName(widget->objectName()) && !qobject_cast<const QMenu*>(widget) &&
+            !bound_.contains(widget->objectName()))
+            mismatches_ << "the panel has no " + widget->objectName();
+    for (const QAction* const entry : form_.findChildren<QAction*>())
+        if (isControlName(entry->objectName()) && !bound_.contains(entry->objectName()))
+            mismatches_ << "the panel has no " + entry->objectName();
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+    if (takesFiles_.contains(watched)) return handleDrop(*static_cast<QWidget*>(watched), *event);
+    if (const auto field = chooses_.constFind(watched); field != chooses_.constEnd()) {
+        auto* list = qobject_cast<QListWidget*>(watched);
+        if (!list) list = qobject_cast<QListWidget*>(watched->parent());
+        return handleList(*list, *event);
+    }
+    const auto run = [watched](const QHash<QObject*, std::function<void()>>& actions) {
+        const auto found = actions.constFind(watched);
+        if (found == actions.constEnd()) return false;
+        (*found)();
+        return true;
+    };
+    if (event->type() == QEvent::MouseButtonDblClick || event->type() == QEvent::MouseButtonRelease) {
+        const bool twice = event->type() == QEvent::MouseButtonDblClick;
+        return isBackground(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event)) &&
+               run(twice ? twiceClicked_ : clicked_);
+    }
+    if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched)) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        const bool opens =
+            key == Qt::Key_Space || key == Qt::Key_F2 || key == Qt::Key_Return || key == Qt::Key_Enter;
+        return opens && run(clicked_);
+    }
+    return false;
+}
+
+/// A click or Enter chooses the entry; the right button and Escape leave the list without a choice.
+bool Binder::handleList(QListWidget& list, const QEvent& event) {
+    const std::string field = chooses_.value(&list);
+    const QListWidgetItem* chosen = nullptr;
+    if (event.type() == QEvent::MouseButtonRelease) {
+        const auto& mouse = static_cast<const QMouseEvent&>(event);
+        if (mouse.button() == Qt::LeftButton) {
+            chosen = list.itemAt(mouse.position().toPoint());
+            if (!chosen) return false;
+        } else if (mouse.button() != Qt::RightButton) {
+            return false;
+        }
+    } else if (event.type() == QEvent::KeyPress) {
+        const int key = static_cast<const QKeyEvent&>(event).key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            chosen = list.currentItem();
+            if (!chosen) return false;
+        } else if (key != Qt::Key_Escape) {
+            return false;
+        }
+    } else {
+        return false;
+    }
+    const auto& entries = std::get<ListBox*>(panel_.field(field)->value)->entries;
+    set(field, chosen ? entries[static_cast<std::size_t>(list.row(chosen))] : std::string());
+    return true;
+}
+
+bool Binder::handleDrop(QWidget& widget, QEvent& event) {
+    auto* const button = qobject_cast<QAbstractButton*>(&widget);
+    Command& command = *takesFiles_.value(&widget);
+    const auto markTarget = [button](bool on) {
+        if (button) button->setDown(on);
+    };
+    switch (event.type()) {
+        case QEvent::DragEnter:
+        case QEvent::DragMove: {
+            auto& drag = static_cast<QDragMoveEvent&>(event);
+            if (!command.enabled() || !holdsFiles(drag.mimeData()->urls())) return false;
+            drag.acceptProposedAction();
+            markTarget(true);
+            return true;
+        }
+        case QEvent::DragLeave:
+            markTarget(false);
+            return false;
+        case QEvent::Drop: {
+            auto& drop = static_cast<QDropEvent&>(event);
+            markTarget(false);
+            drop.acceptProposedAction();
+            // The program that the files come from waits until this has returned.
+            QMetaObject::invokeMethod(
+                this,
+                [this, &command, urls = drop.mimeData()->urls()] {
+                    act_([&] {
+                        const std::vector<std::string> files = filesOf(urls);
+                        if (command.enabled() && !files.empty()) command.drop(files);
+                    });
+                },
+                Qt::QueuedConnection);
+            return true;
+        }
+        default:
+            return false;
+    }
+}
+
+}  // namespace tul::desktop

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "shared/panel.h"
+
+class QAbstractButton;
+class QAction;
+class QButtonGroup;
+class QEvent;
+class QListWidget;
+class QWidget;
+
+namespace tul::desktop {
+
+/// Ties the widgets of a form to a panel's fields and commands, by name. A widget never holds a value of its
+/// own: what the user does goes to the panel, and `refresh` shows what the panel then has.
+class Binder : public QObject {
+  public:
+    /// `act` runs what the user did; whoever gives it refreshes the windows afterwards.
+    using Act = std::function<void(const std::function<void()>&)>;
+    Binder(QWidget& form, Panel& panel, Act act);
+
+    /// Shows values, captions, tool tips, and what is enabled and visible.
+    void refresh();
+
+    /// What form and panel do not have in common: controls that one of them lacks.
+    const QStringList& mismatches() const { return mismatches_; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void bindField(Field& field);
+    void bindRow(Field& field);
+    void bindCommand(Command& command);
+    void bindText(Field& field, QWidget& widget);
+    void bindFlag(Field& field, QAbstractButton& button);
+    void bindOption(const Field& field, QAbstractButton& button);
+    void bindTab(Field& field, QWidget& widget);
+    void bindList(Field& field, QWidget& widget);
+    void bindListWidget(Field& field, QListWidget& list);
+    void bindDrop(Command& command, QWidget& widget);
+    bool handleList(QListWidget& list, const QEvent& event);
+    bool handleDrop(QWidget& widget, QEvent& event);
+    void disableEmptyMenus();
+    void findUnknownControls();
+
+    void set(const std::string& field, const std::string& value);
+    void press(const std::string& command);
+
+    QWidget& form_;
+    Panel& panel_;
+    Act act_;
+    std::vector<std::function<void()>> refreshers_;
+    QHash<QObject*, std::function<void()>> clicked_;  // by clicks and keys on widgets that are no buttons
+    QHash<QObject*, std::function<void()>> twiceClicked_;
+    QHash<QObject*, std::string> chooses_;  // fields of lists with a choice
+    QHash<QObject*, Command*> takesFiles_;
+    QHash<QString, QButtonGroup*> groups_;
+    QStringList bound_;
+    QStringList mismatches_;
+};
+
+}  // namespace tul::desktop

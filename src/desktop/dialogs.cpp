@@ -1,0 +1,79 @@
+#include "desktop/dialogs.h"
+
+#include <QInputDialog>
+#include <QMessageBox>
+
+#include "desktop/qt_text.h"
+
+namespace tul::desktop {
+
+namespace {
+
+QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::okCancel:
+            return QMessageBox::Ok | QMessageBox::Cancel;
+        case Buttons::yesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Buttons::yesNoCancel:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case Buttons::ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::Icon iconOf(Icon icon) {
+    switch (icon) {
+        case Icon::information:
+            return QMessageBox::Information;
+        case Icon::question:
+            return QMessageBox::Question;
+        case Icon::exclamation:
+            return QMessageBox::Warning;
+        case Icon::critical:
+            return QMessageBox::Critical;
+        case Icon::none:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+Answer answerOf(int button, Buttons buttons) {
+    switch (button) {
+        case QMessageBox::Ok:
+            return Answer::ok;
+        case QMessageBox::Yes:
+            return Answer::yes;
+        case QMessageBox::No:
+            return Answer::no;
+        default:  // closed with the window's own button
+            break;
+    }
+    if (buttons == Buttons::ok) return Answer::ok;
+    return buttons == Buttons::yesNo ? Answer::no : Answer::cancel;
+}
+
+}  // namespace
+
+int runModally(QDialog& dialog) { return dialog.exec(); }
+
+Answer askUser(const Message& message, const QString& speaker, QWidget* parent, const DialogRunner& run) {
+    QMessageBox box(iconOf(message.icon), speaker, shown(message.text), buttonsOf(message.buttons), parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);  // a path in it can be copied
+    return answerOf(run(box), message.buttons);
+}
+
+std::string askText(const std::string& prompt, const std::string& defaultText, const QString& speaker,
+                    QWidget* parent, const DialogRunner& run) {
+    QInputDialog box(parent);
+    box.setWindowTitle(speaker);
+    box.setLabelText(shown(prompt));
+    box.setTextValue(shown(defaultText));
+    if (run(box) != QDialog::Accepted) return {};
+    // What was not touched goes back as it was, whatever its bytes are.
+    return box.textValue() == shown(defaultText) ? defaultText : typed(box.textValue());
+}
+
+}  // namespace tul::desktop

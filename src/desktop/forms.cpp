@@ -1,0 +1,55 @@
+#include "desktop/forms.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "ui_frmAbout.h"
+#include "ui_frmColor.h"
+#include "ui_frmGlobalOptions.h"
+#include "ui_frmLogo.h"
+#include "ui_frmNotepad.h"
+#include "ui_frmPmx.h"
+#include "ui_frmResiz.h"
+#include "ui_frmValid.h"
+
+namespace tul::desktop {
+
+namespace {
+
+template <class Form>
+void setUp(QMainWindow& window) {
+    Form().setupUi(&window);
+}
+
+struct FormEntry {
+    std::string_view name;
+    void (*setUp)(QMainWindow&);
+};
+constexpr FormEntry forms[] = {
+    {"frmLogo", setUp<Ui::frmLogo>},   {"frmValid", setUp<Ui::frmValid>},
+    {"frmPmx", setUp<Ui::frmPmx>},     {"frmGlobalOptions", setUp<Ui::frmGlobalOptions>},
+    {"frmResiz", setUp<Ui::frmResiz>}, {"frmAbout", setUp<Ui::frmAbout>},
+    {"frmColor", setUp<Ui::frmColor>}, {"frmNotepad", setUp<Ui::frmNotepad>},
+};
+
+const FormEntry* findForm(std::string_view name) {
+    const auto* const found = std::find_if(std::begin(forms), std::end(forms),
+                                           [name](const FormEntry& form) { return form.name == name; });
+    return found == std::end(forms) ? nullptr : found;
+}
+
+}  // namespace
+
+std::vector<std::string_view> formNames() {
+    std::vector<std::string_view> names;
+    for (const FormEntry& form : forms) names.push_back(form.name);
+    return names;
+}
+
+bool hasForm(std::string_view name) { return findForm(name) != nullptr; }
+
+void setUpForm(std::string_view name, QMainWindow& window) {
+    if (const FormEntry* const form = findForm(name)) form->setUp(window);
+}
+
+}  // namespace tul::desktop

@@ -1,0 +1,162 @@
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QStyleFactory>
+#include <QTabWidget>
+#include <iostream>
+
+#include "centre/global_options.h"
+#include "centre/main_panel.h"
+#include "centre/start_up.h"
+#include "centre/viewing.h"
+#include "check/validation.h"
+#include "desktop/desktop_face.h"
+#include "desktop/forms.h"
+#include "desktop/panel_window.h"
+#include "host/host.h"
+#include "panels/fresh_process.h"
+#include "panels/panel_list.h"
+#include "shared/records.h"
+
+// Renders every panel and every tab into a picture, for a designer's eye.
+namespace {
+
+using namespace tul;
+using desktop::PanelWindow;
+
+QPalette darkPalette() {
+    const QColor window(0x2D, 0x2F, 0x33);
+    const QColor text(0xE6, 0xE6, 0xE6);
+    QPalette dark(QColor(0x3A, 0x3D, 0x42), window);
+    dark.setColor(QPalette::Base, QColor(0x1F, 0x21, 0x24));
+    dark.setColor(QPalette::AlternateBase, window);
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        dark.setColor(role, text);
+        dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x82, 0x86));
+    }
+    dark.setColor(QPalette::PlaceholderText, QColor(0x90, 0x92, 0x96));
+    dark.setColor(QPalette::Highlight, QColor(0x4C, 0x8D, 0xD6));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    dark.setColor(QPalette::ToolTipBase, window);
+    return dark;
+}
+
+class Gallery {
+  public:
+    Gallery(const QString& folder, bool dark)
+        : folder_(folder),
+          look_(QString("-%1-%2.png")
+                    .arg(qRound(qApp->devicePixelRatio() * 100))
+                    .arg(dark ? "dark" : "light")) {}
+
+    void take(QWidget& window, const QString& name) {
+        QApplication::processEvents();
+        const QString file = folder_.filePath(name + look_);
+        if (!window.grab().save(file)) std::cerr << file.toStdString() << " could not be written\n";
+    }
+
+    /// The window, once for each page of its tabs.
+    void takePages(QWidget& window, const QString& name) {
+        auto* const tab = window.findChild<QTabWidget*>();
+        for (int page = 0; tab && page < tab->count(); ++page) {
+            tab->setCurrentIndex(page);
+            take(window, name + QString("-%1").arg(page));
+        }
+        if (!tab) take(window, name);
+    }
+
+  private:
+    QDir folder_;
+    QString look_;
+};
+
+/// What a panel looks like apart from its tabs.
+void takeStates(PanelWindow& window, Gallery& gallery) {
+    if (window.panel().name == "frmValid") {
+        valid::Validation& run = valid::validation;
+        run.control.beginRun();
+        run.lblValidStatus = "File being processed: 3 of 7";
+        run.panValidFloodRun = {.percent = 28, .visible = true};
+        run.panValidFloodFile = {.percent = 64, .visible = true};
+        window.refresh();
+        gallery.take(window, "frmValid-run");
+        valid::resetValidation();
+    }
+    if (window.panel().name == "frmGlobalOptions") {
+        openFontList(&GlobalOptions::txtLyricsFont);
+        window.findChild<QTabWidget*>()->setCurrentIndex(2);
+        window.refresh();
+        gallery.take(window, "frmGlobalOptions-fonts");
+        chooseFont({});
+    }
+}
+
+void takePanel(const PanelEntry& entry, desktop::DesktopFace& face, Gallery& gallery) {
+    const QString name = entry.form;
+    if (name == "frmNotepad") ViewInPanel(paths.OptionsFilePath);
+    face.openPanel(entry.form);
+    PanelWindow& window = *face.front();
+    gallery.takePages(window, name);
+    takeStates(window, gallery);
+    if (name != "frmLogo") window.close();
+}
+
+/// A form whose panel is not in the program, as it is.
+void takeBareForm(std::string_view form, Gallery& gallery) {
+    Panel panel;
+    panel.name = form;
+    PanelWindow window(
+        std::move(panel), [](const auto&) {}, desktop::runModally);
+    window.showInPlace(nullptr);
+    gallery.takePages(window, QString::fromStdString(std::string(form)));
+}
+
+void takeAll(desktop::DesktopFace& face, Gallery& gallery) {
+    for (const std::string_view form : desktop::formNames()) {
+        if (const PanelEntry* const entry = findPanel(form))
+            takePanel(*entry, face, gallery);
+        else
+            takeBareForm(form, gallery);
+    }
+    SeeTextFile();
+    face.front()->refresh();
+    gallery.take(*face.front(), "frmLogo-files");
+    MsgBox("File S:\\SCORES\\PAGE1.MUS may not be a MUS file. ", Buttons::ok, Icon::information);
+    InputBox("Page number size (Code10, Par6. Value between 0 and 10). 200 will be added to this value.",
+             "1.1");
+    valid::cmdValidateRun();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    const QStringList words = QApplication::arguments();
+    if (words.size() < 3) {
+        std::cerr << "usage: tulgallery INSTALLATION PICTURES [--dark]\n";
+        return 2;
+    }
+    const bool dark = words.value(3) == "--dark";
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    if (dark) QApplication::setPalette(darkPalette());
+    QDir().mkpath(words[2]);
+    Gallery gallery(words[2], dark);
+
+    int dialogs = 0;
+    const auto machine = openNativeMachine();
+    desktop::DesktopFace face([&](QDialog& dialog) {
+        dialog.show();
+        gallery.take(dialog, QString("dialog-%1").arg(++dialogs));
+        return static_cast<int>(QDialog::Rejected);
+    });
+    Host host = machine->host();
+    host.face = &face;
+    installHost(host);
+    freshProcess();
+    files().changeFolder(files().fromNative(words[1].toStdString()).value_or("."));
+    StartUp();
+    face.settle();
+    takeAll(face, gallery);
+    return 0;
+}

@@ -1,0 +1,47 @@
+#include <QApplication>
+#include <QTimer>
+#include <iostream>
+
+#include "centre/start_up.h"
+#include "desktop/desktop_face.h"
+#include "desktop/panel_window.h"
+#include "host/host.h"
+#include "panels/fresh_process.h"
+
+namespace {
+
+/// Ends the program once the main panel has been painted: the benchmark measures the start with it.
+class PaintWatch : public QObject {
+  public:
+    using QObject::QObject;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) QTimer::singleShot(0, qApp, &QApplication::quit);
+        return false;
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace tul;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("TUL");
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const auto machine = openNativeMachine();
+    desktop::DesktopFace face;
+    Host host = machine->host();
+    host.face = &face;
+    installHost(host);
+    freshProcess();
+    if (!files().changeFolder(machine->programFolder())) {
+        std::cerr << "The installation folder cannot be entered.\n";
+        return 1;
+    }
+    StartUp();
+    face.settle();
+
+    PaintWatch watch;
+    if (QApplication::arguments().value(1) == "--quit-when-painted") face.front()->installEventFilter(&watch);
+    return QApplication::exec();
+}

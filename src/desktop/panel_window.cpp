@@ -1,0 +1,121 @@
+#include "desktop/panel_window.h"
+
+#include <QCloseEvent>
+#include <QFontInfo>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <algorithm>
+
+#include "base/text.h"
+#include "centre/debug_summary.h"
+#include "desktop/forms.h"
+#include "desktop/qt_text.h"
+#include "desktop/screen_places.h"
+#include "desktop/text_tools.h"
+
+namespace tul::desktop {
+
+namespace {
+
+constexpr double headingScale = 1.4;
+
+/// What closes a panel: its return button, or the main panel's exit.
+std::string returnCommand(const Panel& panel) {
+    for (const Command& command : panel.commands)
+        if (command.name.ends_with("Return") || command.name == "cmdExit") return command.name;
+    return {};
+}
+
+}  // namespace
+
+PanelWindow::PanelWindow(Panel panel, Binder::Act act, const DialogRunner& run)
+    : panel_(std::move(panel)), act_(std::move(act)) {
+    setUpForm(panel_.name, *this);
+    binder_ = std::make_unique<Binder>(*this, panel_, act_);
+    setWindowTitle(shown(panel_.caption));
+    enlargeHeadings();
+    if (auto* const text = findChild<QPlainTextEdit*>())
+        addToolBar(new TextTools(*text, *this, windowTitle(), QString(), run));
+}
+
+void PanelWindow::enlargeHeadings() {
+    for (QLabel* const label : findChildren<QLabel*>()) {
+        if (!label->property("heading").toBool()) continue;
+        QFont font = label->font();
+        font.setPointSizeF(QFontInfo(font).pointSizeF() * headingScale);
+        label->setFont(font);
+    }
+}
+
+void PanelWindow::refresh() { binder_->refresh(); }
+
+void PanelWindow::showInPlace(const QWidget* before) {
+    refresh();
+    const QRect available = (before ? before->screen() : screen())->availableGeometry();
+    QSize wanted = sizeHint();
+    if (const PanelPlace* const place =
+            panel_.place)  // the size that all tools share; it grows with the scale
+        wanted = wanted.expandedTo({place->width / twipsPerPixel, place->height / twipsPerPixel});
+    resize(wanted.boundedTo(available.size()));
+    if (panel_.place) {
+        followPlace();
+    } else if (before) {
+        move(before->frameGeometry().center() - rect().center());
+    }
+    show();
+    focusFirst();
+}
+
+void PanelWindow::followPlace() {
+    if (!panel_.place) return;
+    const QPoint wanted(toPixels(panel_.place->left), toPixels(panel_.place->top));
+    if (wanted == lastPlace_ && isVisible()) return;
+    lastPlace_ = wanted;
+    move(onAScreen(QRect(wanted, size())));
+}
+
+void PanelWindow::focusFirst() {
+    const QString wanted = QString::fromStdString(panel_.focus());
+    auto* first = wanted.isEmpty() ? nullptr : findChild<QWidget*>(wanted);
+    for (QPushButton* const button : findChildren<QPushButton*>())
+        if (button->isEnabled() && button->isVisible() &&
+            (!first || (wanted.isEmpty() && button->isDefault())))
+            first = button;
+    if (first) first->setFocus();
+}
+
+void PanelWindow::pressReturn() {
+    const std::string name = returnCommand(panel_);
+    act_([this, name] { panel_.press(name); });
+}
+
+/// The window goes when the panel has closed.
+void PanelWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    pressReturn();
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && panel_.name != "frmLogo") return pressReturn();
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        return QMainWindow::keyPressEvent(event);
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    for (QPushButton* const other : findChildren<QPushButton*>())
+        if (!button && other->isDefault()) button = other;
+    if (button) button->click();
+}
+
+void PanelWindow::mouseDoubleClickEvent(QMouseEvent*) { act_(ShowDetailsBox); }
+
+void PanelWindow::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    if (!panel_.place || !isVisible() || isMinimized() || isMaximized()) return;
+    lastPlace_ = pos();
+    panel_.place->left = toTwips(pos().x());
+    panel_.place->top = toTwips(pos().y());
+}
+
+}  // namespace tul::desktop

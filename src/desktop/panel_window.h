@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "desktop/binder.h"
+#include "desktop/dialogs.h"
+#include "shared/panel.h"
+
+namespace tul::desktop {
+
+/// A panel's window: its form, bound to the panel.
+class PanelWindow : public QMainWindow {
+  public:
+    /// The panel has a form.
+    PanelWindow(Panel panel, Binder::Act act, const DialogRunner& run);
+
+    Panel& panel() { return panel_; }
+    const Binder& binder() const { return *binder_; }
+
+    void refresh();
+    /// Shows the window where the panel's place is; a panel without one in the middle of `before`.
+    void showInPlace(const QWidget* before);
+    /// Moves the window where a command has put the panel.
+    void followPlace();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+
+  private:
+    void enlargeHeadings();
+    void focusFirst();
+    void pressReturn();
+
+    Panel panel_;
+    Binder::Act act_;
+    std::unique_ptr<Binder> binder_;
+    QPoint lastPlace_;  // that the panel's place was known to stand for
+};
+
+}  // namespace tul::desktop

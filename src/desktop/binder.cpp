@@ -32,12 +32,12 @@ Object* named(QWidget& form, const QString& name) {
     return form.findChild<Object*>(name);
 }
 
-/// The prefixes of the controls that hold a value or do something. What only decorates a form has others.
+/// Controls that hold a value or do something are known by their names. What only decorates a form has
+/// others.
 bool isControlName(const QString& name) {
-    static const QStringList prefixes = {"cmd", "cms", "opt", "chk", "txt",
-                                         "lst", "lbl", "tab", "mnu", "pan"};
-    return name.size() > 3 && prefixes.contains(name.left(3)) && !name.endsWith("Title") &&
-           (name[3].isUpper() || name[3].isDigit());
+    static const QRegularExpression control(
+        "^((cmd|cms|opt|chk|txt|lst|lbl|tab|mnu|pan)[a-z]{0,2}|[Oo]ption|Text)[A-Z0-9]");
+    return control.match(name).hasMatch() && !name.endsWith("Title");
 }
 
 /// The form's text carries the mnemonic. A caption that the form does not know gets its first letter.

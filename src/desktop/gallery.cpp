@@ -4,6 +4,7 @@
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <iostream>
+#include <utility>
 
 #include "centre/global_options.h"
 #include "centre/main_panel.h"
@@ -71,6 +72,17 @@ class Gallery {
     QString look_;
 };
 
+/// An example of the guide.
+constexpr std::pair<const char*, const char*> slursThinnerThan[] = {
+    {"tabEdit", "6"}, {"optEditGeneralLocate", "1"},
+    {"txtp1", "1"},   {"lstr1", "="},
+    {"txtv1", "5"},   {"lstl2", "AND"},
+    {"txtp2", "13"},  {"lstr2", "<"},
+    {"txtv2", ".8"},  {"lstl3", "&not"},
+    {"txtp3", "13"},  {"lstr3", "="},
+    {"txtv3", "0"},
+};
+
 /// What a panel looks like apart from its tabs.
 void takeStates(PanelWindow& window, Gallery& gallery) {
     if (window.panel().name == "frmValid") {
@@ -89,6 +101,11 @@ void takeStates(PanelWindow& window, Gallery& gallery) {
         window.refresh();
         gallery.take(window, "frmGlobalOptions-fonts");
         chooseFont({});
+    }
+    if (window.panel().name == "frmEdit") {
+        for (const auto& [field, value] : slursThinnerThan) window.panel().set(field, value);
+        window.refresh();
+        gallery.take(window, "frmEdit-example");
     }
 }
 

@@ -30,6 +30,7 @@ QPalette darkPalette() {
     const QColor text(0xE6, 0xE6, 0xE6);
     QPalette dark(QColor(0x3A, 0x3D, 0x42), window);
     dark.setColor(QPalette::Base, QColor(0x1F, 0x21, 0x24));
+    dark.setColor(QPalette::Disabled, QPalette::Base, window);
     dark.setColor(QPalette::AlternateBase, window);
     for (const auto role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {

@@ -35,7 +35,7 @@ QPalette darkPalette() {
     for (const auto role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
         dark.setColor(role, text);
-        dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x82, 0x86));
+        dark.setColor(QPalette::Disabled, role, QColor(0x9C, 0x9E, 0xA2));
     }
     dark.setColor(QPalette::PlaceholderText, QColor(0x90, 0x92, 0x96));
     dark.setColor(QPalette::Highlight, QColor(0x4C, 0x8D, 0xD6));

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
+#include "shared/panel.h"
 #include "shared/report.h"
 
 /// What the general edit tool is made of: families of edits, one file each. A run applies those of the page
@@ -36,6 +38,8 @@ struct FileOfRun {
 /// One family of edits. Where a page has several, each looks itself whether it is the one that is chosen.
 struct Family {
     int tab;
+    /// The controls of its options.
+    std::vector<Field> (*fields)();
     /// Gives its options their first values.
     void (*reset)();
     /// False, and told why, when a run with these options makes no sense.

@@ -5,6 +5,7 @@
 
 #include "base/print_line.h"
 #include "base/text.h"
+#include "edit/edit_fields.h"
 #include "edit/edit_run.h"
 
 namespace tul::edit {
@@ -74,7 +75,8 @@ bool mayRun() {
 // --- Conditions
 
 struct Condition {
-    int par;
+    float typedPar;
+    int par;  // the one that it is rounded to
     std::string relation;
     float value;
 
@@ -83,8 +85,8 @@ struct Condition {
 };
 
 Condition conditionOf(std::size_t number) {
-    return {parameterOf(generalEdit.txtp[number]), generalEdit.lstr[number].text,
-            valueOf(generalEdit.txtv[number])};
+    const std::string& par = generalEdit.txtp[number];
+    return {valueOf(par), parameterOf(par), generalEdit.lstr[number].text, valueOf(generalEdit.txtv[number])};
 }
 
 /// Par 0 is no parameter: it reads as 0.
@@ -101,7 +103,7 @@ bool Condition::holds(const Parameters& pars, float margin) const {
 }
 
 std::string Condition::text() const {
-    return "Par" + plain(par) + " " + relation + " " + formatted(value, valuePattern);
+    return "Par" + plain(typedPar) + " " + relation + " " + formatted(value, valuePattern);
 }
 
 bool joinedBy(const std::string& logic, bool left, bool right) {
@@ -217,10 +219,59 @@ void writeCounters(Report& report) {
     writeCounter(report, "Number general updates. . . . . . . . . ", editing.counters.totalUpdates);
 }
 
+// --- Fields
+
+Field choice(const char* name, ChoiceList& list, const char* what) {
+    std::string prompt = what;
+    for (const std::string& entry : list.list.entries) prompt += " " + entry;
+    return {.name = name,
+            .kind = FieldKind::list,
+            .value = &list.list,
+            .prompt = prompt,
+            .accept =
+                [&list](const std::string& entry) {
+                    list.choose(entry);
+                    return entry;
+                },
+            .enabled = isIdle};
+}
+
+Field actionField(Field field) {
+    field.visible = [] { return generalEdit.optOptionChange; };
+    return field;
+}
+
+std::vector<Field> fields() {
+    auto& [change, locate, margin, par, value, relation, logic, compared, newPar, newValue] = generalEdit;
+    return {
+        optionField("fraGeneralAction", "optOptionChange", change),
+        withStep(optionField("fraGeneralAction", "optEditGeneralLocate", locate), reportOnly),
+        textField("txtGeneralMargin", margin, "Enter a +/- margin to recognize values", keepGeneralMargin),
+        textField("txtp1", par[0], "Parameter of the first condition (1-18)"),
+        choice("lstr1", relation[0], "Relation of the first condition:"),
+        textField("txtv1", value[0], "Value of the first condition"),
+        choice("lstl2", logic[0], "Joins the second condition:"),
+        textField("txtp2", par[1], "Parameter of the second condition"),
+        choice("lstr2", relation[1], "Relation of the second condition:"),
+        textField("txtv2", value[1], "Value of the second condition"),
+        choice("lstl3", logic[1], "Joins the third condition:"),
+        textField("txtp3", par[2], "Parameter of the third condition"),
+        choice("lstr3", relation[2], "Relation of the third condition:"),
+        textField("txtv3", value[2], "Value of the third condition"),
+        textField(
+            "txtGeneralEdit", compared,
+            "Where the first condition is =16: the whole text, font included. Where it is =9: the symbol "
+            "library, such as LIBRA."),
+        actionField(textField("txtp4", newPar, "Parameter to set. Empty to set the text.")),
+        actionField(textField("txtv4", newValue, "Value that it is set to, or the new text, font included")),
+    };
+}
+
 }  // namespace
 
 const Family generalFamily = {
     .tab = tabGeneral,
+    .fields = fields,
     .reset = [] { generalEdit = {}; },
     .mayRun = mayRun,
     .begin = nullptr,

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "edit/edit_fields.h"
 #include "edit/edit_run.h"
 #include "edit/text_search.h"
 
@@ -138,10 +139,29 @@ void writeCounters(Report& report) {
                  " (Font " + fonts.txtEditFontInput + " to " + fonts.txtEditFontOutput + ")");
 }
 
+// --- Fields
+
+std::vector<Field> fields() {
+    const auto modifies = [] { return textFonts.optEditModifyText; };
+    return {
+        optionField("fraEditText", "optEditDeleteModify", textFonts.optEditDeleteModify),
+        optionField("fraEditFont", "optEditDeleteText", textFonts.optEditDeleteText),
+        optionField("fraEditFont", "optEditModifyText", textFonts.optEditModifyText),
+        fontField("txtEditFontInput", textFonts.txtEditFontInput),
+        onlyIf(fontField("txtEditFontOutput", textFonts.txtEditFontOutput), modifies),
+        checkField("chkEditModifyInclude", textFonts.chkEditModifyInclude),
+        textField("txtDelModFilter", textFonts.txtDelModFilter,
+                  "Only items with this text behind the font. Empty for all."),
+        textField("txtModifySize", textFonts.txtModifySize,
+                  "Only text items of exactly this size (Par6). Empty for all."),
+    };
+}
+
 }  // namespace
 
 const Family textFontsFamily = {
     .tab = tabText,
+    .fields = fields,
     .reset = [] { textFonts = {}; },
     .mayRun = mayRun,
     .begin = [] { deletionAgreed = false; },

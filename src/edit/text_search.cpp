@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "centre/option_checks.h"
+#include "edit/edit_fields.h"
 #include "edit/edit_run.h"
 
 namespace tul::edit {
@@ -209,21 +210,63 @@ void writeCounters(Report& report) {
 
 // --- Fields
 
+const char* const searchPrompt =
+    "Enter string to be searched. If the string contains the quote mark put the string between apostrophes. "
+    "If the string contains apostrophies write it in quotes. If the string contains leading or trailing "
+    "blanks, use either.\r\n"
+    "Note that the leftmost font is not part of the search.\r\n"
+    "If there are other fonts within the string, these are part of the search.";
+const char* const replacementPrompt =
+    "Enter replacing string. If the string contains the quote mark put the string between apostrophes. If "
+    "the string contains apostrophies write it in quotes. If the string contains leading or trailing blanks, "
+    "use either.\r\n"
+    "Note that the leftmost font is not part of the replacement area.\r\n"
+    "This function may be used to replace 'in-string' fonts.";
+
 std::string keepPresent(const char* message, const std::string& present) {
     MsgBox(message, Buttons::ok, Icon::exclamation);
     return present;
+}
+
+std::vector<Field> fields() {
+    const auto comparesParts = [] { return !textSearch.chkSearchReplaceIncludeFont; };
+    const auto hasNoFilter = [] { return !textSearch.filters(); };
+    return {
+        optionField("fraEditText", "optEditSearch", textSearch.optEditSearch),
+        onlyIf(checkField("chkEditVerify", textSearch.chkEditVerify), comparesParts),
+        keptField("txtEditSearchString1", textSearch.txtEditSearchString1, searchPrompt, keepSearchString),
+        keptField("txtEditSearchString2", textSearch.txtEditSearchString2, replacementPrompt,
+                  keepReplacement),
+        onlyIf(withStep(checkField("chkSearchReplaceIncludeFont", textSearch.chkSearchReplaceIncludeFont),
+                        excludeOtherFilters),
+               hasNoFilter),
+        onlyIf(checkField("chkReplaceWholeWord", textSearch.chkReplaceWholeWord), comparesParts),
+        onlyIf(checkField("chkEditSearchFont", textSearch.chkEditSearchFont), comparesParts),
+        fontField("txtEditSearchFont", textSearch.txtEditSearchFont),
+        onlyIf(checkField("chkEditSearchSize", textSearch.chkEditSearchSize), comparesParts),
+        textField("txtEditSearchSize", textSearch.txtEditSearchSize,
+                  "Text size filter (Code16, Par6. Value between 0 and 10)", keepSearchSize),
+        textField("txtEditSearchMargin", textSearch.txtEditSearchMargin,
+                  "Margin (+/-) for size filter (Code16, Par6. Value from 0 to and including 10)",
+                  keepSearchMargin),
+    };
 }
 
 }  // namespace
 
 const Family textSearchFamily = {
     .tab = tabText,
+    .fields = fields,
     .reset = [] { textSearch = {}; },
     .mayRun = mayRun,
     .begin = nullptr,
     .updateFile = updateFile,
     .writeCounters = writeCounters,
 };
+
+Field fontField(const char* name, std::string& value) {
+    return keptField(name, value, "Enter two-digit font number", keepFontDigits);
+}
 
 std::string keepFontDigits(const std::string& typed, const std::string& present) {
     const std::string_view digits = trim(typed);

@@ -36,6 +36,9 @@ std::string keepSearchMargin(const std::string& typed);
 std::string keepSearchString(const std::string& typed, const std::string& present);
 std::string keepReplacement(const std::string& typed, const std::string& present);
 
+/// A field that takes the two digits of a font.
+Field fontField(const char* name, std::string& value);
+
 /// The step of `chkSearchReplaceIncludeFont`: whole texts are compared, so nothing else can be asked for.
 void excludeOtherFilters();
 

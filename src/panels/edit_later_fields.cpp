@@ -1,16 +1,24 @@
+#include "panels/edit_later_fields.h"
+
 #include <algorithm>
 #include <array>
 #include <deque>
+#include <span>
 #include <string_view>
 #include <utility>
 
 #include "base/numbers.h"
 #include "centre/project_options.h"
+#include "edit/edit_fields.h"
 #include "edit/edit_profile.h"
-#include "panels/edit_fields.h"
+#include "shared/key_value_file.h"
 #include "shared/records.h"
 
-namespace tul::editfields {
+namespace tul::editlater {
+
+using edit::checkField;
+using edit::optionField;
+using edit::textField;
 
 namespace {
 
@@ -22,6 +30,8 @@ struct Shown {
     std::string txtLJfont;
     std::string txtLJfontName;
     std::string txtLJsize;
+    std::string cmdLHfingersTip;
+    bool hidesButtons = false;  // those that a click on the background hides from the developer
 };
 Shown shown;
 
@@ -149,28 +159,45 @@ Field disabled(Field field) {
 std::vector<Field> bracketFields() {
     edit::BracketSettings& settings = edit::bracketSettings;
     return {
-        text("txtRVBheightLine", settings.txtRVBheightLine, ""),
-        text("txtRVBheight", settings.txtRVBheight, ""),
-        text("txtRVBdotCorr", settings.txtRVBdotCorr, ""),
-        text("txtRVBwidth", settings.txtRVBwidth, ""),
-        text("txtRVBhalfOffsetLeft", settings.txtRVBhalfOffsetLeft, ""),
-        text("txtRVBhalfOffsetRite", settings.txtRVBhalfOffsetRite, ""),
-        text("txtRVBwholeOffsetLeft", settings.txtRVBwholeOffsetLeft, ""),
-        text("txtRVBwholeOffsetRite", settings.txtRVBwholeOffsetRite, ""),
+        textField("txtRVBheightLine", settings.txtRVBheightLine, ""),
+        textField("txtRVBheight", settings.txtRVBheight, ""),
+        textField("txtRVBdotCorr", settings.txtRVBdotCorr, ""),
+        textField("txtRVBwidth", settings.txtRVBwidth, ""),
+        textField("txtRVBhalfOffsetLeft", settings.txtRVBhalfOffsetLeft, ""),
+        textField("txtRVBhalfOffsetRite", settings.txtRVBhalfOffsetRite, ""),
+        textField("txtRVBwholeOffsetLeft", settings.txtRVBwholeOffsetLeft, ""),
+        textField("txtRVBwholeOffsetRite", settings.txtRVBwholeOffsetRite, ""),
     };
 }
 
-/// What only a developer sees.
-bool isDevelopers(std::string_view name) {
-    constexpr std::array<std::string_view, 10> names = {
-        "cmdTessler",   "cmdHalve",   "cmdMidiPrep",  "cmdMarlo",         "cmdDorvel",
-        "cmdNewMeters", "cmdQuintal", "cmdLHfingers", "txtLHfingerPar16", "optEditFingerDispl"};
+using Names = std::span<const std::string_view>;
+constexpr std::array<std::string_view, 4> developers = {"cmdTessler", "cmdHalve", "cmdMidiPrep",
+                                                        "optEditFingerDispl"};
+/// A developer hides these as well.
+constexpr std::array<std::string_view, 6> hideable = {"cmdMarlo",   "cmdDorvel",    "cmdNewMeters",
+                                                      "cmdQuintal", "cmdLHfingers", "txtLHfingerPar16"};
+
+bool isAmong(Names names, std::string_view name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 Live<bool> visibilityOf(std::string_view name) {
-    if (!isDevelopers(name)) return true;
-    return [] { return identity.DeveloperMode; };
+    if (isAmong(hideable, name)) return [] { return identity.DeveloperMode && !shown.hidesButtons; };
+    if (isAmong(developers, name)) return [] { return identity.DeveloperMode; };
+    return true;
+}
+
+Live<std::string> tipOf(const LaterButton& button) {
+    if (std::string_view(button.name) == "cmdLHfingers") return [] { return shown.cmdLHfingersTip; };
+    return *button.tip == '\0' ? notYet : std::string(button.tip);
+}
+
+/// As the options file has it; the settings that all tools share are without it.
+std::string fingerSize() {
+    std::string size;
+    for (const KeyValue& option : readKeyValues(paths.OptionsFilePath).value_or(std::vector<KeyValue>()))
+        if (option.key == "FINGERSIZERH") size = option.value;
+    return size;
 }
 
 }  // namespace
@@ -182,16 +209,16 @@ std::vector<Field> laterFields() {
     flagValues.clear();
     std::vector<Field> fields = bracketFields();
     for (const LaterText& later : texts)
-        fields.push_back(text(later.name, textValues.emplace_back(later.value), ""));
+        fields.push_back(textField(later.name, textValues.emplace_back(later.value), ""));
     for (const LaterFlag& later : flags) {
         bool& value = flagValues.emplace_back(later.on);
-        fields.push_back(*later.frame == '\0' ? check(later.name, value)
-                                              : option(later.frame, later.name, value));
+        fields.push_back(*later.frame == '\0' ? checkField(later.name, value)
+                                              : optionField(later.frame, later.name, value));
     }
-    fields.push_back(text("txtCurrentPlateNr", shown.txtCurrentPlateNr, ""));
-    fields.push_back(text("txtLJsize", shown.txtLJsize, ""));
-    fields.push_back(text("txtLJfont", shown.txtLJfont, ""));
-    fields.push_back(text("txtLJfontName", shown.txtLJfontName, ""));
+    fields.push_back(textField("txtCurrentPlateNr", shown.txtCurrentPlateNr, ""));
+    fields.push_back(textField("txtLJsize", shown.txtLJsize, ""));
+    fields.push_back(textField("txtLJfont", shown.txtLJfont, ""));
+    fields.push_back(textField("txtLJfontName", shown.txtLJfontName, ""));
     for (Field& field : fields) {
         field = disabled(std::move(field));
         field.visible = visibilityOf(field.name);
@@ -206,8 +233,12 @@ std::vector<Command> laterCommands() {
                             .caption = later.caption,
                             .run = [] {},
                             .enabled = false,
-                            .toolTip = *later.tip == '\0' ? notYet : std::string(later.tip),
+                            .toolTip = tipOf(later),
                             .visible = visibilityOf(later.name)});
+    commands.push_back({.name = "frmEditClick",
+                        .caption = "Click on the background: hide the developer's buttons",
+                        .run = [] { shown.hidesButtons = true; },
+                        .enabled = [] { return identity.DeveloperMode && edit::isIdle(); }});
     return commands;
 }
 
@@ -220,7 +251,9 @@ void showProjectSettings() {
                                   ", Size=" + settings.PlateNumberSize,
              .txtLJfont = prefix,
              .txtLJfontName = font >= 0 ? fontTable.FontNames[static_cast<std::size_t>(font)] : "",
-             .txtLJsize = settings.LyricsSize};
+             .txtLJsize = settings.LyricsSize,
+             .cmdLHfingersTip = "RH finger alignment for Score4 (finger size taken from global setting: " +
+                                fingerSize() + ")."};
 }
 
-}  // namespace tul::editfields
+}  // namespace tul::editlater

@@ -6,10 +6,11 @@
 #include "centre/launching.h"
 #include "centre/names_file.h"
 #include "centre/panel_place.h"
+#include "edit/edit_fields.h"
 #include "edit/edit_profile.h"
 #include "edit/edit_run.h"
 #include "music/pipeline.h"
-#include "panels/edit_fields.h"
+#include "panels/edit_later_fields.h"
 #include "panels/tool_panel.h"
 #include "shared/records.h"
 
@@ -18,7 +19,7 @@ namespace tul {
 namespace {
 
 using edit::editing;
-using editfields::isIdle;
+using edit::isIdle;
 
 struct EditPanel {
     PanelPlace place;
@@ -53,7 +54,7 @@ std::vector<Field> runFields() {
          .value = &editing.tabEdit,
          .enabled = isIdle,
          .choices = edit::tabCount},
-        editfields::check("chkEditBackup", editing.chkEditBackup),
+        edit::checkField("chkEditBackup", editing.chkEditBackup),
         {.name = "lblEditStatus", .kind = FieldKind::label, .value = &editing.lblEditStatus},
         {.name = "txtEditFile", .kind = FieldKind::text, .value = &editing.txtEditFile},
         {.name = "lblEditAct", .kind = FieldKind::label, .value = &pipeline.activity},
@@ -105,17 +106,15 @@ Panel makeEditPanel() {
     panel.caption = "TulEdit ";
     panel.runCommand = "cmdEditRun";
     panel.fields = runFields();
-    append(panel.fields, editfields::textSearchFields());
-    append(panel.fields, editfields::textFontsFields());
-    append(panel.fields, editfields::generalFields());
-    append(panel.fields, editfields::laterFields());
+    for (const edit::Family* family : edit::families()) append(panel.fields, family->fields());
+    append(panel.fields, editlater::laterFields());
     panel.commands = commands();
-    append(panel.commands, editfields::laterCommands());
+    append(panel.commands, editlater::laterCommands());
     panel.place = &editPanel.place;
     panel.load = [] {
         loadToolPanel(editPanel.place);
         edit::loadTulEditProfile();
-        editfields::showProjectSettings();
+        editlater::showProjectSettings();
         RefreshViewTip(editPanel.viewTip);
         showSelection();
     };

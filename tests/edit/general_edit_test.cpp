@@ -237,7 +237,13 @@ TEST_F(General, TheHeadTellsWhatIsDone) {
     set("1", "998");
     EXPECT_EQ(action(), "Text LIBRA to 998");
     generalEdit.txtGeneralEdit = " ";
-    EXPECT_EQ(action(), "Par1 to 998");
+    set("2.5", "998");
+    EXPECT_EQ(action(), "Par2.5 to 998");
+    condition(0, "2.5", "=", "5");
+    add({1, 5});
+    const std::string report = run();
+    EXPECT_NE(report.find("Par2.5 = 5.\r\n"), report.npos) << report;
+    EXPECT_EQ(musItemTable[1].pars[2], 998) << "rounded";
 }
 
 TEST_F(General, ChecksItsFieldsInOrder) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "edit/edit_run.h"
 #include "edit/general_edit.h"
 #include "edit/text_search.h"
@@ -140,6 +142,30 @@ TEST_F(EditPanelTest, ControlsOfLaterEditsAreDisabled) {
     host.programs["TULEDIT2.EXE"] = [](const std::string&) { return 0; };
     EXPECT_EQ(panel.press("cmdEdit2"), PanelAnswer::done);
     EXPECT_NE(host.launches.back().find("TULEDIT2.EXE"), std::string::npos);
+}
+
+TEST_F(EditPanelTest, TheDeveloperHidesButtonsByAClickOnTheBackground) {
+    const auto isVisible = [&](const char* command) { return panel.command(command)->visible(); };
+    EXPECT_FALSE(isVisible("cmdMarlo"));
+    EXPECT_EQ(panel.press("frmEditClick"), PanelAnswer::disabled);
+    identity.DeveloperMode = true;
+    EXPECT_TRUE(isVisible("cmdMarlo"));
+    panel.press("frmEditClick");
+    EXPECT_FALSE(isVisible("cmdMarlo"));
+    EXPECT_FALSE(panel.field("txtLHfingerPar16")->visible());
+    EXPECT_TRUE(isVisible("cmdHalve"));
+    host.write("TULPROJ.PRO", "FingerSizeRH=.8\r\n");
+    panel.load();
+    EXPECT_TRUE(isVisible("cmdMarlo"));
+    EXPECT_EQ(panel.command("cmdLHfingers")->toolTip(),
+              "RH finger alignment for Score4 (finger size taken from global setting: .8).");
+}
+
+TEST_F(EditPanelTest, AFamilyTakesItsControlsOverFromTheLaterOnes) {
+    std::set<std::string> names;
+    for (const Field& field : panel.fields) EXPECT_TRUE(names.insert(field.name).second) << field.name;
+    for (const Command& command : panel.commands)
+        EXPECT_TRUE(names.insert(command.name).second) << command.name;
 }
 
 TEST_F(EditPanelTest, ReturningKeepsTheProfile) {

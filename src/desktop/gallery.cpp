@@ -12,7 +12,7 @@
 #include "centre/viewing.h"
 #include "check/validation.h"
 #include "desktop/desktop_face.h"
-#include "desktop/forms.h"
+#include "desktop/guide_window.h"
 #include "desktop/panel_window.h"
 #include "host/host.h"
 #include "panels/fresh_process.h"
@@ -120,23 +120,12 @@ void takePanel(const PanelEntry& entry, desktop::DesktopFace& face, Gallery& gal
     if (name != "frmLogo") window.close();
 }
 
-/// A form whose panel is not in the program, as it is.
-void takeBareForm(std::string_view form, Gallery& gallery) {
-    Panel panel;
-    panel.name = form;
-    PanelWindow window(
-        std::move(panel), [](const auto&) {}, desktop::runModally);
-    window.showInPlace(nullptr);
-    gallery.takePages(window, QString::fromStdString(std::string(form)));
-}
-
 void takeAll(desktop::DesktopFace& face, Gallery& gallery) {
-    for (const std::string_view form : desktop::formNames()) {
-        if (const PanelEntry* const entry = findPanel(form))
-            takePanel(*entry, face, gallery);
-        else
-            takeBareForm(form, gallery);
-    }
+    for (const PanelEntry& entry : panelList()) takePanel(entry, face, gallery);
+    ShowUserGuide(guideStart);
+    gallery.take(*face.guide(), "guide");
+    ShowUserGuide("settings.md");
+    gallery.take(*face.guide(), "guide-settings");
     SeeTextFile();
     face.front()->refresh();
     gallery.take(*face.front(), "frmLogo-files");

@@ -71,6 +71,15 @@ void ViewInPanel(const std::string& path) {
     face().openPanel("frmNotepad");
 }
 
+void ShowUserGuide(const std::string& page) {
+    const std::string path = paths.ProgramFolder + "\\docs\\" + page;
+    if (FileExists(path))
+        face().showGuide(path);
+    else
+        MsgBox("The user guide is not installed: there is no file " + path + ".", Buttons::ok,
+               Icon::exclamation);
+}
+
 void editNotepadFile() {
     ViewWithEditor(notepadPanel.path);
     ReadControlFile(false);

@@ -18,6 +18,11 @@ void ViewWithEditor(const std::string& path);
 
 /// Shows a text file in `frmNotepad`.
 void ViewInPanel(const std::string& path);
+/// The page of the user guide that leads to all others.
+inline constexpr const char* guideStart = "guide.md";
+/// Shows a page of the user guide, which lies in "docs" in the program's folder.
+void ShowUserGuide(const std::string& page);
+
 /// Menu entry of `frmNotepad`: hands its file to the editor, and takes over what the user changed in the
 /// settings.
 void editNotepadFile();

@@ -38,6 +38,7 @@ class ConsoleFace : public Face {
     std::optional<std::vector<std::string>> namedPaths(const std::string& prompt) override;
     bool showsTextItself() const override { return true; }
     void showText(const std::string& path) override;
+    void showGuide(const std::string& path) override { showText(path); }
     void openPanel(const std::string& name) override;
     std::string frontCaption() const override;
     void setPanelVisible(bool) override {}

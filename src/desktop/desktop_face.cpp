@@ -7,6 +7,7 @@
 #include "centre/main_panel.h"
 #include "centre/panel_place.h"
 #include "desktop/forms.h"
+#include "desktop/guide_window.h"
 #include "desktop/panel_window.h"
 #include "desktop/qt_text.h"
 #include "desktop/screen_places.h"
@@ -63,6 +64,11 @@ std::string DesktopFace::inputBox(const std::string& prompt, const std::string& 
 void DesktopFace::showText(const std::string& path) {
     TextWindow window(path, visibleWindow(), run_);
     run_(window);
+}
+
+void DesktopFace::showGuide(const std::string& path) {
+    if (!guide_) guide_ = std::make_unique<GuideWindow>();
+    guide_->turnTo(path);
 }
 
 void DesktopFace::openPanel(const std::string& name) {

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QTimer>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "desktop/dialogs.h"
@@ -12,6 +13,7 @@ class QWidget;
 
 namespace tul::desktop {
 
+class GuideWindow;
 class PanelWindow;
 
 /// The face with windows. The main panel stands behind all others; a panel that it opens hides it, and its
@@ -28,6 +30,7 @@ class DesktopFace : public Face {
     /// Only where the configured editor is missing.
     bool showsTextItself() const override { return false; }
     void showText(const std::string& path) override;
+    void showGuide(const std::string& path) override;
     void openPanel(const std::string& name) override;
     std::string frontCaption() const override;
     void minimizePanel() override;
@@ -39,6 +42,9 @@ class DesktopFace : public Face {
 
     /// The window in front; null before the main panel stands.
     PanelWindow* front() const { return windows_.empty() ? nullptr : windows_.back(); }
+
+    /// The guide's window; null as long as nobody has asked for it.
+    GuideWindow* guide() const { return guide_.get(); }
 
     /// Lets closed panels go, and shows what the one in front now has.
     void settle();
@@ -52,7 +58,8 @@ class DesktopFace : public Face {
 
     DialogRunner run_;
     std::vector<PanelWindow*> windows_;  // the one in front is the last
-    QTimer timer_;                       // of the panel in front
+    std::unique_ptr<GuideWindow> guide_;
+    QTimer timer_;  // of the panel in front
 };
 
 }  // namespace tul::desktop

@@ -11,10 +11,12 @@
 
 #include "base/text.h"
 #include "centre/debug_summary.h"
+#include "centre/viewing.h"
 #include "desktop/forms.h"
 #include "desktop/qt_text.h"
 #include "desktop/screen_places.h"
 #include "desktop/text_tools.h"
+#include "panels/panel_list.h"
 
 namespace tul::desktop {
 
@@ -99,6 +101,8 @@ void PanelWindow::closeEvent(QCloseEvent* event) {
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::HelpContents))
+        return act_([this] { ShowUserGuide(findPanel(panel_.name)->guide); });
     if (event->key() == Qt::Key_Escape && panel_.name != "frmLogo") return pressReturn();
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         return QMainWindow::keyPressEvent(event);

@@ -42,6 +42,8 @@ class Face {
     virtual bool showsTextItself() const = 0;
     /// Shows a text file and returns when the user has finished with it.
     virtual void showText(const std::string& path) = 0;
+    /// Shows a page of the user guide. A face with windows leaves it open beside the panel.
+    virtual void showGuide(const std::string& path) = 0;
     /// Opens the panel of this name over the one in front, and returns when it stands.
     virtual void openPanel(const std::string& name) = 0;
     /// Caption of the panel that the user sees.

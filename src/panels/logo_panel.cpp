@@ -145,6 +145,7 @@ Commands menuCommands() {
         editorEntry("mnuNotepad", "&Notepad", EditorCode::notepad),
         editorEntry("mnuWordpad", "&Wordpad", EditorCode::wordpad),
         {.name = "mnuSeeTextFile", .caption = "see &Text file (intelligently)", .run = SeeTextFile},
+        {.name = "mnuGuide", .caption = "User &guide", .run = [] { ShowUserGuide(guideStart); }},
         {.name = "mnuHelpTUL", .caption = "T&UL", .run = ShowOwnHelpFile, .enabled = asFound("mnuHelp")},
         {.name = "mnuDebug", .caption = "S&upport", .run = WriteDebugSummary},
         {.name = "mnuWebsite", .caption = "&Website", .run = openWebsite},

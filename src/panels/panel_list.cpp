@@ -14,18 +14,22 @@ namespace tul {
 
 const std::vector<PanelEntry>& panelList() {
     static const std::vector<PanelEntry> panels = {
-        {"frmLogo", "logo", "", "the main panel: opens the tools, launches the utilities", makeLogoPanel},
-        {"frmValid", "valid", "validate", "check the structure of music files", makeValidPanel},
-        {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", makePmxPanel},
+        {"frmLogo", "logo", "", "the main panel: opens the tools, launches the utilities", "main-panel.md",
+         makeLogoPanel},
+        {"frmValid", "valid", "validate", "check the structure of music files", "validation.md",
+         makeValidPanel},
+        {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", "pmx.md", makePmxPanel},
         {"frmResiz", "resiz", "resize", "change sizes of notes, slurs, staves, symbols, numbers and texts",
-         makeResizPanel},
+         "resize.md", makeResizPanel},
         {"frmEdit", "edit", "", "search and replace texts, change fonts, find and change items by conditions",
-         makeEditPanel},
+         "edit.md", makeEditPanel},
         {"frmGlobalOptions", "globaloptions", "options",
-         "the choices of a project: folder, suffix, fonts, sizes", makeGlobalOptionsPanel},
-        {"frmAbout", "about", "", "version of the program, disclaimer, system information", makeAboutPanel},
-        {"frmColor", "color", "", "what the colors of the panels mean", makeColorPanel},
-        {"frmNotepad", "notepad", "", "the built-in viewer of text files", makeNotepadPanel},
+         "the choices of a project: folder, suffix, fonts, sizes", "settings-options.md",
+         makeGlobalOptionsPanel},
+        {"frmAbout", "about", "", "version of the program, disclaimer, system information", "main-panel.md",
+         makeAboutPanel},
+        {"frmColor", "color", "", "what the colors of the panels mean", "windows.md", makeColorPanel},
+        {"frmNotepad", "notepad", "", "the built-in viewer of text files", "windows.md", makeNotepadPanel},
     };
     return panels;
 }

@@ -14,6 +14,7 @@ struct PanelEntry {
     const char* shortName;    // the form's without frm, in lower case
     const char* alias;        // also accepted; "" without one
     const char* description;  // one line for the help
+    const char* guide;        // its page of the user guide
     Panel (*make)();          // a new panel over its tool's record, which starts anew
 };
 

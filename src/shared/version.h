@@ -12,6 +12,6 @@ inline constexpr std::string_view buildDate = "November 21, 2026";
 
 /// What the menu entry for the website opens: an address, or a file in the program's folder. The installation
 /// brings its user guide along.
-inline constexpr std::string_view website = "docs\\main-panel.md";
+inline constexpr std::string_view website = "docs\\guide.md";
 
 }  // namespace tul::version

@@ -59,6 +59,7 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
         files().read(path, text);
         host.shown.push_back(text);
     }
+    void showGuide(const std::string& path) override { host.opened.push_back(path); }
     void openPanel(const std::string& name) override {
         host.opened.push_back(name);
         host.events.push_back("open " + name);

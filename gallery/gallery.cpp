@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QLineEdit>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <iostream>
@@ -10,15 +11,18 @@
 #include "centre/start_up.h"
 #include "centre/viewing.h"
 #include "check/validation.h"
+#include "companions/folder_window.h"
+#include "companions/message_window.h"
+#include "companions/names_window.h"
 #include "desktop/desktop_face.h"
-#include "desktop/forms.h"
+#include "desktop/guide_window.h"
 #include "desktop/panel_window.h"
 #include "host/host.h"
 #include "panels/fresh_process.h"
 #include "panels/panel_list.h"
 #include "shared/records.h"
 
-// Renders every panel and every tab into a picture, for a designer's eye.
+// Renders every window and every tab into a picture, for a designer's eye.
 namespace {
 
 using namespace tul;
@@ -102,23 +106,12 @@ void takePanel(const PanelEntry& entry, desktop::DesktopFace& face, Gallery& gal
     if (name != "frmLogo") window.close();
 }
 
-/// A form whose panel is not in the program, as it is.
-void takeBareForm(std::string_view form, Gallery& gallery) {
-    Panel panel;
-    panel.name = form;
-    PanelWindow window(
-        std::move(panel), [](const auto&) {}, desktop::runModally);
-    window.showInPlace(nullptr);
-    gallery.takePages(window, QString::fromStdString(std::string(form)));
-}
-
 void takeAll(desktop::DesktopFace& face, Gallery& gallery) {
-    for (const std::string_view form : desktop::formNames()) {
-        if (const PanelEntry* const entry = findPanel(form))
-            takePanel(*entry, face, gallery);
-        else
-            takeBareForm(form, gallery);
-    }
+    for (const PanelEntry& entry : panelList()) takePanel(entry, face, gallery);
+    ShowUserGuide(guideStart);
+    gallery.take(*face.guide(), "guide");
+    ShowUserGuide("settings.md");
+    gallery.take(*face.guide(), "guide-settings");
     SeeTextFile();
     face.front()->refresh();
     gallery.take(*face.front(), "frmLogo-files");
@@ -126,6 +119,35 @@ void takeAll(desktop::DesktopFace& face, Gallery& gallery) {
     InputBox("Page number size (Code10, Par6. Value between 0 and 10). 200 will be added to this value.",
              "1.1");
     valid::cmdValidateRun();
+}
+
+void takeCompanions(Gallery& gallery) {
+    using namespace companion;
+    const auto take = [&gallery](QDialog& window, const QString& name) {
+        window.show();
+        gallery.take(window, name);
+    };
+    const ArgumentPairs arguments("STARTDIR=" + paths.ProgramFolder + ",NAMESFILE=" + paths.NamesFileName +
+                                  ",SUFFIX=MUS,MUSFOLDER=S:\\SCORES,MSG=Select Score music file(s)");
+    NamesWindow names{NamesRequest(arguments)};
+    take(names, "TULNAMES");
+    names.findChild<QLineEdit*>("txtNamesPart")->setText("s");
+    gallery.take(names, "TULNAMES-part");
+    names.findChild<QLineEdit*>("txtNamesPart")->setText("none");
+    gallery.take(names, "TULNAMES-none");
+    names.findChild<QLineEdit*>("txtNamesPart")->clear();
+    names.findChild<QLineEdit*>("txtNamesFolder")->setText("S:\\SCORES\\SONATA");
+    names.accept();
+    gallery.take(names, "TULNAMES-notice");
+    FolderWindow folder("Select AFM folder", "S:\\");
+    take(folder, "TULFOLDR");
+    MessageWindow refusal(true, "TULSKORE",
+                          "no SCORE is linked. Enter its path as ScorePath= in TULCNTRL.INI.");
+    take(refusal, "TULTELL-refusal");
+    MessageWindow report(false, "TULRECOV",
+                         "Recovered S:\\SCORES\\PAGE1.MUS\nBackup:            S:\\SCORES\\PAGE1.BKU\n"
+                         "Items kept:        56\nItems found again: 12\nItems lost:        none\n");
+    take(report, "TULTELL-report");
 }
 
 }  // namespace
@@ -158,5 +180,6 @@ int main(int argc, char** argv) {
     StartUp();
     face.settle();
     takeAll(face, gallery);
+    takeCompanions(gallery);
     return 0;
 }

@@ -7,6 +7,7 @@
 #include "command/arguments.h"
 #include "command/command_run.h"
 #include "host/host.h"
+#include "host/talk.h"
 
 int main(int argc, char** argv) {
     using namespace tul;
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
         (parsed.exitStatus == 0 ? std::cout : std::cerr) << parsed.text << '\n';
         return parsed.exitStatus;
     }
+    setTalkOfChildren(Talk::terminal);
     const auto machine = openNativeMachine();
     const Console console{.out = std::cout,
                           .err = std::cerr,

@@ -3,6 +3,8 @@
 #include <iostream>
 
 #include "base/text.h"
+#include "companions/terminal.h"
+#include "host/talk.h"
 #include "shared/key_value_file.h"
 
 namespace tul::companion {
@@ -13,6 +15,22 @@ constexpr std::string_view listKey = "LIST=";
 
 bool beginsPath(std::string_view text) {
     return (text.size() > 2 && text[1] == ':' && text[2] == '\\') || text.starts_with("\\\\");
+}
+
+/// The folder of the running program, in which the others of the installation lie too.
+std::string installation;
+
+/// A user of the windows sees nothing of the standard streams, wherever they lead. One who has sent some of
+/// them elsewhere from a terminal wants no windows.
+bool isSeen() {
+    const auto talk = inheritedTalk();
+    return !hasDisplay() || talk == Talk::terminal || (!talk && hasTerminal());
+}
+
+/// By a program of its own, so that the companions without windows start without the toolkit.
+void showInWindow(const std::string& kind, const std::string& program, const std::string& text) {
+    processes().runAndWait(
+        {.program = installation + "\\TULTELL.EXE", .arguments = {}, .words = {kind, program, toUtf8(text)}});
 }
 
 }  // namespace
@@ -68,24 +86,41 @@ std::vector<std::string> ArgumentPairs::list() const {
     return paths;
 }
 
-Companion::Companion() : machine_(openNativeMachine()) { installHost(machine_->host()); }
+Companion::Companion() : machine_(openNativeMachine()) {
+    installHost(machine_->host());
+    installation = machine_->programFolder();
+}
+
+bool asksInWindow() { return hasDisplay() && inheritedTalk() != Talk::terminal; }
 
 int refuse(const std::string& program, const std::string& why) {
-    std::cerr << program << ": " << toUtf8(why) << '\n';
+    std::cerr << program << ": " << toUtf8(why) << std::endl;
+    if (!isSeen()) showInWindow("refusal", program, why);
     return failed;
 }
 
-int openScore(const std::string& program, const std::string& page) {
+void report(const std::string& program, const std::string& lines) {
+    std::cout << toUtf8(lines) << std::flush;
+    if (!isSeen()) showInWindow("report", program, lines);
+}
+
+int openScore(const std::string& program, const std::string& page, ScoreKind kind) {
     const auto settings = readKeyValues("TULCNTRL.INI", "[");
     if (!settings) return refuse(program, "there is no TULCNTRL.INI in the current folder.");
     std::string score;
-    for (const KeyValue& setting : *settings)
+    std::string winScore;
+    for (const KeyValue& setting : *settings) {
         if (setting.key == "SCOREPATH") score = setting.value;
+        if (setting.key == "WINSCOREPROGRAMPATH" && kind == ScoreKind::any) winScore = setting.value;
+    }
+    if (score.empty()) score = winScore;
     if (score.empty())
         return refuse(program, "no SCORE is linked. Enter its path as ScorePath= in TULCNTRL.INI.");
     if (!files().canRead(score)) return refuse(program, "the linked SCORE was not found: " + score);
     files().changeFolder(std::string(folderOf(score)));
-    const LaunchResult result = processes().runAndWait({.program = score, .arguments = page});
+    Launch launch{.program = score, .arguments = page};
+    if (!page.empty()) launch.words = {page};
+    const LaunchResult result = processes().runAndWait(launch);
     return result.started ? done : refuse(program, result.failure);
 }
 

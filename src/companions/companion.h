@@ -44,10 +44,21 @@ class Companion {
 inline constexpr int done = 0;
 inline constexpr int failed = 1;
 
-/// Says on standard error why a companion could not do its work, and returns `failed`.
-int refuse(const std::string& program, const std::string& why);
+/// True when a companion is to ask in a window: there is a display, and it was not started from a command
+/// line.
+bool asksInWindow();
 
-/// Opens the SCORE that the control file links, on a page or without one (empty), and waits for it.
-int openScore(const std::string& program, const std::string& page);
+/// Says why a companion could not do its work, and returns `failed`. On standard error, and in a window as
+/// well where nobody looks at that.
+int refuse(const std::string& program, const std::string& why);
+/// Tells what a companion has done, likewise on standard output.
+void report(const std::string& program, const std::string& lines);
+
+/// Which of the linked programs may open a page.
+enum class ScoreKind { any, dos };
+
+/// Opens the SCORE that the control file links, or WinScore where that alone is linked, on a page or without
+/// one (empty), and waits for it.
+int openScore(const std::string& program, const std::string& page, ScoreKind kind = ScoreKind::any);
 
 }  // namespace tul::companion

@@ -1,27 +1,21 @@
-#include <algorithm>
+#include <QApplication>
 #include <iostream>
 #include <optional>
 #include <set>
 
 #include "base/numbers.h"
 #include "base/text.h"
-#include "companions/choosers.h"
 #include "companions/companion.h"
+#include "companions/file_choice.h"
+#include "companions/names_request.h"
+#include "companions/names_window.h"
 #include "companions/terminal.h"
-#include "shared/letter_case.h"
 
 // Lets the user choose files of one folder and writes the names file: in a window, or on the terminal where
-// there is no screen. Without either the present selection stays.
+// there is no display. Without either the present selection stays.
 namespace {
 
 using namespace tul;
-
-std::vector<std::string> filesOf(const std::string& folder, const std::string& suffix) {
-    std::vector<std::string> names;
-    for (const std::string& name : files().list(folder))
-        if (suffix.empty() || upperCase(name).ends_with("." + upperCase(suffix))) names.push_back(name);
-    return names;
-}
 
 /// Numbers such as "1 3-5", or "all", within `count`. Nothing when the text is not of that form.
 std::optional<std::set<int>> chosenNumbers(const std::string& text, int count) {
@@ -42,45 +36,41 @@ std::optional<std::set<int>> chosenNumbers(const std::string& text, int count) {
     return chosen;
 }
 
-/// Whole paths of the files that the user named on the terminal by their numbers; none where that failed.
-std::vector<std::string> askTerminal(const std::string& prompt, const std::string& folder,
-                                     const std::string& suffix) {
-    const std::vector<std::string> names = filesOf(folder, suffix);
-    std::cerr << prompt << '\n' << toUtf8(folder) << '\n';
-    for (std::size_t i = 0; i < names.size(); ++i) std::cerr << i + 1 << "  " << toUtf8(names[i]) << '\n';
-    const auto chosen = chosenNumbers(companion::askLine("Numbers (such as 1 3-5), or all: "),
-                                      static_cast<int>(names.size()));
-    std::vector<std::string> paths;
-    for (const int number : chosen.value_or(std::set<int>()))
-        paths.push_back(folder + (folder.ends_with('\\') ? "" : "\\") +
-                        names[static_cast<std::size_t>(number - 1)]);
-    return paths;
+int refuse(const std::string& why) { return companion::refuse("TULNAMES", why); }
+
+int askTerminal(const companion::NamesRequest& request) {
+    companion::FileChoice choice({});
+    choice.setSuffix(request.suffix);
+    choice.open(request.folder);
+    if (choice.rows() == 0) return refuse("there are no such files in " + request.folder);
+    std::cerr << toUtf8(request.prompt) << '\n' << toUtf8(request.folder) << '\n';
+    for (std::size_t row = 0; row < choice.rows(); ++row)
+        std::cerr << row + 1 << "  " << toUtf8(choice.name(row)) << '\n';
+    const auto numbers = chosenNumbers(companion::askLine("Numbers (such as 1 3-5), or all: "),
+                                       static_cast<int>(choice.rows()));
+    if (!numbers || numbers->empty()) return refuse("nothing was chosen; the selection stays.");
+    for (const int number : *numbers) choice.choose(static_cast<std::size_t>(number - 1), true);
+    if (companion::warnsOfLongPaths(request.startFolder))
+        std::cerr << toUtf8(companion::pathWarning(choice.longestPath())) << '\n';
+    const std::string refusal = companion::writeSelection(request, choice.chosenPaths());
+    return refusal.empty() ? companion::done : refuse(refusal);
+}
+
+int askInWindow(const companion::NamesRequest& request, int argc, char** argv) {
+    const QApplication application(argc, argv);
+    companion::NamesWindow window(request);
+    return window.exec() == QDialog::Accepted ? companion::done : companion::failed;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     const companion::Companion machine;
-    const companion::ArgumentPairs arguments(argc, argv);
-    const std::string startFolder = arguments["STARTDIR"];
-    const std::string namesFile = arguments["NAMESFILE"];
-    const std::string folder = arguments["MUSFOLDER"].empty() ? startFolder : arguments["MUSFOLDER"];
-    if (startFolder.empty() || namesFile.empty())
-        return companion::refuse("TULNAMES", "STARTDIR= and NAMESFILE= are needed.");
-    const std::string suffix = arguments["SUFFIX"];
-    const std::string prompt = arguments["MSG"].empty() ? "Select file(s)" : arguments["MSG"];
-    if (!companion::hasScreen() && !companion::canAsk())
-        return companion::refuse("TULNAMES",
-                                 "choosing files needs a screen or a terminal. The selection stays as "
-                                 "it was; tulcmd takes files as arguments.");
-    const std::vector<std::string> paths = companion::hasScreen()
-                                               ? companion::chooseFiles(prompt, folder, suffix)
-                                               : askTerminal(prompt, folder, suffix);
-    if (paths.empty()) return companion::refuse("TULNAMES", "nothing was chosen; the selection stays.");
-    if (const auto clash = findLetterCaseClash(paths)) return companion::refuse("TULNAMES", *clash);
-    std::string text;
-    for (const std::string& path : paths) text += path + " 1" + std::string(CrLf);
-    if (files().replace(startFolder + "\\" + namesFile, text) != FileError::none)
-        return companion::refuse("TULNAMES", "the names file could not be written.");
-    return companion::done;
+    const companion::NamesRequest request{companion::ArgumentPairs(argc, argv)};
+    if (!request.isComplete()) return refuse("STARTDIR= and NAMESFILE= are needed.");
+    if (companion::asksInWindow()) return askInWindow(request, argc, argv);
+    if (companion::canAsk()) return askTerminal(request);
+    return refuse(
+        "choosing files needs a display or a terminal. The selection stays as it was; tulcmd takes "
+        "files as arguments.");
 }

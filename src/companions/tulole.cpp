@@ -1,5 +1,6 @@
 #include "base/text.h"
 #include "companions/companion.h"
+#include "companions/file_choice.h"
 #include "shared/letter_case.h"
 
 // Takes the files that were dropped on a select button over into the names file.
@@ -12,16 +13,12 @@ int main(int argc, char** argv) {
     if (folder.empty() || namesFile.empty())
         return companion::refuse("TULOLE", "STARTDIR= and NAMESFILE= are needed.");
 
-    std::string text;
-    for (const std::string& path : arguments.list()) {
-        const auto info = files().info(path);
-        if (info && info->folder) continue;
-        text += path + " 1" + std::string(CrLf);
-    }
-    if (const auto clash = findLetterCaseClash(arguments.list())) return companion::refuse("TULOLE", *clash);
-    if (text.empty())
+    std::vector<std::string> paths = arguments.list();
+    std::erase_if(paths, companion::isFolder);
+    if (const auto clash = findLetterCaseClash(paths)) return companion::refuse("TULOLE", *clash);
+    if (paths.empty())
         return companion::refuse("TULOLE", "no files were dropped; the selection stays as it was.");
-    if (files().replace(folder + "\\" + namesFile, text) != FileError::none)
+    if (files().replace(folder + "\\" + namesFile, companion::namesText(paths)) != FileError::none)
         return companion::refuse("TULOLE", "the names file could not be written.");
     return companion::done;
 }

@@ -1,4 +1,3 @@
-#include <iostream>
 #include <string>
 
 #include "base/numbers.h"
@@ -17,9 +16,9 @@ using namespace tul;
 
 int refuse(const std::string& why) { return companion::refuse("TULRECOV", why); }
 
-void say(const std::string& line) { std::cout << toUtf8(line) << '\n'; }
-
-void report(const recovery::Recovery& result, int promised) {
+std::string reportOf(const recovery::Recovery& result, int promised) {
+    std::string lines;
+    const auto say = [&lines](const std::string& line) { lines += line + '\n'; };
     const std::string of = result.kept < promised ? " of " + plain(promised) : "";
     say("Items kept:        " + plain(result.kept) + of + (result.lastIsCut ? ", the last one is cut" : ""));
     const std::string mended =
@@ -33,6 +32,7 @@ void report(const recovery::Recovery& result, int promised) {
     if (result.tooLong > 0)
         say("Items kept with more than 20 parameters, where the other tools stop reading: " +
             plain(result.tooLong));
+    return lines;
 }
 
 /// The backup first: without one the page is not touched.
@@ -46,9 +46,8 @@ int replacePage(const std::string& path, const recovery::Recovery& result, int p
             "the page could not be written and stays as it was: " + path + " (" +
             (fault == FileError::readOnly ? "read-only" : "error code" + str(static_cast<int>(fault))) +
             "). A copy of it is now " + backup.path);
-    say("Recovered " + path);
-    say("Backup:            " + backup.path);
-    report(result, promised);
+    companion::report("TULRECOV", "Recovered " + path + "\nBackup:            " + backup.path + "\n" +
+                                      reportOf(result, promised));
     return companion::done;
 }
 
@@ -70,7 +69,8 @@ int main(int argc, char** argv) {
         return refuse("the page could not be read: " + path);
     const recovery::Recovery result = recovery::recover(bytes, *items);
     if (result.sound) {
-        say(path + " is not damaged: " + plain(result.items()) + " items. Nothing was changed.");
+        companion::report("TULRECOV", path + " is not damaged: " + plain(result.items()) +
+                                          " items. Nothing was changed.\n");
         return companion::done;
     }
     if (result.items() == 0) return refuse("no items of music were found; nothing was changed: " + path);

@@ -6,6 +6,7 @@
 #include "desktop/desktop_face.h"
 #include "desktop/panel_window.h"
 #include "host/host.h"
+#include "host/talk.h"
 #include "panels/fresh_process.h"
 
 namespace {
@@ -28,6 +29,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("TUL");
     QApplication::setQuitOnLastWindowClosed(false);
 
+    setTalkOfChildren(Talk::windows);
     const auto machine = openNativeMachine();
     desktop::DesktopFace face;
     Host host = machine->host();

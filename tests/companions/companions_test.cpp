@@ -47,8 +47,8 @@ class Installation : public ::testing::Test {
         fs::copy(fs::path(TUL_PROGRAM_FOLDER) / "TULCMD.EXE", home / "TULCMD.EXE");
         host.write("TULCNTRL.HLP", "help");
         setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
-        unsetenv("DISPLAY");
-        unsetenv("WAYLAND_DISPLAY");
+        for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "TUL_TALK"})
+            unsetenv(display);
     }
 
     Outcome run(const std::string& command) {
@@ -95,7 +95,7 @@ TEST_F(Installation, WhatNeedsAWindowSaysSoAndLeavesTheSelection) {
     const Outcome names =
         run("./TULNAMES.EXE 'STARTDIR=" + host.folder() + ",SUFFIX=MUS,NAMESFILE=NAMES.TUL,DEBUG=NO'");
     EXPECT_EQ(names.status, 1);
-    EXPECT_NE(names.out.find("TULNAMES: choosing files needs a screen or a terminal"), std::string::npos);
+    EXPECT_NE(names.out.find("TULNAMES: choosing files needs a display or a terminal"), std::string::npos);
     EXPECT_EQ(host.read("NAMES.TUL"), "* mine\r\n");
     const Outcome folder =
         run("./TULFOLDR.EXE 'REMARK=Which,STARTDIR=" + host.folder() + ",FILE=TULFOLDR.TUL,DEBUG=NO'");
@@ -116,10 +116,45 @@ TEST_F(Installation, ScoreIsOpenedWhereItIsLinked) {
     host.write("TULCNTRL.INI", "ScorePath=" + host.path("score\\SCORE.EXE") + "\r\n");
     EXPECT_EQ(run("./TULSCORE.EXE 'Z:\\A.MUS,,'").out, (home / "score").string() + " [Z:\\A.MUS]\n");
     EXPECT_EQ(run("./TULSCORE.EXE '.,,'").out, (home / "score").string() + " []\n");
+    EXPECT_EQ(run("./TULSCORE.EXE 'Z:\\my A, B.MUS,,'").out,
+              (home / "score").string() + " [Z:\\my A, B.MUS]\n");
+
+    host.write("TULCNTRL.INI", "WinScoreProgramPath=" + host.path("score\\SCORE.EXE") + "\r\n");
+    EXPECT_EQ(run("./TULSKORE.EXE").out, (home / "score").string() + " []\n");
+    EXPECT_NE(run("./TULSCORE.EXE '.,,FORCEDOSVERSION=YES'").out.find("no SCORE is linked"),
+              std::string::npos);
 }
 
 const std::string rest = testing::words({3, 2, 1, 40});
 const std::string damagedPage = testing::pageOf(rest + testing::words({1}) + rest + rest + rest);
+
+TEST_F(Installation, WindowsAreForThoseWhoWorkInThem) {
+    for (const char* name : {"TULSKORE.EXE", "TULRECOV.EXE"}) {
+        fs::remove(home / name);  // the window is looked for beside the program that asks for it
+        fs::copy(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
+    }
+    host.write("TULTELL.EXE", "#!/bin/sh\nprintf '[%s]' \"$@\" >told\n");
+    fs::permissions(home / "TULTELL.EXE", fs::perms::owner_all);
+    const auto told = [&](const std::string& environment, const std::string& program = "./TULSKORE.EXE") {
+        fs::remove(home / "told");
+        run("env " + environment + " " + program);
+        return host.exists("told") ? host.read("told") : std::string();
+    };
+    const std::string why = "[refusal][TULSKORE][there is no TULCNTRL.INI in the current folder.]";
+    EXPECT_EQ(told("DISPLAY="), "");
+    EXPECT_EQ(told("TUL_TALK=windows"), "") << "without a display";
+    EXPECT_EQ(told("DISPLAY=:0"), why) << "nobody reads a pipe";
+    EXPECT_EQ(told("WAYLAND_DISPLAY=w TUL_TALK=windows"), why);
+    EXPECT_EQ(told("DISPLAY=:0 TUL_TALK=terminal"), "");
+    EXPECT_EQ(told("DISPLAY=:0 QT_QPA_PLATFORM=offscreen"), "");
+    EXPECT_EQ(told("DISPLAY=:0", "script -qec './TULSKORE.EXE >log 2>&1' /dev/null"), "")
+        << "a terminal is left";
+    host.write("page.mus", testing::pageOf(rest));
+    const std::string report = told("DISPLAY=:0", "./TULRECOV.EXE page.mus 1");
+    EXPECT_TRUE(report.starts_with("[report][TULRECOV][")) << report;
+    EXPECT_NE(report.find("is not damaged: 1 items."), std::string::npos) << report;
+    EXPECT_EQ(run("env TUL_TALK=terminal DISPLAY=:0 ./TULNAMES.EXE STARTDIR=a,NAMESFILE=b").status, 1);
+}
 
 TEST_F(Installation, ValidationsOfferRecoversAPage) {
     fs::create_directory(home / "my music");

@@ -59,9 +59,11 @@ window "TUL Control Center"
 press alt+t alt+a
 window "TulValid"
 press alt+s
-window "Select file"
-xdotool type --delay 20 "$home/samples/SONG.MUS"
-press Return
+window "TulNames"
+press alt+n alt+s
+xdotool type --delay 20 "song"
+press Return Return
+gone "TulNames"
 window "TulValid"
 press Return
 window "TULVALID.PRN"
@@ -78,3 +80,10 @@ window "TUL Control Center"
 press alt+x
 wait "$program" || fail "the program ended with status $?"
 grep -rq "OFF " "$home/config" || fail "the end was not noted in the profile"
+
+# What a companion without windows has to say to those who work in them.
+"$home/TULSCORE.EXE" .,, </dev/null >>"$work/log" 2>&1 &
+started+=($!)
+window "TULSCORE"
+press Return
+! wait "${started[-1]}" || fail "a missing SCORE was not refused"

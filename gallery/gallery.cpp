@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QLineEdit>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <iostream>
@@ -11,6 +12,9 @@
 #include "centre/start_up.h"
 #include "centre/viewing.h"
 #include "check/validation.h"
+#include "companions/folder_window.h"
+#include "companions/message_window.h"
+#include "companions/names_window.h"
 #include "desktop/desktop_face.h"
 #include "desktop/guide_window.h"
 #include "desktop/panel_window.h"
@@ -19,7 +23,7 @@
 #include "panels/panel_list.h"
 #include "shared/records.h"
 
-// Renders every panel and every tab into a picture, for a designer's eye.
+// Renders every window and every tab into a picture, for a designer's eye.
 namespace {
 
 using namespace tul;
@@ -135,6 +139,35 @@ void takeAll(desktop::DesktopFace& face, Gallery& gallery) {
     valid::cmdValidateRun();
 }
 
+void takeCompanions(Gallery& gallery) {
+    using namespace companion;
+    const auto take = [&gallery](QDialog& window, const QString& name) {
+        window.show();
+        gallery.take(window, name);
+    };
+    const ArgumentPairs arguments("STARTDIR=" + paths.ProgramFolder + ",NAMESFILE=" + paths.NamesFileName +
+                                  ",SUFFIX=MUS,MUSFOLDER=S:\\SCORES,MSG=Select Score music file(s)");
+    NamesWindow names{NamesRequest(arguments)};
+    take(names, "TULNAMES");
+    names.findChild<QLineEdit*>("txtNamesPart")->setText("s");
+    gallery.take(names, "TULNAMES-part");
+    names.findChild<QLineEdit*>("txtNamesPart")->setText("none");
+    gallery.take(names, "TULNAMES-none");
+    names.findChild<QLineEdit*>("txtNamesPart")->clear();
+    names.findChild<QLineEdit*>("txtNamesFolder")->setText("S:\\SCORES\\SONATA");
+    names.accept();
+    gallery.take(names, "TULNAMES-notice");
+    FolderWindow folder("Select AFM folder", "S:\\");
+    take(folder, "TULFOLDR");
+    MessageWindow refusal(true, "TULSKORE",
+                          "no SCORE is linked. Enter its path as ScorePath= in TULCNTRL.INI.");
+    take(refusal, "TULTELL-refusal");
+    MessageWindow report(false, "TULRECOV",
+                         "Recovered S:\\SCORES\\PAGE1.MUS\nBackup:            S:\\SCORES\\PAGE1.BKU\n"
+                         "Items kept:        56\nItems found again: 12\nItems lost:        none\n");
+    take(report, "TULTELL-report");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -165,5 +198,6 @@ int main(int argc, char** argv) {
     StartUp();
     face.settle();
     takeAll(face, gallery);
+    takeCompanions(gallery);
     return 0;
 }

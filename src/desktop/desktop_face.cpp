@@ -76,8 +76,7 @@ void DesktopFace::openPanel(const std::string& name) {
         if (window->panel().name == name) return;
     const PanelEntry* const entry = findPanel(name);
     if (!entry || !hasForm(entry->form)) {
-        const std::string hint = entry ? std::string("\r\nOpen it with: tulcmd ") + entry->shortName : "";
-        MsgBox("This version has no window for " + name + "." + hint, Buttons::ok, Icon::information);
+        MsgBox("This version has no window for " + name + ".", Buttons::ok, Icon::information);
         return;
     }
     PanelWindow* const before = front();

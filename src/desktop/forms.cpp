@@ -5,6 +5,7 @@
 
 #include "ui_frmAbout.h"
 #include "ui_frmColor.h"
+#include "ui_frmEdit.h"
 #include "ui_frmGlobalOptions.h"
 #include "ui_frmLogo.h"
 #include "ui_frmNotepad.h"
@@ -26,10 +27,11 @@ struct FormEntry {
     void (*setUp)(QMainWindow&);
 };
 constexpr FormEntry forms[] = {
-    {"frmLogo", setUp<Ui::frmLogo>},   {"frmValid", setUp<Ui::frmValid>},
-    {"frmPmx", setUp<Ui::frmPmx>},     {"frmGlobalOptions", setUp<Ui::frmGlobalOptions>},
-    {"frmResiz", setUp<Ui::frmResiz>}, {"frmAbout", setUp<Ui::frmAbout>},
-    {"frmColor", setUp<Ui::frmColor>}, {"frmNotepad", setUp<Ui::frmNotepad>},
+    {"frmLogo", setUp<Ui::frmLogo>},       {"frmValid", setUp<Ui::frmValid>},
+    {"frmPmx", setUp<Ui::frmPmx>},         {"frmGlobalOptions", setUp<Ui::frmGlobalOptions>},
+    {"frmResiz", setUp<Ui::frmResiz>},     {"frmEdit", setUp<Ui::frmEdit>},
+    {"frmAbout", setUp<Ui::frmAbout>},     {"frmColor", setUp<Ui::frmColor>},
+    {"frmNotepad", setUp<Ui::frmNotepad>},
 };
 
 const FormEntry* findForm(std::string_view name) {

@@ -46,6 +46,10 @@ TEST(Forms, OfAnotherPanelAreSeen) {
          {"the form has no cmdPmxChoose", "the panel has no cmdPmxSelect", "the panel has no chkPMXcomment",
           "panPmxFileName is of another kind in the form"})
         EXPECT_TRUE(wrong.contains(part)) << part << "\n" << wrong.toStdString();
+
+    Panel edit = findPanel("frmEdit")->make();
+    std::erase_if(edit.fields, [](const Field& field) { return field.name == "lstr1"; });
+    EXPECT_EQ(mismatchesOf(std::move(edit)).join("\n").toStdString(), "the panel has no lstr1");
 }
 
 /// Letters that are reached with Alt while `page` of the tabs is in front, each with those who claim it.

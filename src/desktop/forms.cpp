@@ -1,8 +1,5 @@
 #include "desktop/forms.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "ui_frmAbout.h"
 #include "ui_frmColor.h"
 #include "ui_frmEdit.h"
@@ -34,24 +31,11 @@ constexpr FormEntry forms[] = {
     {"frmNotepad", setUp<Ui::frmNotepad>},
 };
 
-const FormEntry* findForm(std::string_view name) {
-    const auto* const found = std::find_if(std::begin(forms), std::end(forms),
-                                           [name](const FormEntry& form) { return form.name == name; });
-    return found == std::end(forms) ? nullptr : found;
-}
-
 }  // namespace
 
-std::vector<std::string_view> formNames() {
-    std::vector<std::string_view> names;
-    for (const FormEntry& form : forms) names.push_back(form.name);
-    return names;
-}
-
-bool hasForm(std::string_view name) { return findForm(name) != nullptr; }
-
 void setUpForm(std::string_view name, QMainWindow& window) {
-    if (const FormEntry* const form = findForm(name)) form->setUp(window);
+    for (const FormEntry& form : forms)
+        if (form.name == name) form.setUp(window);
 }
 
 }  // namespace tul::desktop

@@ -20,7 +20,7 @@ namespace tul::desktop {
 
 namespace {
 
-constexpr int columns = 100;
+constexpr int columns = 120;
 constexpr int rows = 40;
 constexpr int margin = 16;
 

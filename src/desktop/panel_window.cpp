@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabWidget>
 #include <algorithm>
 
 #include "base/text.h"
@@ -31,6 +32,12 @@ std::string returnCommand(const Panel& panel) {
     return {};
 }
 
+QPushButton* defaultButton(const QWidget& window) {
+    for (QPushButton* const button : window.findChildren<QPushButton*>())
+        if (button->isDefault()) return button;
+    return nullptr;
+}
+
 }  // namespace
 
 PanelWindow::PanelWindow(Panel panel, Binder::Act act, const DialogRunner& run)
@@ -52,7 +59,42 @@ void PanelWindow::enlargeHeadings() {
     }
 }
 
-void PanelWindow::refresh() { binder_->refresh(); }
+void PanelWindow::refresh() {
+    QWidget* const focused = focusWidget();
+    const QPushButton* const run = defaultButton(*this);
+    const bool couldRun = !run || run->isEnabled();
+    binder_->refresh();
+    keepFocus(focused, couldRun);
+}
+
+/// A button that a command disables hands the focus to its neighbour, which Enter would press next. Run gets
+/// the focus from other buttons when it has become possible.
+void PanelWindow::keepFocus(QWidget* focused, bool couldRun) {
+    QPushButton* const run = defaultButton(*this);
+    const bool leavesButton = !focused || focused == this || qobject_cast<QPushButton*>(focused);
+    if (run && run->isEnabled() && !couldRun && leavesButton)
+        run->setFocus();
+    else if (focused && !focused->isEnabled() && focusWidget() != focused)
+        setFocus();
+}
+
+/// The panel's size was nominal when its place was chosen. What was centred is centred again.
+void PanelWindow::takeRealSize() {
+    PanelPlace& place = *panel_.place;
+    const ScreenSize screen = screenSize();
+    const int left = (screen.width - place.width) / 2;
+    const int top = (screen.height - place.height) / 2;
+    const bool isCentred = place.left == left && place.top == top;
+    place.width = toTwips(width());
+    place.height = toTwips(height());
+    if (isCentred) place.left = (screen.width - place.width) / 2;
+    if (isCentred) place.top = (screen.height - place.height) / 2;
+}
+
+void PanelWindow::bringBack() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+}
 
 void PanelWindow::showInPlace(const QWidget* before) {
     refresh();
@@ -63,6 +105,7 @@ void PanelWindow::showInPlace(const QWidget* before) {
         wanted = wanted.expandedTo({place->width / twipsPerPixel, place->height / twipsPerPixel});
     resize(wanted.boundedTo(available.size()));
     if (panel_.place) {
+        takeRealSize();
         followPlace();
     } else if (before) {
         move(before->frameGeometry().center() - rect().center());
@@ -103,13 +146,23 @@ void PanelWindow::closeEvent(QCloseEvent* event) {
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::HelpContents))
         return act_([this] { ShowUserGuide(findPanel(panel_.name)->guide); });
+    if (turnTab(*event)) return;
     if (event->key() == Qt::Key_Escape && panel_.name != "frmLogo") return pressReturn();
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         return QMainWindow::keyPressEvent(event);
     auto* button = qobject_cast<QPushButton*>(focusWidget());
-    for (QPushButton* const other : findChildren<QPushButton*>())
-        if (!button && other->isDefault()) button = other;
+    if (!button) button = defaultButton(*this);
     if (button) button->click();
+}
+
+/// Ctrl+Tab, wherever the focus is.
+bool PanelWindow::turnTab(const QKeyEvent& event) {
+    const bool back = event.key() == Qt::Key_Backtab;
+    auto* const tabs = findChild<QTabWidget*>();
+    if (!tabs || !(event.modifiers() & Qt::ControlModifier) || (!back && event.key() != Qt::Key_Tab))
+        return false;
+    tabs->setCurrentIndex((tabs->currentIndex() + (back ? tabs->count() - 1 : 1)) % tabs->count());
+    return true;
 }
 
 void PanelWindow::mouseDoubleClickEvent(QMouseEvent*) { act_(ShowDetailsBox); }

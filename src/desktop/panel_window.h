@@ -21,6 +21,8 @@ class PanelWindow : public QMainWindow {
     void refresh();
     /// Shows the window where the panel's place is; a panel without one in the middle of `before`.
     void showInPlace(const QWidget* before);
+    /// Shows the window again, even when it was minimized at some time before.
+    void bringBack();
     /// Moves the window where a command has put the panel.
     void followPlace();
 
@@ -32,7 +34,10 @@ class PanelWindow : public QMainWindow {
 
   private:
     void enlargeHeadings();
+    void takeRealSize();
     void focusFirst();
+    void keepFocus(QWidget* focused, bool couldRun);
+    bool turnTab(const QKeyEvent& event);
     void pressReturn();
 
     Panel panel_;

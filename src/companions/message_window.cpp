@@ -18,11 +18,14 @@ QString sentence(QString text) {
     return text;
 }
 
+constexpr int besideText = 120;  // icon and margins, in pixels
+
 /// The toolkit breaks lines at 500 pixels, in the middle of a path, on whatever screen.
 void keepLinesWhole(QLabel& label) {
-    const int widest = label.fontMetrics().size(0, label.text()).width();
-    label.setMinimumWidth(
-        std::min(widest, QGuiApplication::primaryScreen()->availableSize().width() * 2 / 3));
+    const int screen = QGuiApplication::primaryScreen()->availableSize().width();
+    const int widestBox = std::min(screen - 480, 1000);  // the toolkit's own bound
+    const int widestLine = label.fontMetrics().size(0, label.text()).width();
+    label.setMinimumWidth(std::clamp(widestBox - besideText, 0, widestLine));
 }
 
 }  // namespace

@@ -115,10 +115,18 @@ void DesktopFace::yield() {
     QApplication::processEvents();
 }
 
+/// Keys and clicks are kept for later. The timer, and the closing of a window, come to nothing.
+void DesktopFace::showWaiting() {
+    isWaiting_ = true;
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    isWaiting_ = false;
+}
+
 void DesktopFace::endProgram(int status) { std::_Exit(status); }
 
 /// Runs what the user did on a window. A fault of the program is told, and the window stays usable.
 void DesktopFace::act(const std::function<void()>& what) {
+    if (isWaiting_) return;
     try {
         what();
     } catch (const std::exception& fault) {
@@ -158,7 +166,7 @@ QString DesktopFace::speaker(const std::string& title) const {
 }
 
 void DesktopFace::fireTimer() {
-    if (front() && front()->isVisible()) front()->panel().press("Timer1");
+    if (!isWaiting_ && front() && front()->isVisible()) front()->panel().press("Timer1");
 }
 
 }  // namespace tul::desktop

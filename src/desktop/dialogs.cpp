@@ -58,13 +58,16 @@ Answer answerOf(int button, Buttons buttons) {
     return buttons == Buttons::yesNo ? Answer::no : Answer::cancel;
 }
 
+constexpr int besideText = 120;  // icon and margins, in pixels
+
 /// The toolkit breaks lines at 500 pixels, in the middle of a path, on whatever screen.
 void keepLinesWhole(QMessageBox& box) {
     auto* const label = box.findChild<QLabel*>("qt_msgbox_label");
     if (!label) return;
-    const int widest = label->fontMetrics().size(0, box.text()).width();
-    label->setMinimumWidth(
-        std::min(widest, QGuiApplication::primaryScreen()->availableSize().width() * 2 / 3));
+    const int screen = QGuiApplication::primaryScreen()->availableSize().width();
+    const int widestBox = std::min(screen - 480, 1000);  // the toolkit's own bound
+    const int widestLine = label->fontMetrics().size(0, box.text()).width();
+    label->setMinimumWidth(std::clamp(widestBox - besideText, 0, widestLine));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QStyle>
+#include <QTextBlock>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -66,8 +67,10 @@ TextWindow::TextWindow(const std::string& path, QWidget* parent, DialogRunner ru
 QSize TextWindow::wantedSize() const {
     const QFontMetrics metrics(text_->font());
     const int scrollBar = 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    const int widest = static_cast<int>(text_->document()->idealWidth()) + scrollBar;
-    return {std::max(widest, metrics.averageCharWidth() * fewestColumns), metrics.lineSpacing() * rows};
+    int columns = fewestColumns;
+    for (QTextBlock line = text_->document()->begin(); line.isValid(); line = line.next())
+        columns = std::max(columns, line.length());
+    return {metrics.averageCharWidth() * columns + scrollBar, metrics.lineSpacing() * rows};
 }
 
 void TextWindow::read() {

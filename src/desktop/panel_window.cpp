@@ -4,10 +4,12 @@
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTabWidget>
+#include <QWindow>
 #include <algorithm>
 
 #include "base/text.h"
@@ -63,7 +65,11 @@ void PanelWindow::refresh() {
     QWidget* const focused = focusWidget();
     const QPushButton* const run = defaultButton(*this);
     const bool couldRun = !run || run->isEnabled();
+    // Where one part takes the place of another both would be there for a moment, and the window would grow.
+    QLayout* const layout = centralWidget()->layout();
+    layout->setEnabled(false);
     binder_->refresh();
+    layout->setEnabled(true);
     keepFocus(focused, couldRun);
 }
 
@@ -91,8 +97,15 @@ void PanelWindow::takeRealSize() {
     if (isCentred) place.top = (screen.height - place.height) / 2;
 }
 
+/// X11 keeps a hint to show a window minimized, which the toolkit writes anew only when it changes the state
+/// itself, not when the user has restored the window.
 void PanelWindow::bringBack() {
     setWindowState(windowState() & ~Qt::WindowMinimized);
+    if (QWindow* const handle = windowHandle(); handle && !isVisible()) {
+        const Qt::WindowStates states = handle->windowStates() & ~Qt::WindowMinimized;
+        handle->setWindowStates(states ^ Qt::WindowMaximized);
+        handle->setWindowStates(states);
+    }
     show();
 }
 

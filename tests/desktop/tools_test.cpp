@@ -8,10 +8,12 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTimer>
 #include <QUrl>
 
+#include "centre/panel_place.h"
 #include "desktop/desktop_session.h"
 #include "samples/page_builder.h"
 #include "support/mus_bytes.h"
@@ -70,10 +72,13 @@ TEST_F(ToolWindows, DroppedPagesAreValidatedAndReported) {
     EXPECT_TRUE(child<QAbstractButton>("cmdValidateRun").isEnabled());
     EXPECT_TRUE(child<QLineEdit>("panValidFileName").text().endsWith("\\FIRST.MUS"));
     EXPECT_TRUE(child<QAbstractButton>("cmdValidateView").toolTip().contains(" 2 filenames"));
+    EXPECT_EQ(child<QAbstractButton>("cmdValidateView").text(), "&View 2 files");
 
     std::string report;
     expectText(report);
-    QTest::keyClick(&window, Qt::Key_Return);  // Run is the default button
+    EXPECT_EQ(window.focusWidget(), &child<QWidget>("cmdValidateRun")) << "Enter runs, now that it can";
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(window.focusWidget(), &child<QWidget>("cmdValidateRun")) << "and once more after the run";
     EXPECT_NE(report.find("FIRST.MUS"), std::string::npos) << report;
     EXPECT_NE(report.find("2 file(s)"), std::string::npos) << report;
     EXPECT_FALSE(host.exists("TULVALID.PRN")) << "the report is gone once it was read";
@@ -106,6 +111,25 @@ TEST_F(ToolWindows, ARunIsShownAndCancelled) {
     EXPECT_EQ(child<QAbstractButton>("cmdValidateReturn").text(), "Retur&n");
     face.front()->close();
     EXPECT_EQ(face.front()->panel().name, "frmLogo");
+}
+
+TEST_F(ToolWindows, AQuestionFindsThePanelAtItsPage) {
+    writePage("first.mus");
+    host.write("second.mus", std::string(40, '\0'));
+    host.write("NAMES.TUL", crlf({host.path("first.mus") + " 1", host.path("second.mus") + " 1"}));
+    PanelWindow& window = open("frmValid");
+    for (int message = 0; message < 2; ++message)
+        expectDialog([&](QDialog& dialog) {
+            EXPECT_TRUE(child<QLabel>("lblValidStatus").text().contains(" 2 of 2"));
+            EXPECT_TRUE(child<QLineEdit>("panValidFileName").text().endsWith("\\SECOND.MUS"));
+            EXPECT_EQ(window.focusWidget(), &window) << "Enter cancels nothing";
+            EXPECT_EQ(dialog.windowTitle(), "TulValid");
+            dialog.accept();
+        });
+    expectAnswer(QMessageBox::Cancel);
+    std::string report;
+    expectText(report);
+    click("cmdValidateRun");
 }
 
 TEST_F(ToolWindows, PmxIsWrittenAsTheFormSays) {
@@ -268,6 +292,7 @@ TEST_F(DesktopSession, TextFilesAreListedOverTheTabs) {
     ASSERT_TRUE(list().isVisible());
     EXPECT_FALSE(child<QWidget>("tabLogo").isVisible());
     list().setCurrentItem(list().findItems("notes.txt", Qt::MatchExactly).value(0));
+    EXPECT_EQ(face.front()->focusWidget(), &list());
     QTest::keyClick(&list(), Qt::Key_Return);
     ASSERT_EQ(face.front()->panel().name, "frmNotepad");
     EXPECT_EQ(child<QPlainTextEdit>("lstTulboard").toPlainText(), "The second page");
@@ -289,6 +314,11 @@ TEST_F(DesktopSession, TheMainPanelStandsWhereItWasPut) {
     EXPECT_EQ(mainPanel.place.left, 55 * 15);
     EXPECT_EQ(mainPanel.place.top, 66 * 15);
 
+    face.front()->showMinimized();
+    face.openPanel("frmColor");
+    face.front()->close();
+    EXPECT_FALSE(face.front()->isMinimized()) << "it comes back from behind a tool";
+
     mainPanel.enabled["cmdTulClean"] = false;
     face.settle();
     EXPECT_FALSE(child<QAbstractButton>("cmdTulClean").isEnabled());
@@ -299,6 +329,19 @@ TEST_F(DesktopSession, TheMainPanelStandsWhereItWasPut) {
     });
     QTest::mouseDClick(&child<QWidget>("labelWelcome"), Qt::LeftButton);
     EXPECT_TRUE(details.startsWith("TUL build date: ")) << details.toStdString();
+}
+
+TEST_F(DesktopSession, ACentredPanelIsCentredAsItIs) {
+    centrePanel(mainPanel.place);
+    face.openPanel("frmLogo");
+    const auto isCentred = [this] {
+        const QPoint off = face.front()->geometry().center() - face.front()->screen()->geometry().center();
+        return off.manhattanLength() <= 2;
+    };
+    EXPECT_TRUE(isCentred()) << face.front()->x();
+    click("cmdTopLeft");
+    QTest::mouseClick(&child<QWidget>("labelWelcome"), Qt::LeftButton);
+    EXPECT_TRUE(isCentred()) << face.front()->x();
 }
 
 TEST_F(DesktopSession, QuestionsAreAnsweredByTheirButtons) {

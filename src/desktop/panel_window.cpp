@@ -74,11 +74,10 @@ void PanelWindow::refresh() {
 }
 
 /// A button that a command disables hands the focus to its neighbour, which Enter would press next. Run gets
-/// the focus from other buttons when it has become possible.
+/// the focus when it has become possible.
 void PanelWindow::keepFocus(QWidget* focused, bool couldRun) {
     QPushButton* const run = defaultButton(*this);
-    const bool leavesButton = !focused || focused == this || qobject_cast<QPushButton*>(focused);
-    if (run && run->isEnabled() && !couldRun && leavesButton)
+    if (run && run->isEnabled() && !couldRun)
         run->setFocus();
     else if (focused && !focused->isEnabled() && focusWidget() != focused)
         setFocus();

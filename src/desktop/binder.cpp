@@ -250,8 +250,13 @@ void Binder::bindListWidget(Field& field, QListWidget& list) {
         last = entries;
         list.clear();
         for (const std::string& entry : entries) list.addItem(shown(entry));
+        list.setCurrentRow(0);
     });
     if (!field.accept) return;
+    refreshers_.push_back([&list, wasHidden = false]() mutable {
+        if (wasHidden && !list.isHidden()) list.setFocus();
+        wasHidden = list.isHidden();
+    });
     chooses_[&list] = field.name;
     list.installEventFilter(this);
     list.viewport()->installEventFilter(this);

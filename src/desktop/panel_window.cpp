@@ -4,9 +4,12 @@
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabWidget>
+#include <QWindow>
 #include <algorithm>
 
 #include "base/text.h"
@@ -32,6 +35,12 @@ std::string returnCommand(const Panel& panel) {
     return {};
 }
 
+QPushButton* defaultButton(const QWidget& window) {
+    for (QPushButton* const button : window.findChildren<QPushButton*>())
+        if (button->isDefault()) return button;
+    return nullptr;
+}
+
 }  // namespace
 
 PanelWindow::PanelWindow(Panel panel, Binder::Act act, const DialogRunner& run)
@@ -53,7 +62,39 @@ void PanelWindow::enlargeHeadings() {
     }
 }
 
-void PanelWindow::refresh() { binder_->refresh(); }
+void PanelWindow::refresh() {
+    QWidget* const focused = focusWidget();
+    const QPushButton* const run = defaultButton(*this);
+    const bool couldRun = !run || run->isEnabled();
+    // Where one part takes the place of another both would be there for a moment, and the window would grow.
+    QLayout* const layout = centralWidget()->layout();
+    layout->setEnabled(false);
+    binder_->refresh();
+    layout->setEnabled(true);
+    keepFocus(focused, couldRun);
+}
+
+/// A button that a command disables hands the focus to its neighbour, which Enter would press next. Run gets
+/// the focus when it has become possible.
+void PanelWindow::keepFocus(QWidget* focused, bool couldRun) {
+    QPushButton* const run = defaultButton(*this);
+    if (run && run->isEnabled() && !couldRun)
+        run->setFocus();
+    else if (focused && !focused->isEnabled() && focusWidget() != focused)
+        setFocus();
+}
+
+/// X11 keeps a hint to show a window minimized, which the toolkit writes anew only when it changes the state
+/// itself, not when the user has restored the window.
+void PanelWindow::bringBack() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    if (QWindow* const handle = windowHandle(); handle && !isVisible()) {
+        const Qt::WindowStates states = handle->windowStates() & ~Qt::WindowMinimized;
+        handle->setWindowStates(states ^ Qt::WindowMaximized);
+        handle->setWindowStates(states);
+    }
+    show();
+}
 
 void PanelWindow::showInPlace(const QWidget* before) {
     refresh();
@@ -125,13 +166,23 @@ void PanelWindow::closeEvent(QCloseEvent* event) {
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::HelpContents))
         return act_([this] { ShowUserGuide(findPanel(panel_.name)->guide); });
+    if (turnTab(*event)) return;
     if (event->key() == Qt::Key_Escape && panel_.name != "frmLogo") return pressReturn();
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         return QMainWindow::keyPressEvent(event);
     auto* button = qobject_cast<QPushButton*>(focusWidget());
-    for (QPushButton* const other : findChildren<QPushButton*>())
-        if (!button && other->isDefault()) button = other;
+    if (!button) button = defaultButton(*this);
     if (button) button->click();
+}
+
+/// Ctrl+Tab, wherever the focus is.
+bool PanelWindow::turnTab(const QKeyEvent& event) {
+    const bool back = event.key() == Qt::Key_Backtab;
+    auto* const tabs = findChild<QTabWidget*>();
+    if (!tabs || !(event.modifiers() & Qt::ControlModifier) || (!back && event.key() != Qt::Key_Tab))
+        return false;
+    tabs->setCurrentIndex((tabs->currentIndex() + (back ? tabs->count() - 1 : 1)) % tabs->count());
+    return true;
 }
 
 void PanelWindow::mouseDoubleClickEvent(QMouseEvent*) { act_(ShowDetailsBox); }

@@ -22,6 +22,8 @@ class PanelWindow : public QMainWindow {
     /// Shows the window where the panel's place is; a panel without one in the middle of `before`, or over
     /// the whole screen where its form says so.
     void showInPlace(const QWidget* before);
+    /// Shows the window again, even when it was minimized at some time before.
+    void bringBack();
     /// Moves the window where a command has put the panel.
     void followPlace();
 
@@ -38,6 +40,8 @@ class PanelWindow : public QMainWindow {
     bool standsFreely() const;
     void rememberSize();
     void focusFirst();
+    void keepFocus(QWidget* focused, bool couldRun);
+    bool turnTab(const QKeyEvent& event);
     void pressReturn();
 
     Panel panel_;

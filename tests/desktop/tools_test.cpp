@@ -71,10 +71,13 @@ TEST_F(ToolWindows, DroppedPagesAreValidatedAndReported) {
     EXPECT_TRUE(child<QAbstractButton>("cmdValidateRun").isEnabled());
     EXPECT_TRUE(child<QLineEdit>("panValidFileName").text().endsWith("\\FIRST.MUS"));
     EXPECT_TRUE(child<QAbstractButton>("cmdValidateView").toolTip().contains(" 2 filenames"));
+    EXPECT_EQ(child<QAbstractButton>("cmdValidateView").text(), "&View 2 files");
 
     std::string report;
     expectText(report);
-    QTest::keyClick(&window, Qt::Key_Return);  // Run is the default button
+    EXPECT_EQ(window.focusWidget()->objectName(), "cmdValidateRun") << "Enter runs, now that it can";
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(window.focusWidget()->objectName(), "cmdValidateRun") << "and once more after the run";
     EXPECT_NE(report.find("FIRST.MUS"), std::string::npos) << report;
     EXPECT_NE(report.find("2 file(s)"), std::string::npos) << report;
     EXPECT_FALSE(host.exists("TULVALID.PRN")) << "the report is gone once it was read";
@@ -107,6 +110,25 @@ TEST_F(ToolWindows, ARunIsShownAndCancelled) {
     EXPECT_EQ(child<QAbstractButton>("cmdValidateReturn").text(), "Retur&n");
     face.front()->close();
     EXPECT_EQ(face.front()->panel().name, "frmLogo");
+}
+
+TEST_F(ToolWindows, AQuestionFindsThePanelAtItsPage) {
+    writePage("first.mus");
+    host.write("second.mus", std::string(40, '\0'));
+    host.write("NAMES.TUL", crlf({host.path("first.mus") + " 1", host.path("second.mus") + " 1"}));
+    PanelWindow& window = open("frmValid");
+    for (int message = 0; message < 2; ++message)
+        expectDialog([&](QDialog& dialog) {
+            EXPECT_TRUE(child<QLabel>("lblValidStatus").text().contains(" 2 of 2"));
+            EXPECT_TRUE(child<QLineEdit>("panValidFileName").text().endsWith("\\SECOND.MUS"));
+            EXPECT_EQ(window.focusWidget(), &window) << "Enter cancels nothing";
+            EXPECT_EQ(dialog.windowTitle(), "TulValid");
+            dialog.accept();
+        });
+    expectAnswer(QMessageBox::Cancel);
+    std::string report;
+    expectText(report);
+    click("cmdValidateRun");
 }
 
 TEST_F(ToolWindows, PmxIsWrittenAsTheFormSays) {
@@ -269,6 +291,7 @@ TEST_F(DesktopSession, TextFilesAreListedOverTheTabs) {
     ASSERT_TRUE(list().isVisible());
     EXPECT_FALSE(child<QWidget>("tabLogo").isVisible());
     list().setCurrentItem(list().findItems("notes.txt", Qt::MatchExactly).value(0));
+    EXPECT_EQ(face.front()->focusWidget(), &list());
     QTest::keyClick(&list(), Qt::Key_Return);
     ASSERT_EQ(face.front()->panel().name, "frmNotepad");
     EXPECT_EQ(face.front()->size(), face.front()->screen()->availableSize()) << "it fills the screen";
@@ -290,6 +313,11 @@ TEST_F(DesktopSession, TheMainPanelStandsWhereItWasPut) {
     face.front()->move(55, 66);
     EXPECT_EQ(mainPanel.place.left, 55 * 15);
     EXPECT_EQ(mainPanel.place.top, 66 * 15);
+
+    face.front()->showMinimized();
+    face.openPanel("frmColor");
+    face.front()->close();
+    EXPECT_FALSE(face.front()->isMinimized()) << "it comes back from behind a tool";
 
     mainPanel.enabled["cmdTulClean"] = false;
     mainPanel.cmdLogoInputCaption = "TulInputW";

@@ -1,16 +1,9 @@
 #include "centre/option_checks.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
-
-using testing::ScriptedHost;
 
 TEST(FontNumbers, AreThoseThatScoreKnows) {
     const std::map<std::string, std::string> kept = {{"0", "0"},       {" 07 ", "7"},    {"199", "199"},
@@ -53,15 +46,14 @@ TEST(Sizes, LieBetweenZeroAndTen) {
 TEST(OptionFields, TellWhatTheyKeepInstead) {
     ScriptedHost host;
     const auto expectTold = [&host](const std::string& kept, const std::string& expected,
-                                    const std::vector<std::string>& messages) {
+                                    const Texts& messages) {
         EXPECT_EQ(kept, expected);
         EXPECT_EQ(host.messages, messages) << expected;
         host.messages.clear();
     };
-    const std::vector<std::string> sizeRefused = {"Value not numeric or out of range. Assumed 1."};
-    const std::vector<std::string> lengthRefused = {"Invalid number of digits specified. Assumed 2."};
-    const std::vector<std::string> suffixRefused = {
-        "Invalid character in suffix. Only letters and digits are allowed."};
+    const Texts sizeRefused = {"Value not numeric or out of range. Assumed 1."};
+    const Texts lengthRefused = {"Invalid number of digits specified. Assumed 2."};
+    const Texts suffixRefused = {"Invalid character in suffix. Only letters and digits are allowed."};
 
     expectTold(keepFontNumber("200"), "0", {"Value not 00-99, 100-199, 1000-1099, 1100-1199. Assumed 0."});
     expectTold(keepFontNumber("1100"), "1100", {});

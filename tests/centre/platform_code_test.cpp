@@ -1,9 +1,6 @@
 #include "centre/platform_code.h"
 
-#include <gtest/gtest.h>
-
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {

@@ -1,36 +1,19 @@
 #include "check/validation.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <ctime>
-#include <limits>
-#include <map>
 
-#include "base/text.h"
 #include "centre/names_file.h"
 #include "check/file_columns.h"
 #include "music/mus_reader.h"
 #include "samples/damaged.h"
 #include "samples/scores.h"
-#include "shared/records.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::valid {
 namespace {
 
-using testing::crlf;
-using testing::endOf;
-using testing::header;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::trailer;
-using testing::words;
-
-using Texts = std::vector<std::string>;
-
-class Validating : public ::testing::Test {
+class Validating : public HostTest {
   protected:
     Validating() {}
 
@@ -67,8 +50,6 @@ class Validating : public ::testing::Test {
     std::string question(const std::string& finding, int item) const {
         return finding + " in file " + file() + "\r\nItem = " + std::to_string(item) + "\r\n\r\nContinue?";
     }
-
-    ScriptedHost host;
 };
 
 const std::string staff = words({6, 8, 1, 0, 0, 1, 200});
@@ -90,8 +71,7 @@ TEST_F(Validating, WritesTheReport) {
     stamp.tm_isdst = -1;
     const auto moment = std::chrono::system_clock::from_time_t(std::mktime(&stamp));
     for (const char* name : {"A.MUS", "LONGER NAME.MUS", "F.MUS"})
-        std::filesystem::last_write_time(host.nativeFolder() / name,
-                                         std::chrono::file_clock::from_sys(moment));
+        fs::last_write_time(host.nativeFolder() / name, std::chrono::file_clock::from_sys(moment));
     cmdValidateRun();
     EXPECT_TRUE(host.messages.empty());
     ASSERT_EQ(host.shown.size(), 1U);
@@ -322,7 +302,7 @@ TEST_F(Validating, RunsTheRecoveryOrSaysThatItCannot) {
               "Program " + host.path("TULRECOV.EXE") +
                   " not located.\r\nRecovery cannot be done.\r\nThe command string is:\r\n" + command);
     host.write("TULRECOV.EXE", "x");
-    host.programs["TULRECOV.EXE"] = [](const std::string&) { return 0; };
+    host.mayRun("TULRECOV.EXE");
     validate(pageOf(staff + words({0, 1})), {Answer::ok});
     EXPECT_EQ(host.launches, Texts{"TULRECOV.EXE " + file() + " 1"});
     validate(pageOf(staff + words({0, 1})), {Answer::cancel});

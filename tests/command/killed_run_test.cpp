@@ -1,5 +1,4 @@
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,17 +10,15 @@
 #include <thread>
 
 #include "samples/many.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 extern char** environ;
 
 namespace tul {
 namespace {
 
-namespace fs = std::filesystem;
 using std::chrono::microseconds;
 using std::chrono::steady_clock;
-using testing::ScriptedHost;
 
 constexpr int pageCount = 500;
 constexpr int kills = 200;
@@ -36,7 +33,7 @@ struct FolderInMemory {
 };
 
 /// A process that rewrites five hundred pages, each with a backup, and that is killed on the way.
-class KilledRun : public ::testing::Test {
+class KilledRun : public HostTest {
   protected:
     KilledRun() {
         for (const char* name :
@@ -61,7 +58,7 @@ class KilledRun : public ::testing::Test {
     static std::string page(const std::string& name) { return "music/" + name + ".MUS"; }
     static std::string backup(const std::string& name) { return "music/" + name + ".BKU"; }
 
-    pid_t start(std::vector<std::string> words) const {
+    pid_t start(Texts words) const {
         words.insert(words.begin(), (home / "TULCMD.EXE").string());
         std::vector<char*> arguments;
         for (std::string& word : words) arguments.push_back(word.data());
@@ -118,14 +115,13 @@ class KilledRun : public ::testing::Test {
         return count;
     }
 
-    const std::vector<std::string> resize = {"--no",       "--set", "chkResizBackup=1",       "--set",
-                                             "tabResiz=2", "--set", "txtResizeStaffSize=0.9", "resiz"};
+    const Texts resize = {"--no",       "--set", "chkResizBackup=1",       "--set",
+                          "tabResiz=2", "--set", "txtResizeStaffSize=0.9", "resiz"};
     const FolderInMemory inMemory;  // before the folder is made
-    ScriptedHost host;
     const fs::path home = host.nativeFolder();
-    std::vector<std::string> pages;
-    std::vector<std::string> old;
-    std::vector<std::string> renewed;
+    Texts pages;
+    Texts old;
+    Texts renewed;
 };
 
 TEST_F(KilledRun, LeavesEveryPageOldOrNewAndTheOldOneInItsBackup) {

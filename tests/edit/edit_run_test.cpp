@@ -1,26 +1,13 @@
 #include "edit/edit_run.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
 #include "edit/edit_profile.h"
 #include "edit/general_edit.h"
 #include "edit/text_fonts.h"
 #include "edit/text_search.h"
-#include "shared/records.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::edit {
 namespace {
-
-using testing::crlf;
-using testing::endOf;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::words;
-
-using Texts = std::vector<std::string>;
 
 const std::string staff = words({2, 8, 1});
 
@@ -29,7 +16,7 @@ std::string text8(const std::string& text, float count = 8) {
     return words({15, 16, 1, 0, 0, 0, 1, 0, 0, 0, 0, 0, count, 0}) + text;
 }
 
-class EditRun : public ::testing::Test {
+class EditRun : public HostTest {
   protected:
     /// Pages by name, which become the selection.
     void select(const std::vector<std::pair<std::string, std::string>>& pages) {
@@ -71,8 +58,6 @@ class EditRun : public ::testing::Test {
         textSearch.txtEditSearchString1 = string1;
         textSearch.txtEditSearchString2 = string2;
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(EditRun, RewritesOnlyWhatChangedWithoutTheBackupBox) {
@@ -165,11 +150,10 @@ TEST_F(EditRun, TheGeneralHeadStandsUnderTheFirstFile) {
     editing.chkEditBackup = false;
     const std::string report = run(tabGeneral);
     const std::string item = "              Item=1         Par1=8        Par2=1        Par3=0\r\n";
-    EXPECT_NE(report.find(upperCase(host.path("a.mus")) + "\r\nTulEdit General for CHANGE\r\n"), report.npos);
-    EXPECT_NE(report.find("First 3 params of changed item\r\n" + item + upperCase(host.path("b.mus")) +
-                          "\r\n" + item + " \r\nNumber general updates. . . . . . . . . 2\r\n \r\n"),
-              report.npos)
-        << report;
+    EXPECT_TRUE(contains(report, upperCase(host.path("a.mus")) + "\r\nTulEdit General for CHANGE\r\n"));
+    EXPECT_TRUE(contains(report, "First 3 params of changed item\r\n" + item + upperCase(host.path("b.mus")) +
+                                     "\r\n" + item +
+                                     " \r\nNumber general updates. . . . . . . . . 2\r\n \r\n"));
     EXPECT_EQ(host.read("b.mus"), pageOf(words({9, 8, 1, 0, 0, 0, 0, 0, 0, 12})));
 
     generalEdit.txtp4 = "21";
@@ -204,7 +188,7 @@ TEST_F(EditRun, ADamagedFileIsRewrittenOnlyWithAChange) {
     EXPECT_EQ(host.messages, Texts{"Structural error in MUS file. Try to recover with TulValid/TulRecover."});
     EXPECT_EQ(host.read("a.mus"), damaged);
     searchFor("bc", "y");
-    EXPECT_NE(run(tabText).find("Rewritten from an incomplete reading"), std::string::npos);
+    EXPECT_TRUE(contains(run(tabText), "Rewritten from an incomplete reading"));
     EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00ayde ", 7)));
 }
 

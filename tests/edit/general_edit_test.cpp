@@ -1,25 +1,15 @@
 #include "edit/general_edit.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <cmath>
-#include <limits>
 
-#include "base/text.h"
 #include "edit/edit_run.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::edit {
 namespace {
 
-using testing::crlf;
-using testing::endOf;
-using testing::ScriptedHost;
-
-using Texts = std::vector<std::string>;
-
-class General : public ::testing::Test {
+class General : public HostTest {
   protected:
     General() { editing.txtEditFile = "C:\\PAGE.MUS"; }
 
@@ -73,8 +63,6 @@ class General : public ::testing::Test {
         EXPECT_EQ(runs, host.messages.empty());
         return host.messages;
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(General, RelationsAtBothEdgesOfTheMargin) {
@@ -242,7 +230,7 @@ TEST_F(General, TheHeadTellsWhatIsDone) {
     condition(0, "2.5", "=", "5");
     add({1, 5});
     const std::string report = run();
-    EXPECT_NE(report.find("Par2.5 = 5.\r\n"), report.npos) << report;
+    EXPECT_TRUE(contains(report, "Par2.5 = 5.\r\n"));
     EXPECT_EQ(musItemTable[1].pars[2], 998) << "rounded";
 }
 

@@ -1,16 +1,11 @@
 #include "edit/resize_checks.h"
 
-#include <gtest/gtest.h>
-
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::resize {
 namespace {
 
-using testing::ScriptedHost;
-using Texts = std::vector<std::string>;
-
-class ResizeFields : public ::testing::Test {
+class ResizeFields : public HostTest {
   protected:
     using Keep = std::string (*)(const std::string&);
     void expectKept(Keep keep, const std::string& typed, const std::string& kept, const Texts& told = {}) {
@@ -18,7 +13,6 @@ class ResizeFields : public ::testing::Test {
         EXPECT_EQ(keep(typed), kept) << typed;
         EXPECT_EQ(host.messages, told) << typed;
     }
-    ScriptedHost host;
 };
 
 TEST_F(ResizeFields, KeepWhatLiesBetweenTheirEdges) {

@@ -1,27 +1,13 @@
 #include "edit/resize.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
 #include "centre/names_file.h"
 #include "music/pipeline.h"
-#include "shared/records.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::resize {
 namespace {
 
-using testing::crlf;
-using testing::endOf;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::trailer;
-using testing::words;
-
-using Texts = std::vector<std::string>;
-
-class Resizing : public ::testing::Test {
+class Resizing : public HostTest {
   protected:
     Resizing() {
         projectSettings.LyricsSize = "1.2";
@@ -31,7 +17,6 @@ class Resizing : public ::testing::Test {
         projectSettings.BarNumberFont = "01";
         options.chkResizBackup = false;
     }
-    std::string file(const std::string& name) const { return upperCase(host.path(name)); }
     void run(const Texts& names) {
         std::string text;
         for (const std::string& name : names) text += namesFileLine(host.path(name));
@@ -43,9 +28,9 @@ class Resizing : public ::testing::Test {
     /// The report over these files; `counts` in the order of its lines.
     std::string report(const Texts& names, const Texts& counts, const Texts& behind = {}) const {
         Texts lines = {"TUL Rezise run 11-21-2026 09:05:07", " ",
-                       "File" + std::string(file(names[0]).size() - 4, ' '),
-                       std::string(file(names[0]).size(), '-')};
-        for (const std::string& name : names) lines.push_back(file(name));
+                       "File" + std::string(upper(names[0]).size() - 4, ' '),
+                       std::string(upper(names[0]).size(), '-')};
+        for (const std::string& name : names) lines.push_back(upper(name));
         lines.insert(lines.end(), {
                                       " ",
                                       "Number of note        sizes changed . . . . " + counts[0],
@@ -64,7 +49,6 @@ class Resizing : public ::testing::Test {
         return crlf(lines);
     }
 
-    ScriptedHost host;
     ResizeOptions& options = resizing.options;
 };
 

@@ -1,21 +1,13 @@
-#include <gtest/gtest.h>
 
-#include <limits>
 
 #include "edit/resize.h"
 #include "music/item_table.h"
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::resize {
 namespace {
 
-using testing::ScriptedHost;
-
-constexpr float infinity = std::numeric_limits<float>::infinity();
-constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
-
-class Updating : public ::testing::Test {
+class Updating : public HostTest {
   protected:
     Updating() {
         projectSettings.LyricsSize = "1.2";
@@ -44,7 +36,6 @@ class Updating : public ::testing::Test {
         return after(15, {1, 1, 0, height, 0, head, 1, 0, 0, 0, 0, 0, 0, 0, size});
     }
 
-    ScriptedHost host;
     ResizeOptions& options = resizing.options;
     Counters& counted = resizing.counters;
 };

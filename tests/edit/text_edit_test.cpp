@@ -1,20 +1,12 @@
-#include <gtest/gtest.h>
 
-#include "base/text.h"
 #include "edit/edit_run.h"
 #include "edit/general_edit.h"
 #include "edit/text_fonts.h"
 #include "edit/text_search.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::edit {
 namespace {
-
-using testing::crlf;
-using testing::endOf;
-using testing::ScriptedHost;
-
-using Texts = std::vector<std::string>;
 
 // --- Fields
 
@@ -76,7 +68,7 @@ TEST(EditFields, KeepFontsSizesAndStrings) {
 
 // --- Items
 
-class TextEdit : public ::testing::Test {
+class TextEdit : public HostTest {
   protected:
     TextEdit() { editing.txtEditFile = "C:\\PAGE.MUS"; }
 
@@ -118,8 +110,6 @@ class TextEdit : public ::testing::Test {
     }
     int changed() const { return editing.counters.countChanged; }
     int fileChanges() const { return editing.counters.fileChanges; }
-
-    ScriptedHost host;
 };
 
 TEST_F(TextEdit, ReplacesBehindTheFontPrefix) {
@@ -322,8 +312,7 @@ TEST_F(TextEdit, DeletesByFontAndEndOfText) {
                                    "Answering NO will terminate the session."})
         << "asked once in a run";
     host.answers = {Answer::no};
-    EXPECT_EQ(endOf([&] { deleted(); }), 1);
-    EXPECT_EQ(host.messages.back(), "TUL needs to close after selecting NO to this prompt.");
+    EXPECT_EQ(host.fatal([&] { deleted(); }), "TUL needs to close after selecting NO to this prompt.");
 }
 
 }  // namespace

@@ -1,29 +1,18 @@
 #include "music/bar_file.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <random>
 
 #include "music/item_table.h"
 #include "music/pipeline.h"
 #include "samples/page_builder.h"
-#include "shared/records.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
 using samples::PageBuilder;
-using testing::endOf;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::words;
 
-constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
-
-class BarFile : public ::testing::Test {
+class BarFile : public HostTest {
   protected:
     BarFile() {
         pipeline.currentPath = host.path("PAGE.MUS");
@@ -43,12 +32,11 @@ class BarFile : public ::testing::Test {
         musItem.MusText = text;
         MusStoreItem();
     }
-    std::vector<std::string> textsOfTable() {
-        std::vector<std::string> texts;
+    Texts textsOfTable() {
+        Texts texts;
         for (int item = 1; item <= musItemTable.itemCount; ++item) texts.push_back(musItemTable[item].text);
         return texts;
     }
-    ScriptedHost host;
 };
 
 TEST_F(BarFile, TakesWhatBarsAreFoundBy) {
@@ -90,8 +78,8 @@ TEST_F(BarFile, StopsAtDamageAndAtAFullTable) {
     EXPECT_GT(pipeline.progress.percent, 0);
     PageBuilder page;
     for (int i = 0; i < 2001; ++i) page.item({14, 1});
-    EXPECT_EQ(endOf([&] { read(page.bytes()); }), 1);
-    EXPECT_EQ(host.messages.back(), "MUS file too big for bar renumber operation. Hit OK to terminate.");
+    EXPECT_EQ(host.fatal([&] { read(page.bytes()); }),
+              "MUS file too big for bar renumber operation. Hit OK to terminate.");
 }
 
 TEST_F(BarFile, ReplacesEscapesUntilNoneIsLeft) {
@@ -133,7 +121,7 @@ TEST_F(BarFile, SortsFromTheHighestStaffAndFromTheLeft) {
     }
     exchangeNeighbours(rows);
     SortItemTable();
-    std::vector<std::string> expected;
+    Texts expected;
     for (const ItemRow& row : rows) expected.push_back(row.text);
     EXPECT_EQ(textsOfTable(), expected);
 }

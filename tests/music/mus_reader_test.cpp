@@ -1,29 +1,16 @@
 #include "music/mus_reader.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "samples/page_builder.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-using testing::header;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::trailer;
-using testing::words;
-
-constexpr float nan = std::numeric_limits<float>::quiet_NaN();
-constexpr float infinity = std::numeric_limits<float>::infinity();
-
-class MusReading : public ::testing::Test {
+class MusReading : public HostTest {
   protected:
     void open(const std::string& bytes, const std::string& name = "PAGE.MUS") {
         host.write(name, bytes);
@@ -42,8 +29,6 @@ class MusReading : public ::testing::Test {
         readAll(bytes);
         return musReader.MusReadState;
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(MusReading, TakesItemsAndTrailerByCountingWords) {
@@ -85,7 +70,7 @@ TEST_F(MusReading, CutsTextByItsCode) {
     };
     open(pageOf(textItem(16, 6.4F, 77, "_00Largo") + textItem(11, 0, 77, "abcdefgh") +
                 textItem(15, 3, 77, "name    ") + textItem(16, 99, 0, "_00A") + textItem(16, 0, 0, "_00A") +
-                textItem(16.5F, 8, 0, "_00Largo") + textItem(16, nan, 0, "_00A")));
+                textItem(16.5F, 8, 0, "_00Largo") + textItem(16, notANumber, 0, "_00A")));
     MusNextItem();
     EXPECT_EQ(musItem.MusText, "_00Lar");
     EXPECT_EQ(musItem.MusPar[13], 0.0F) << "the word before the text is dropped";
@@ -103,8 +88,7 @@ TEST_F(MusReading, CutsTextByItsCode) {
     EXPECT_EQ(musItem.MusText, "_00La");
     EXPECT_EQ(musItem.MusPar[1], 16.5F);
     EXPECT_EQ(host.messages,
-              std::vector<std::string>{
-                  "Par1 is not an integer value: 16.5\r\nItem= 6\r\nValue assumed to be integer."});
+              Texts{"Par1 is not an integer value: 16.5\r\nItem= 6\r\nValue assumed to be integer."});
     MusNextItem();
     EXPECT_EQ(musItem.MusText, "_00A") << "less than no characters is no count";
     MusNextItem();
@@ -113,7 +97,8 @@ TEST_F(MusReading, CutsTextByItsCode) {
 
 TEST_F(MusReading, RoundsLengthWordsToTheNearestEven) {
     EXPECT_EQ(readAll(pageOf(words({1.5F, 14, 1}) + words({2.5F, 8, 1}))), (std::vector<float>{14, 8}));
-    for (const float length : {0.5F, 1.4F, -1.0F, 32768.0F, -40000.0F, 1E30F, nan, infinity, -infinity}) {
+    for (const float length :
+         {0.5F, 1.4F, -1.0F, 32768.0F, -40000.0F, 1E30F, notANumber, infinity, -infinity}) {
         EXPECT_EQ(stateAfter(pageOf(words({length, 14, 1}))), musStructuralError) << length;
         EXPECT_EQ(musItem.MusItemNumber, 1);
     }
@@ -122,7 +107,7 @@ TEST_F(MusReading, RoundsLengthWordsToTheNearestEven) {
 TEST_F(MusReading, RefusesCodesOutsideOneToEighteen) {
     for (const float code : {0.0F, 0.999F, 18.001F, -1.0F, infinity})
         EXPECT_EQ(stateAfter(pageOf(words({2, code, 1}))), musStructuralError) << code;
-    EXPECT_EQ(readAll(pageOf(words({2, 1, 1}) + words({2, 18, 1}) + words({2, nan, 1}))).size(), 3U);
+    EXPECT_EQ(readAll(pageOf(words({2, 1, 1}) + words({2, 18, 1}) + words({2, notANumber, 1}))).size(), 3U);
     EXPECT_TRUE(host.messages.at(0).starts_with("Par1 is not an integer value: NAN"));
 }
 
@@ -168,7 +153,7 @@ TEST_F(MusReading, EndsWithAStateWhateverTheFileIs) {
     EXPECT_EQ(musReader.MusWordCount, -1);
     MusNextItem();
     EXPECT_EQ(musReader.MusReadState, musStructuralError);
-    std::filesystem::create_directory(host.nativeFolder() / "DIR.MUS");
+    host.makeFolder("DIR.MUS");
     MusOpen(host.path("DIR.MUS"), musReader.MusWordCount);
     EXPECT_EQ(musReader.MusWordCount, -1);
 }

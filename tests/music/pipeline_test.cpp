@@ -1,37 +1,24 @@
 #include "music/pipeline.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
-
-#include "base/text.h"
 #include "music/item_table.h"
 #include "music/mus_writer.h"
 #include "samples/many.h"
 #include "samples/page_builder.h"
 #include "samples/scores.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
 using samples::PageBuilder;
-using testing::endOf;
-using testing::header;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::trailer;
-using testing::words;
 
-constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
 const std::string structuralError = "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
 const std::string openFailure = "Open of output MUS file failed. Hit OK to terminate";
 
 const std::string staff = words({6, 8, 1, 0, 0, 0.75F, 200});
 const std::string barline = words({3, 14, 1, 20});
 
-class PipelineRun : public ::testing::Test {
+class PipelineRun : public HostTest {
   protected:
     PipelineRun() { pipeline.currentPath = host.path("PAGE.MUS"); }
 
@@ -63,8 +50,6 @@ class PipelineRun : public ::testing::Test {
         lines.close();
         return host.read("REPORT.PRN");
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(PipelineRun, WritesItemsWithoutTrailingZeros) {
@@ -166,7 +151,7 @@ TEST_F(PipelineRun, AppliesTheUnitOfTheLastTrailer) {
 }
 
 TEST_F(PipelineRun, KeepsEveryItemOfAPageAndItsOwnPagesByteForByte) {
-    std::vector<std::string> pages;
+    Texts pages;
     for (const samples::Sample& sample : samples::scores()) pages.push_back(sample.bytes);
     for (int number = 1; number <= 20; ++number) pages.push_back(samples::manyPage(number, 6000));
     for (const ToolForm& form : {resizForm, barForm, wholeForm}) {
@@ -194,7 +179,7 @@ TEST_F(PipelineRun, KeepsEveryItemOfAPageAndItsOwnPagesByteForByte) {
 TEST_F(PipelineRun, DamageEndsTheReadingButNotTheRun) {
     const std::string damaged = pageOf(staff + barline + words({1, 14, 1}));
     EXPECT_EQ(rewrite(damaged), pageOf(staff + barline));
-    EXPECT_EQ(host.messages, std::vector<std::string>{structuralError});
+    EXPECT_EQ(host.messages, Texts{structuralError});
     EXPECT_EQ(report(), "Rewritten from an incomplete reading, items may be missing: PAGE.MUS\r\n");
     for (const ToolForm& form : {barForm, wholeForm}) {
         EXPECT_EQ(rewrite(damaged, form), pageOf(staff + barline));
@@ -264,8 +249,10 @@ TEST_F(PipelineRun, CodesAreTakenAsReadWhereTheLoopIsTheToolsOwn) {
     EXPECT_NE(musItemTable[1].pars[14], 0.0F);
     EXPECT_EQ(host.messages.size(), 1U);
     for (const float code : {11.0F, 16.0F})
-        EXPECT_EQ(endOf([&] { store(pageOf(words({5, code, 1, 2, 3, 4})), barForm); }), 1);
-    EXPECT_EQ(host.messages.back(), "Invalid MUS file. Error type 7. Hit OK to terminate");
+        EXPECT_EQ(host.fatal([&] {
+            store(pageOf(words({5, code, 1, 2, 3, 4})), barForm);
+        }),
+                  "Invalid MUS file. Error type 7. Hit OK to terminate");
 }
 
 TEST_F(PipelineRun, TheTableIsFullAtTwoThousandItems) {
@@ -274,8 +261,7 @@ TEST_F(PipelineRun, TheTableIsFullAtTwoThousandItems) {
     store(page.bytes());
     EXPECT_EQ(musItemTable.itemCount, 2000);
     const std::string tooBig = page.item({14, 1}).bytes();
-    EXPECT_EQ(endOf([&] { rewrite(tooBig); }), 1);
-    EXPECT_EQ(host.messages.back(), "MUS file too big for operation. Hit OK to terminate.");
+    EXPECT_EQ(host.fatal([&] { rewrite(tooBig); }), "MUS file too big for operation. Hit OK to terminate.");
     EXPECT_EQ(host.read("PAGE.MUS"), tooBig);
     EXPECT_THROW(static_cast<void>(musItemTable[2001]), IndexFault);
     EXPECT_THROW(static_cast<void>(musItemTable[0]), IndexFault);
@@ -285,24 +271,21 @@ TEST_F(PipelineRun, AReadOnlyFileEndsTheProgramAndStays) {
     const std::string bytes = pageOf(staff + barline);
     pipeline.backup = true;
     store(bytes);
-    std::filesystem::permissions(host.nativeFolder() / "PAGE.MUS", std::filesystem::perms::owner_read);
-    EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
-    EXPECT_EQ(host.messages.back(),
+    host.makeReadOnly("PAGE.MUS");
+    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }),
               "Attempt to rewrite Read-only file\r\n" + pipeline.currentPath + "\r\nRun canceled");
     EXPECT_EQ(host.read("PAGE.MUS"), bytes);
     EXPECT_EQ(host.read("PAGE.BKU"), bytes) << "the backup stays";
 }
 
 TEST_F(PipelineRun, WhatCannotBeOpenedEndsTheProgramInTheToolsWords) {
-    std::filesystem::create_directory(host.nativeFolder() / "gone");
+    host.makeFolder("gone");
     host.write("gone/PAGE.MUS", pageOf(staff));
     pipeline.currentPath = host.path("gone\\PAGE.MUS");
     storeFile(resizForm);
-    std::filesystem::remove_all(host.nativeFolder() / "gone");
-    EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
-    EXPECT_EQ(host.messages.back(), openFailure);
-    EXPECT_EQ(endOf([] { writeFile(editForm); }), 1);
-    EXPECT_EQ(host.messages.back(), openFailure + ".");
+    host.remove("gone");
+    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }), openFailure);
+    EXPECT_EQ(host.fatal([] { writeFile(editForm); }), openFailure + ".");
 }
 
 TEST_F(PipelineRun, AFullDiskIsToldAndLeavesThePage) {
@@ -314,8 +297,7 @@ TEST_F(PipelineRun, AFullDiskIsToldAndLeavesThePage) {
     EXPECT_EQ(host.messages.back(),
               "Failed to take backup copy of file " + pipeline.currentPath + ". Drive full.");
     EXPECT_EQ(musItemTable.itemCount, 2) << "the run goes on";
-    EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
-    EXPECT_EQ(host.messages.back(),
+    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }),
               "Failed to write file " + pipeline.currentPath +
                   ". Drive full.\r\nThe file is as it was before. Hit OK to terminate.");
     EXPECT_EQ(host.read("PAGE.MUS"), bytes);

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+#include <map>
+
+#include "base/text.h"
+#include "panels/panel_list.h"
+#include "shared/records.h"
+#include "support/mus_bytes.h"
+#include "support/scripted_host.h"
+
+/// What tests of every room need, under short names.
+namespace tul {
+
+namespace fs = std::filesystem;
+using testing::crlf;
+using testing::endOf;
+using testing::header;
+using testing::pageOf;
+using testing::ScriptedHost;
+using testing::trailer;
+using testing::words;
+using Texts = std::vector<std::string>;
+
+inline constexpr float infinity = std::numeric_limits<float>::infinity();
+inline constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
+
+/// Lines ended by CR LF, from one text in which a bar separates them.
+inline std::string lines(std::string_view barred) {
+    std::string text;
+    for (const char letter : barred) text += letter == '|' ? "\r\n" : std::string(1, letter);
+    return text + "\r\n";
+}
+
+/// The lines of a text.
+inline Texts linesIn(const std::string& text) {
+    const auto found = linesOf(text);
+    return {found.begin(), found.end()};
+}
+
+/// For EXPECT_TRUE: tells the text that lacks the part.
+inline ::testing::AssertionResult contains(const std::string& text, std::string_view part) {
+    if (text.find(part) != std::string::npos) return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << "no \"" << part << "\" in\n" << text;
+}
+
+/// A test on a scripted machine.
+class HostTest : public ::testing::Test {
+  protected:
+    /// A file of the test's folder as the selection has it.
+    std::string upper(const std::string& name) const { return upperCase(host.path(name)); }
+    /// Names files of the test's folder in the names file, which is not read yet.
+    void writeNames(const Texts& names) {
+        std::string text;
+        for (const std::string& name : names) text += host.path(name) + " 1\r\n";
+        host.write("NAMES.TUL", text);
+    }
+
+    ScriptedHost host;
+};
+
+/// A panel on a scripted machine.
+class PanelTest : public HostTest {
+  protected:
+    PanelTest() { host.install(); }
+    void open(const std::string& name) {
+        panel = findPanel(name)->make();
+        panel.load();
+    }
+    std::string shown(const std::string& field) { return panel.field(field)->text(); }
+    bool isEnabled(const std::string& field) { return panel.field(field)->enabled(); }
+
+    Panel panel;
+};
+
+}  // namespace tul

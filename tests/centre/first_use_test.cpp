@@ -62,6 +62,9 @@ TEST_F(FirstUseSeries, EndsInASettingsFileWhenEverythingIsRefused) {
                     "WinScorePrefPath=|BypassLibTest1=True|ACCSPath=|LJPath=|BeamPath=|MidiScorPath=|"
                     "LascorPath=|Seps4idProgramPath="));
     EXPECT_TRUE(host.launches.empty());
+    EXPECT_TRUE(host.said(
+        "Neither SCORE/SCOR4 nor WinScore was selected. This is exceptional but entirely possible.\r\nIf "
+        "you want to link any of these programs, delete file TULCNTRL.INI and start TUL again."));
 }
 
 TEST_F(FirstUseSeries, FindsWhatLiesBesideScore4) {

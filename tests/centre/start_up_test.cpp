@@ -264,9 +264,6 @@ TEST_F(StartingUp, LeadsThroughTheFirstUse) {
     StartUp();
     EXPECT_TRUE(host.messages[0].ends_with(
         "(This message and the following dialog only appear once at program initialization)"));
-    EXPECT_TRUE(host.said(
-        "Neither SCORE/SCOR4 nor WinScore was selected. This is exceptional but entirely possible.\r\nIf "
-        "you want to link any of these programs, delete file TULCNTRL.INI and start TUL again."));
     EXPECT_EQ(machineSettings.NotepadPath, "notepad.exe");
     EXPECT_TRUE(machineSettings.BypassLibTest1);
     EXPECT_TRUE(host.read("TULPROJ.PRO")

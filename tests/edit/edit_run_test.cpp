@@ -20,12 +20,12 @@ class EditRun : public HostTest {
   protected:
     /// Pages by name, which become the selection.
     void select(const std::vector<std::pair<std::string, std::string>>& pages) {
-        Texts lines;
+        Texts names;
         for (const auto& [name, bytes] : pages) {
             host.write(name, bytes);
-            lines.push_back(host.path(name) + " 1");
+            names.push_back(name);
         }
-        host.write("NAMES.TUL", crlf(lines));
+        writeNames(names);
     }
     /// The report of a run.
     std::string run(int tab) {

@@ -109,13 +109,15 @@ TEST_F(General, JoinsConditionsFromLeftToRight) {
         generalEdit.lstl[1].choose(third);
         return selected();
     };
-    EXPECT_EQ(joined("AND", "--------"), "1");
-    EXPECT_EQ(joined("OR", "--------"), "123");
-    EXPECT_EQ(joined("&not", "--------"), "2");
-    EXPECT_EQ(joined("OR", "AND"), "2") << "(first or second) and third";
-    EXPECT_EQ(joined("AND", "OR"), "124");
-    EXPECT_EQ(joined("OR", "&not"), "13");
-    EXPECT_EQ(joined("--------", "AND"), "2");
+    for (const auto& [second, third, items] :
+         std::vector<std::array<const char*, 3>>{{"AND", "--------", "1"},
+                                                 {"OR", "--------", "123"},
+                                                 {"&not", "--------", "2"},
+                                                 {"OR", "AND", "2"},  // (first or second) and third
+                                                 {"AND", "OR", "124"},
+                                                 {"OR", "&not", "13"},
+                                                 {"--------", "AND", "2"}})
+        EXPECT_EQ(joined(second, third), items) << second << third;
     generalEdit.lstr[1].choose("");
     EXPECT_EQ(joined("--------", "--------"), "12");
 }
@@ -235,56 +237,46 @@ TEST_F(General, TheHeadTellsWhatIsDone) {
 }
 
 TEST_F(General, ChecksItsFieldsInOrder) {
-    EXPECT_EQ(refusals(), Texts{"Result parameter not numeric: "});
-    set("4x", "");
-    EXPECT_EQ(refusals(), Texts{"Result parameter not numeric: 4x"});
-    set("1", "");
-    EXPECT_EQ(refusals(), Texts{"Changing Par1 is quite drastic. Are you sure?"}) << "answered No";
-    set("4", "1e");
-    EXPECT_EQ(refusals(), Texts{"Invalid set to value: 1e"});
-    set("4", "1");
-    for (const char* par : {"", "0.9", "19", "x"}) {
-        generalEdit.txtp[0] = par;
-        EXPECT_EQ(refusals(), Texts{std::string("Invalid parameter in first condition: ") + par});
-    }
-    generalEdit.txtp[0] = "18";
-    EXPECT_EQ(refusals(), Texts{"Invalid value in first condition: "});
-    generalEdit.txtv[0] = "16";
-    EXPECT_EQ(refusals(), Texts{"No relation selected in first condition"});
-    generalEdit.lstr[0].choose("=");
-    EXPECT_EQ(refusals(), Texts());
+    const auto expectRefusal = [this](std::string& field, const char* text, const std::string& refusal) {
+        field = text;
+        EXPECT_EQ(refusals(), refusal.empty() ? Texts() : Texts{refusal}) << text;
+    };
+    GeneralEdit& fields = generalEdit;
+    const auto choose = [this](ChoiceList& list, const char* entry, const std::string& refusal) {
+        list.choose(entry);
+        EXPECT_EQ(refusals(), refusal.empty() ? Texts() : Texts{refusal}) << entry;
+    };
+    expectRefusal(fields.txtp4, "", "Result parameter not numeric: ");
+    expectRefusal(fields.txtp4, "4x", "Result parameter not numeric: 4x");
+    expectRefusal(fields.txtp4, "1", "Changing Par1 is quite drastic. Are you sure?");  // answered No
+    fields.txtp4 = "4";
+    expectRefusal(fields.txtv4, "1e", "Invalid set to value: 1e");
+    fields.txtv4 = "1";
+    for (const char* par : {"", "0.9", "19", "x"})
+        expectRefusal(fields.txtp[0], par, std::string("Invalid parameter in first condition: ") + par);
+    expectRefusal(fields.txtp[0], "18", "Invalid value in first condition: ");
+    expectRefusal(fields.txtv[0], "16", "No relation selected in first condition");
+    choose(fields.lstr[0], "=", "");
 
-    generalEdit.txtGeneralEdit = "__00a";
-    EXPECT_EQ(refusals(), Texts{"The compare string is not preceded by a font"});
-    generalEdit.txtGeneralEdit = "_00a";
-    set("", "_00b");
-    EXPECT_EQ(refusals(), Texts());
-    generalEdit.txtv[0] = "8";
-    EXPECT_EQ(refusals(), Texts{"A compare string was provided but the operator is not '=16' or '=9'"});
-    generalEdit.lstr[0].choose("<>");
-    EXPECT_EQ(refusals(), Texts());
+    expectRefusal(fields.txtGeneralEdit, "__00a", "The compare string is not preceded by a font");
+    fields.txtGeneralEdit = "_00a";
+    fields.txtp4 = "";
+    expectRefusal(fields.txtv4, "_00b", "");
+    expectRefusal(fields.txtv[0], "8", "A compare string was provided but the operator is not '=16' or '=9'");
+    choose(fields.lstr[0], "<>", "");
     reportInstead();
-    generalEdit.lstr[0].choose("=");
-    EXPECT_EQ(refusals(), Texts()) << "asked in change mode only";
+    choose(fields.lstr[0], "=", "");  // asked in change mode only
 
-    generalEdit.lstl[0].choose("AND");
-    EXPECT_EQ(refusals(), Texts{"Invalid parameter in second condition:"});
-    generalEdit.txtp[1] = "25";
-    EXPECT_EQ(refusals(), Texts{"Invalid value in second condition: "});
-    generalEdit.txtv[1] = "2";
-    EXPECT_EQ(refusals(), Texts{"No relation selected in second condition"});
-    generalEdit.lstr[1].choose("<");
-    EXPECT_EQ(refusals(), Texts());
-    generalEdit.lstl[1].choose("OR");
-    generalEdit.txtp[2] = "3.5";
-    EXPECT_EQ(refusals(), Texts{"Invalid parameter in third condition:25"}) << "the second's fields";
-    generalEdit.txtp[2] = "3";
-    generalEdit.txtv[2] = "x";
-    EXPECT_EQ(refusals(), Texts{"Invalid value in third condition: 2"});
-    generalEdit.txtv[2] = "1";
-    EXPECT_EQ(refusals(), Texts{"No relation selected in third condition"});
-    generalEdit.lstl[1].choose("--------");
-    EXPECT_EQ(refusals(), Texts());
+    choose(fields.lstl[0], "AND", "Invalid parameter in second condition:");
+    expectRefusal(fields.txtp[1], "25", "Invalid value in second condition: ");
+    expectRefusal(fields.txtv[1], "2", "No relation selected in second condition");
+    choose(fields.lstr[1], "<", "");
+    fields.lstl[1].choose("OR");
+    expectRefusal(fields.txtp[2], "3.5", "Invalid parameter in third condition:25");  // the second's fields
+    fields.txtp[2] = "3";
+    expectRefusal(fields.txtv[2], "x", "Invalid value in third condition: 2");
+    expectRefusal(fields.txtv[2], "1", "No relation selected in third condition");
+    choose(fields.lstl[1], "--------", "");
 }
 
 }  // namespace

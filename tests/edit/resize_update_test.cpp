@@ -46,32 +46,36 @@ TEST_F(Updating, ResizesTheNotesThatAreChosen) {
 
     using O = ResizeOptions;
     using C = Counters;
-    const auto changes = [this](bool O::*box, std::int32_t C::*counter, float height, float head,
-                                float size) {
+    struct Case {
+        bool O::*box;
+        std::int32_t C::*counter;
+        float height, head, size;
+        int changes;
+    };
+    for (const Case& note :
+         std::vector<Case>{{&O::chkResizeMini, &C::mini, 100.9F, 1, 3, 1},
+                           {&O::chkResizeMini, &C::mini, -99.5F, 1, 3, 1},
+                           {&O::chkResizeMini, &C::mini, 101, 1, 3, 0},
+                           {&O::chkResizeSmall, &C::small, 0, 7, 0.99F, 1},
+                           {&O::chkResizeSmall, &C::small, 0, 7, 1, 0},
+                           {&O::chkResizeSmall, &C::small, 0, 7, notANumber, 0},
+                           {&O::chkResizeBlack, &C::black, 0, 0.5F, 1, 1},
+                           {&O::chkResizeBlack, &C::black, 0, 10.5F, 0, 1},
+                           {&O::chkResizeBlack, &C::black, 0, 0, 0.99F, 0},
+                           {&O::chkResizeHalf, &C::half, 0, -0.5F, 1, 1},  // its integer part is -1
+                           {&O::chkResizeHalf, &C::half, 0, 21, 1, 0},
+                           {&O::chkResizeWhole, &C::whole, 0, -12, 1.2F, 1},
+                           {&O::chkResizeWhiteDiamond, &C::whiteDiamond, 0, 4, 1, 1},
+                           {&O::chkResizeBlackDiamond, &C::blackDiamond, 0, 15, 1, 1},
+                           {&O::chkResizeBlackDiamond, &C::blackDiamond, 0, 905, 1, 0}}) {
         options = {};
         counted = {};
-        options.*box = true;
+        options.*note.box = true;
         options.txtResizeNoteSize = "1.5";
-        const bool changed = noteSizeAfter(height, head, size) == 1.5F;
-        EXPECT_EQ(counted.*counter, changed ? 1 : 0);
-        EXPECT_EQ(counted.notes(), changed ? 1 : 0);
-        return changed;
-    };
-    EXPECT_TRUE(changes(&O::chkResizeMini, &C::mini, 100.9F, 1, 3));
-    EXPECT_TRUE(changes(&O::chkResizeMini, &C::mini, -99.5F, 1, 3));
-    EXPECT_FALSE(changes(&O::chkResizeMini, &C::mini, 101, 1, 3));
-    EXPECT_TRUE(changes(&O::chkResizeSmall, &C::small, 0, 7, 0.99F));
-    EXPECT_FALSE(changes(&O::chkResizeSmall, &C::small, 0, 7, 1));
-    EXPECT_FALSE(changes(&O::chkResizeSmall, &C::small, 0, 7, notANumber));
-    EXPECT_TRUE(changes(&O::chkResizeBlack, &C::black, 0, 0.5F, 1));
-    EXPECT_TRUE(changes(&O::chkResizeBlack, &C::black, 0, 10.5F, 0));
-    EXPECT_FALSE(changes(&O::chkResizeBlack, &C::black, 0, 0, 0.99F));
-    EXPECT_TRUE(changes(&O::chkResizeHalf, &C::half, 0, -0.5F, 1)) << "its integer part is -1";
-    EXPECT_FALSE(changes(&O::chkResizeHalf, &C::half, 0, 21, 1));
-    EXPECT_TRUE(changes(&O::chkResizeWhole, &C::whole, 0, -12, 1.2F));
-    EXPECT_TRUE(changes(&O::chkResizeWhiteDiamond, &C::whiteDiamond, 0, 4, 1));
-    EXPECT_TRUE(changes(&O::chkResizeBlackDiamond, &C::blackDiamond, 0, 15, 1));
-    EXPECT_FALSE(changes(&O::chkResizeBlackDiamond, &C::blackDiamond, 0, 905, 1));
+        EXPECT_EQ(noteSizeAfter(note.height, note.head, note.size) == 1.5F, note.changes == 1) << note.head;
+        EXPECT_EQ(counted.*note.counter, note.changes) << note.head;
+        EXPECT_EQ(counted.notes(), note.changes) << note.head;
+    }
 }
 
 TEST_F(Updating, LetsEachFilterSeeTheSizeThatTheOneBeforeLeft) {
@@ -179,28 +183,27 @@ TEST_F(Updating, ChangesSymbolsFromEveryTab) {
 
 TEST_F(Updating, ResizesPageNumbersAndBarNumbers) {
     options.tabResiz = tabNumbers;
-    options.txtResizePageNumberSize = "1";
-    options.txtResizePageNumberFont = "1";
+    options.txtResizePageNumberSize = options.txtResizePageNumberFont = "1";
     options.txtResizeBarNumberSize = "1.5";
     options.txtResizeBarNumberFont = "1005";
-    const auto number = [this](float size, float font) {
-        const float newSize = after(6, {10, 1, 0, 0, 5, size, font});
-        return std::pair(newSize, musItemTable[1].pars[7]);
-    };
     using Number = std::pair<float, float>;
-    EXPECT_EQ(number(201.1F, 0), Number(201, 1));
-    EXPECT_EQ(number(201.1009F, 0), Number(201, 1));
-    EXPECT_EQ(number(201.1011F, 0), Number(201.1011F, 0));
-    EXPECT_EQ(number(1.1F, 0), Number(1.1F, 0)) << "compared with the 200 in it";
-    EXPECT_EQ(number(201.1F, 1), Number(201.1F, 1));
-    EXPECT_EQ(number(201, 1), Number(201, 1)) << "the option for bar numbers is off";
+    const auto expectNumber = [this](const Number& before, const Number& resized) {
+        const float newSize = after(6, {10, 1, 0, 0, 5, before.first, before.second});
+        EXPECT_EQ(Number(newSize, musItemTable[1].pars[7]), resized);
+    };
+    expectNumber({201.1F, 0}, {201, 1});
+    expectNumber({201.1009F, 0}, {201, 1});
+    expectNumber({201.1011F, 0}, {201.1011F, 0});
+    expectNumber({1.1F, 0}, {1.1F, 0});  // compared with the 200 in it
+    expectNumber({201.1F, 1}, {201.1F, 1});
+    expectNumber({201, 1}, {201, 1});  // the option for bar numbers is off
     EXPECT_EQ(counted.pageNumbers, 2);
 
     options.optResizeBarNumber = true;
-    EXPECT_EQ(number(201.1F, 0), Number(201.5F, 1005)) << "now of the size and font of a bar number";
+    expectNumber({201.1F, 0}, {201.5F, 1005});  // now of the size and font of a bar number
     EXPECT_EQ(counted.pageNumbers, 3);
     options.optResizePageNumber = false;
-    EXPECT_EQ(number(200.9995F, 1), Number(201.5F, 1005));
+    expectNumber({200.9995F, 1}, {201.5F, 1005});
     EXPECT_EQ(counted.barNumbers, 2);
     EXPECT_EQ(counted.pageNumbers, 3);
 }
@@ -232,24 +235,22 @@ TEST_F(Updating, ResizesTextsThatAreGiven) {
     options.txtResizeTextResize = "_02Fine  ";
     options.txtResizeTextCurrent = "1.2";
     options.txtResizeTextNew = "0.9";
-    const auto size = [this](float par6, const std::string& text) {
-        return after(6, {16, 1, 0, 0, 0, par6}, text);
+    const auto expectSize = [this](float before, const char* text, float resized, int count) {
+        EXPECT_EQ(after(6, {16, 1, 0, 0, 0, before}, text), resized) << text;
+        EXPECT_EQ(counted.texts, count) << text;
     };
-    EXPECT_EQ(size(1.2F, "_02Fine"), 0.9F);
-    EXPECT_EQ(size(1.2009F, "_02Fine   "), 0.9F);
-    EXPECT_EQ(size(1.2011F, "_02Fine"), 1.2011F);
-    EXPECT_EQ(size(201.2F, "_02Fine"), 201.2F) << "its hundreds are part of its size";
-    EXPECT_EQ(size(1.2F, "_02fine"), 1.2F);
-    EXPECT_EQ(size(1.2F, " _02Fine"), 1.2F);
-    EXPECT_EQ(counted.texts, 2);
+    expectSize(1.2F, "_02Fine", 0.9F, 1);
+    expectSize(1.2009F, "_02Fine   ", 0.9F, 2);
+    expectSize(1.2011F, "_02Fine", 1.2011F, 2);
+    expectSize(201.2F, "_02Fine", 201.2F, 2);  // its hundreds are part of its size
+    expectSize(1.2F, "_02fine", 1.2F, 2);
+    expectSize(1.2F, " _02Fine", 1.2F, 2);
     options.optResizeLyrics = true;
     options.txtResizeLyrics = "1.2005";
     options.txtResizeTextResize = "_00";
-    EXPECT_EQ(size(1.2F, "_00"), 0.9F) << "what the first rule left is near enough for the second";
-    EXPECT_EQ(counted.texts, 4);
+    expectSize(1.2F, "_00", 0.9F, 4);  // what the first rule left is near enough for the second
     options.txtResizeLyrics = "1.5";
-    EXPECT_EQ(size(1.2F, "_00"), 1.5F);
-    EXPECT_EQ(counted.texts, 5);
+    expectSize(1.2F, "_00", 1.5F, 5);
 }
 
 /// Par 2, 3, 4 and 6 of the items behind the first.
@@ -271,37 +272,31 @@ TEST_F(Updating, SetsPlaceholdersBehindAllItems) {
     options.tabResiz = tabPlaceholders;
     options.chkPlaceholderSet = true;
     for (int par = 1; par <= Parameters::count; ++par) musItem.MusPar[par] = 9;  // of the item read last
+    using Rows = std::vector<std::vector<float>>;
     const auto setFor = [this](float head) {
         after(1, {1, 2, 50, 5, 0, head, 1, 0, 0, 0, 0, 0, 0, 0, 3});
         return placeholdersBehindTheNote();
     };
-    using Rows = std::vector<std::vector<float>>;
     const float left = 50 - 0.7F;
-    EXPECT_EQ(setFor(900), (Rows{{2, left, 5, 0}}));
-    EXPECT_EQ(setFor(912), (Rows{{2, left, 5, 0}}));
+    const std::vector<float> plain = {2, left, 5, 0};
+    // Descenders of 901, 905, 906 and 907 are not asked for.
+    for (const float head : {900.0F, 912.0F, 903.5F, 901.0F, 905.0F, 906.0F, 907.0F})
+        EXPECT_EQ(setFor(head), Rows{plain}) << head;
+    for (const float head : {899.5F, 912.5F}) EXPECT_EQ(setFor(head), Rows{}) << head;
     EXPECT_EQ(setFor(903), (Rows{{2, left - 0.8F, 5, 1.2F}}));
     EXPECT_EQ(setFor(911), (Rows{{2, left - 0.5F, 5, 1.3F}}));
-    EXPECT_EQ(setFor(908), (Rows{{2, left, 5, 0.8F}}));
-    EXPECT_EQ(setFor(910), (Rows{{2, left, 5, 0.8F}}));
-    EXPECT_EQ(setFor(903.5F), (Rows{{2, left, 5, 0}}));
-    for (const float head : {901.0F, 905.0F, 906.0F, 907.0F})
-        EXPECT_EQ(setFor(head), (Rows{{2, left, 5, 0}})) << "no descenders are asked for";
-    EXPECT_EQ(setFor(899.5F), Rows{});
-    EXPECT_EQ(setFor(912.5F), Rows{});
+    for (const float head : {908.0F, 910.0F}) EXPECT_EQ(setFor(head), (Rows{{2, left, 5, 0.8F}}));
     EXPECT_EQ(counted.placeholders, 11);
 
     options.chkPlaceholderDescenders = true;
-    EXPECT_EQ(setFor(901), (Rows{{2, left, 5, 0}, {2, left, 7, 0.5F}}));
-    EXPECT_EQ(setFor(907), (Rows{{2, left, 5, 0}, {2, left, 7, 0.5F}}));
-    EXPECT_EQ(setFor(905), (Rows{{2, left, 5, 0}, {2, 50 - 1.4F, 3, 0.6F}}));
-    EXPECT_EQ(setFor(906), (Rows{{2, left, 5, 0}, {2, 50 - 0.9F, 3, 0.7F}}));
+    for (const float head : {901.0F, 907.0F}) EXPECT_EQ(setFor(head), (Rows{plain, {2, left, 7, 0.5F}}));
+    EXPECT_EQ(setFor(905), (Rows{plain, {2, 50 - 1.4F, 3, 0.6F}}));
+    EXPECT_EQ(setFor(906), (Rows{plain, {2, 50 - 0.9F, 3, 0.7F}}));
     EXPECT_EQ(setFor(903), (Rows{{2, left - 0.8F, 5, 1.2F}}));
     EXPECT_EQ(counted.placeholders, 16) << "descenders are not counted";
 
     updateFile();
     EXPECT_EQ(musItemTable.itemCount, 3) << "a second run doubles them";
-    options.tabResiz = tabTexts;
-    EXPECT_EQ(setFor(901), Rows{});
 }
 
 TEST_F(Updating, ResetsThePlaceholdersNearANote) {

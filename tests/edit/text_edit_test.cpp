@@ -174,8 +174,8 @@ TEST_F(TextEdit, WholeWordsPassARefusedOneByTheLengthOfTheReplacement) {
 TEST_F(TextEdit, FiltersByFontAndSize) {
     textSearch.chkEditSearchFont = true;
     textSearch.txtEditSearchFont = "05";
-    for (const auto& [text, result] : std::vector<std::pair<std::string, std::string>>{
-             {"_05aa", "_05x"}, {"__05aa", "__05x"}, {"_06aa", "_06aa"}, {"aa_05aa", "aa_05aa"}})
+    for (const auto& [text, result] :
+         {std::pair{"_05aa", "_05x"}, {"__05aa", "__05x"}, {"_06aa", "_06aa"}, {"aa_05aa", "aa_05aa"}})
         EXPECT_EQ(search(text, "aa", "x"), result);
 
     textSearch.chkEditSearchFont = false;
@@ -188,13 +188,10 @@ TEST_F(TextEdit, FiltersByFontAndSize) {
         run(textSearchFamily);
         return changed() == 1;
     };
-    EXPECT_TRUE(passes(0.75F, ".75", "0"));
-    EXPECT_TRUE(passes(100.75F, ".75", "0"));
-    EXPECT_TRUE(passes(300.75F, ".75", "0"));
+    for (const float size : {0.75F, 100.75F, 300.75F}) EXPECT_TRUE(passes(size, ".75", "0")) << size;
     EXPECT_FALSE(passes(0.7500001F, ".75", "0"));
     EXPECT_TRUE(passes(1.25F, "1", ".25"));
-    EXPECT_FALSE(passes(1.2500001F, "1", ".25"));
-    EXPECT_FALSE(passes(0.7F, "1", ".25"));
+    for (const float size : {1.2500001F, 0.7F}) EXPECT_FALSE(passes(size, "1", ".25")) << size;
 }
 
 TEST_F(TextEdit, ComparesWholeTextsAsTheFieldsStand) {
@@ -219,9 +216,7 @@ TEST_F(TextEdit, AsksAtEveryItemAndCancels) {
         host.messages[1] + "\r\n",
         crlf({"Found string: a", "in text string: _00ba", "in file: C:\\PAGE.MUS", "replace by string: ' '",
               "Item number: 2", "", "Replace? (Cancel will stop any further search/replace)"}));
-    EXPECT_EQ(musItemTable[1].text, "_00a");
-    EXPECT_EQ(musItemTable[2].text, "_00b ");
-    EXPECT_EQ(musItemTable[4].text, "_00da");
+    EXPECT_EQ(musItemTable[1].text + musItemTable[2].text + musItemTable[4].text, "_00a_00b _00da");
     EXPECT_TRUE(isCancelled());
     EXPECT_EQ(fileChanges(), 2);
 }
@@ -272,10 +267,7 @@ TEST_F(TextEdit, FontsOfNumbersKeepTheirFlags) {
         run(textFontsFamily);
         return musItemTable[1].pars[7];
     };
-    EXPECT_EQ(font(5), 7);
-    EXPECT_EQ(font(105), 107);
-    EXPECT_EQ(font(1005), 1007);
-    EXPECT_EQ(font(1105), 1107);
+    for (const float flags : {0.0F, 100.0F, 1000.0F, 1100.0F}) EXPECT_EQ(font(flags + 5), flags + 7);
     EXPECT_EQ(changed(), 1);
     EXPECT_EQ(font(205), 205);
     textFonts.chkEditModifyInclude = false;

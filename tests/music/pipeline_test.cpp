@@ -127,17 +127,14 @@ TEST_F(PipelineRun, RowsThatNoReaderTakesAreWrittenAndTold) {
 }
 
 TEST_F(PipelineRun, CountsTheCharactersOfTextsForTheToolsThatEditThem) {
-    const auto textLength = [&](const ToolForm& form) {
+    const auto expectLength = [this](const ToolForm& form, float length) {
         musItemTable.itemCount = 0;
         add({16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3}, "_00longer");
         writeFile(form);
-        return musItemTable[1].pars[12];
+        EXPECT_EQ(musItemTable[1].pars[12], length);
     };
-    EXPECT_EQ(textLength(resizForm), 3);
-    EXPECT_EQ(textLength(renumForm), 3);
-    EXPECT_EQ(textLength(wholeForm), 3);
-    EXPECT_EQ(textLength(editForm), 9);
-    EXPECT_EQ(textLength(barForm), 9);
+    for (const ToolForm& form : {resizForm, renumForm, wholeForm}) expectLength(form, 3);
+    for (const ToolForm& form : {editForm, barForm}) expectLength(form, 9);
 }
 
 TEST_F(PipelineRun, AppliesTheUnitOfTheLastTrailer) {
@@ -206,10 +203,13 @@ TEST_F(PipelineRun, APageOfAnotherLengthThanItSaysIsTold) {
     EXPECT_TRUE(host.messages.empty());
 }
 
-TEST_F(PipelineRun, APageWhoseWritingWasInterruptedIsLeftAlone) {
-    const std::string begun = header(0) + staff + barline;
-    EXPECT_EQ(rewrite(begun), begun);
+TEST_F(PipelineRun, APageWithoutAReadableItemIsLeftAlone) {
+    // One whose writing was interrupted before the header, and one that is damaged in its first item.
+    EXPECT_EQ(rewrite(header(0) + staff + barline), header(0) + staff + barline);
     EXPECT_TRUE(host.messages.empty());
+    const std::string damaged = pageOf(words({1, 14, 1}) + barline);
+    EXPECT_EQ(rewrite(damaged), damaged);
+    EXPECT_EQ(report(), "");
 }
 
 TEST_F(PipelineRun, ATextWithoutACountOfCharactersKeepsThem) {
@@ -217,12 +217,6 @@ TEST_F(PipelineRun, ATextWithoutACountOfCharactersKeepsThem) {
         store(pageOf(words({16, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, count, 0}) + "_00Animus   "));
         EXPECT_EQ(musItemTable[1].text, "_00Animus   ");
     }
-}
-
-TEST_F(PipelineRun, DamageInTheFirstItemLeavesTheFileAlone) {
-    const std::string damaged = pageOf(words({1, 14, 1}) + barline);
-    EXPECT_EQ(rewrite(damaged), damaged);
-    EXPECT_EQ(report(), "");
 }
 
 TEST_F(PipelineRun, AnItemOfTooManyParametersAbandonsTheReadingWithoutAMessage) {

@@ -233,15 +233,5 @@ TEST_F(LogoPanel, TellsAboutItself) {
     EXPECT_TRUE(about.closed());
 }
 
-TEST_F(LogoPanel, DemonstratesAnInputBoxAndKeepsNothing) {
-    Panel color = findPanel("color")->make();
-    const std::string before = color.field("txtColor")->text();
-    host.inputs = {"red"};
-    EXPECT_EQ(color.click("txtColor"), PanelAnswer::done);
-    EXPECT_EQ(host.messages.back(),
-              "An input box will request some value to be typed. This example is for demonstration only...");
-    EXPECT_EQ(color.field("txtColor")->text(), before);
-}
-
 }  // namespace
 }  // namespace tul

@@ -59,8 +59,7 @@ TEST(PmxNumbers, KeepTheirColumns) {
     const std::vector<std::pair<float, std::string>> columns = {
         {-0.0F, " 0000.0000"}, {0.0005F, " 0000.0005"},    {-0.00004F, " 0000.0000"},
         {-2.5F, "-0002.5000"}, {99.9995F, " 0099.9995"},   {9999.9999F, " 10000.0000"},
-        {1E-8F, " 0000.0000"}, {1E9F, " 1000000000.0000"}, {-infinity, "-INF"},
-    };
+        {1E-8F, " 0000.0000"}, {1E9F, " 1000000000.0000"}, {-infinity, "-INF"}};
     for (const auto& [value, text] : columns) EXPECT_EQ(number(appendTabNumber, value), text);
     EXPECT_EQ(number(appendTabCode, 8) + number(appendTabCode, 16) + number(appendTabCode, 9.5F), " 816 10");
     EXPECT_EQ(number(appendTabTextStaff, 8) + number(appendTabTextStaff, 132), "  8 132");
@@ -76,9 +75,7 @@ TEST(PmxNumbers, KeepTheirColumns) {
 class Exporting : public HostTest {
   protected:
     void run(const Texts& names) {
-        std::string text;
-        for (const std::string& name : names) text += namesFileLine(host.path(name));
-        host.write("NAMES.TUL", text);
+        writeNames(names);
         host.messages.clear();
         host.shown.clear();
         cmdPmxRun();

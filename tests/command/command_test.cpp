@@ -1,20 +1,13 @@
 
-#include <sstream>
 
 #include "centre/main_panel.h"
-#include "command/arguments.h"
-#include "command/command_run.h"
 #include "samples/page_builder.h"
-#include "support/test.h"
+#include "support/command_line.h"
 
 namespace tul::command {
 namespace {
 
-struct Outcome {
-    int status = 0;
-    std::string out;
-    std::string err;
-};
+using testing::Outcome;
 
 TEST(Arguments, KeepTheOrderOfWhatIsSetAndPressed) {
     Arguments arguments;
@@ -73,22 +66,7 @@ class Tulcmd : public HostTest {
     }
 
     Outcome run(const Texts& words, const std::string& typed = {}, bool terminal = false) {
-        Arguments arguments;
-        const ParseResult parsed = parseArguments(words, arguments);
-        if (!parsed.goOn) return {parsed.exitStatus, {}, parsed.text};
-        std::ostringstream out;
-        std::ostringstream err;
-        std::istringstream in(typed);
-        const Host machine{.files = &files(),
-                           .processes = &processes(),
-                           .profile = &profile(),
-                           .clock = &clock(),
-                           .platform = &platform(),
-                           .face = nullptr};
-        const int status =
-            runCommand(arguments, machine, host.folder(),
-                       {.out = out, .err = err, .in = in, .canAsk = terminal, .showsProgress = false});
-        return {status, out.str(), err.str()};
+        return testing::runTulcmd(host, words, typed, terminal);
     }
     std::string page(const std::string& name) const { return (host.nativeFolder() / name).string(); }
 };
@@ -192,10 +170,6 @@ TEST_F(Tulcmd, EndsWithOneAtAFatalMessage) {
     EXPECT_EQ(
         outcome.err,
         "message: Module TULOLE.EXE not properly installed\n\nmessage: Number of installation issues: 1\n\n");
-    host.anotherInstance = true;
-    const std::string names = host.read("NAMES.TUL");
-    EXPECT_EQ(run({"valid", page("odd.mus")}).status, exitFatal);
-    EXPECT_EQ(host.read("NAMES.TUL"), names) << "another program's selection is left alone";
 }
 
 TEST_F(Tulcmd, NamesThePageWhereARunEnded) {
@@ -266,15 +240,18 @@ TEST_F(Tulcmd, ActsOnThePanelThatACommandHasOpened) {
 }
 
 TEST_F(Tulcmd, RefusesWhatThePanelInFrontDoesNotHave) {
-    const Outcome behind = run({"logo", "--press", "cmdValid", "--press", "mnuNamesStatus"});
-    EXPECT_EQ(behind.status, exitUsage);
-    EXPECT_EQ(behind.err, "frmValid has no command mnuNamesStatus.\nSee: tulcmd valid --list\n");
-    EXPECT_EQ(run({"logo", "--press", "cmdCombi"}).err,
-              "cmdCombi is not enabled now.\nSee: tulcmd logo --list\n");
-    const Outcome nowhere = run({"logo", "--press", "cmdValid", "--press", "cmdNowhere"});
-    EXPECT_EQ(nowhere.err, "frmLogo has no command cmdNowhere.\nSee: tulcmd logo --list\n");
-    EXPECT_EQ(run({"logo", "--press", "cmdValidateRun"}).err,
-              "frmLogo has no command cmdValidateRun.\nSee: tulcmd logo --list\n");
+    const auto expectRefused = [this](const Texts& presses, const std::string& why) {
+        Texts words = {"logo"};
+        for (const std::string& press : presses) words.insert(words.end(), {"--press", press});
+        const Outcome outcome = run(words);
+        EXPECT_EQ(outcome.status, exitUsage);
+        EXPECT_EQ(outcome.err, why + " --list\n");
+    };
+    expectRefused({"cmdValid", "mnuNamesStatus"},
+                  "frmValid has no command mnuNamesStatus.\nSee: tulcmd valid");
+    expectRefused({"cmdCombi"}, "cmdCombi is not enabled now.\nSee: tulcmd logo");
+    expectRefused({"cmdValid", "cmdNowhere"}, "frmLogo has no command cmdNowhere.\nSee: tulcmd logo");
+    expectRefused({"cmdValidateRun"}, "frmLogo has no command cmdValidateRun.\nSee: tulcmd logo");
 }
 
 TEST_F(Tulcmd, ListsAPanel) {

@@ -1,12 +1,9 @@
 
 #include <fstream>
 #include <iomanip>
-#include <sstream>
 
-#include "command/arguments.h"
-#include "command/command_run.h"
 #include "samples/page_builder.h"
-#include "support/test.h"
+#include "support/command_line.h"
 
 namespace tul::command {
 namespace {
@@ -49,23 +46,10 @@ class EditGuide : public HostTest {
         EXPECT_FALSE(words.empty()) << title;
         for (std::string& word : words)
             if (word.starts_with("page")) word = (host.nativeFolder() / word).string();
-        Arguments arguments;
-        EXPECT_TRUE(parseArguments(words, arguments).goOn) << title;
-        arguments.restAnswer = RestAnswer::no;  // to the questions of first use
-        std::ostringstream out;
-        std::ostringstream err;
-        std::istringstream in;
-        const Host machine{.files = &files(),
-                           .processes = &processes(),
-                           .profile = &profile(),
-                           .clock = &clock(),
-                           .platform = &platform(),
-                           .face = nullptr};
-        EXPECT_EQ(runCommand(arguments, machine, host.folder(),
-                             {.out = out, .err = err, .in = in, .canAsk = false, .showsProgress = false}),
-                  0)
-            << err.str();
-        return out.str();
+        words.insert(words.begin(), "--no");  // to the questions of first use
+        const testing::Outcome outcome = testing::runTulcmd(host, words);
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        return outcome.out;
     }
     /// True when both pages are now these, stamp included.
     void expectPages(PageBuilder items) {

@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "samples/many.h"
-#include "support/test.h"
+#include "support/installation.h"
 
 extern char** environ;
 
@@ -33,26 +33,19 @@ struct FolderInMemory {
 };
 
 /// A process that rewrites five hundred pages, each with a backup, and that is killed on the way.
-class KilledRun : public HostTest {
+class KilledRun : protected FolderInMemory, public testing::InstallationTest {
   protected:
     KilledRun() {
-        for (const char* name :
-             {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULSCORE.EXE", "TULSKORE.EXE"})
-            fs::create_symlink(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
-        fs::copy(fs::path(TUL_PROGRAM_FOLDER) / "TULCMD.EXE", home / "TULCMD.EXE");
-        host.write("TULCNTRL.HLP", "help");
-        setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
-        unsetenv("DISPLAY");
         EXPECT_EQ(endOfProcess(start({"--no", "logo", "--press", "mnuNamesStatus"})), 0) << "first use";
         fs::create_directory(home / "music");
-        std::string names;
+        Texts names;
         for (int number = 1; number <= pageCount; ++number) {
             pages.push_back("P" + std::to_string(number));
             old.push_back(samples::manyPage(number, 2000));
             host.write(page(pages.back()), old.back());
-            names += host.path("music\\" + pages.back() + ".MUS") + " 1\r\n";
+            names.push_back("music\\" + pages.back() + ".MUS");
         }
-        host.write("NAMES.TUL", names);
+        writeNames(names);
     }
 
     static std::string page(const std::string& name) { return "music/" + name + ".MUS"; }
@@ -117,8 +110,6 @@ class KilledRun : public HostTest {
 
     const Texts resize = {"--no",       "--set", "chkResizBackup=1",       "--set",
                           "tabResiz=2", "--set", "txtResizeStaffSize=0.9", "resiz"};
-    const FolderInMemory inMemory;  // before the folder is made
-    const fs::path home = host.nativeFolder();
     Texts pages;
     Texts old;
     Texts renewed;

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "companions/companion.h"
-#include "support/test.h"
+#include "support/installation.h"
 
 namespace tul {
 namespace {
@@ -31,21 +31,8 @@ struct Outcome {
     std::string out;  // both streams
 };
 
-/// The built programs in an installation folder of their own, run as processes.
-class Installation : public HostTest {
+class Installation : public testing::InstallationTest {
   protected:
-    Installation() {
-        for (const char* name : {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULRECOV.EXE",
-                                 "TULSCORE.EXE", "TULSKORE.EXE"})
-            fs::create_symlink(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
-        // A copy: the program takes the folder in which it truly lies for its installation.
-        fs::copy(fs::path(TUL_PROGRAM_FOLDER) / "TULCMD.EXE", home / "TULCMD.EXE");
-        host.write("TULCNTRL.HLP", "help");
-        setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
-        for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "TUL_TALK"})
-            unsetenv(display);
-    }
-
     Outcome run(const std::string& command) {
         const std::string line = "cd '" + home.string() + "' && { " + command + "; } 2>&1 </dev/null";
         FILE* const pipe = popen(line.c_str(), "r");
@@ -56,8 +43,6 @@ class Installation : public HostTest {
         outcome.status = WEXITSTATUS(pclose(pipe));
         return outcome;
     }
-
-    const fs::path home = host.nativeFolder();
 };
 
 TEST_F(Installation, DroppedFilesBecomeTheSelection) {

@@ -113,7 +113,7 @@ TEST_F(General, JoinsConditionsFromLeftToRight) {
          std::vector<std::array<const char*, 3>>{{"AND", "--------", "1"},
                                                  {"OR", "--------", "123"},
                                                  {"&not", "--------", "2"},
-                                                 {"OR", "AND", "2"},  // (first or second) and third
+                                                 {"OR", "AND", "2"},
                                                  {"AND", "OR", "124"},
                                                  {"OR", "&not", "13"},
                                                  {"--------", "AND", "2"}})

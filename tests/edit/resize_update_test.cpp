@@ -46,28 +46,28 @@ TEST_F(Updating, ResizesTheNotesThatAreChosen) {
 
     using O = ResizeOptions;
     using C = Counters;
+    // The integer part of -0.5 is -1.
     struct Case {
         bool O::*box;
         std::int32_t C::*counter;
         float height, head, size;
         int changes;
     };
-    for (const Case& note :
-         std::vector<Case>{{&O::chkResizeMini, &C::mini, 100.9F, 1, 3, 1},
-                           {&O::chkResizeMini, &C::mini, -99.5F, 1, 3, 1},
-                           {&O::chkResizeMini, &C::mini, 101, 1, 3, 0},
-                           {&O::chkResizeSmall, &C::small, 0, 7, 0.99F, 1},
-                           {&O::chkResizeSmall, &C::small, 0, 7, 1, 0},
-                           {&O::chkResizeSmall, &C::small, 0, 7, notANumber, 0},
-                           {&O::chkResizeBlack, &C::black, 0, 0.5F, 1, 1},
-                           {&O::chkResizeBlack, &C::black, 0, 10.5F, 0, 1},
-                           {&O::chkResizeBlack, &C::black, 0, 0, 0.99F, 0},
-                           {&O::chkResizeHalf, &C::half, 0, -0.5F, 1, 1},  // its integer part is -1
-                           {&O::chkResizeHalf, &C::half, 0, 21, 1, 0},
-                           {&O::chkResizeWhole, &C::whole, 0, -12, 1.2F, 1},
-                           {&O::chkResizeWhiteDiamond, &C::whiteDiamond, 0, 4, 1, 1},
-                           {&O::chkResizeBlackDiamond, &C::blackDiamond, 0, 15, 1, 1},
-                           {&O::chkResizeBlackDiamond, &C::blackDiamond, 0, 905, 1, 0}}) {
+    for (const Case& note : std::vector<Case>{{&O::chkResizeMini, &C::mini, 100.9F, 1, 3, 1},
+                                              {&O::chkResizeMini, &C::mini, -99.5F, 1, 3, 1},
+                                              {&O::chkResizeMini, &C::mini, 101, 1, 3, 0},
+                                              {&O::chkResizeSmall, &C::small, 0, 7, 0.99F, 1},
+                                              {&O::chkResizeSmall, &C::small, 0, 7, 1, 0},
+                                              {&O::chkResizeSmall, &C::small, 0, 7, notANumber, 0},
+                                              {&O::chkResizeBlack, &C::black, 0, 0.5F, 1, 1},
+                                              {&O::chkResizeBlack, &C::black, 0, 10.5F, 0, 1},
+                                              {&O::chkResizeBlack, &C::black, 0, 0, 0.99F, 0},
+                                              {&O::chkResizeHalf, &C::half, 0, -0.5F, 1, 1},
+                                              {&O::chkResizeHalf, &C::half, 0, 21, 1, 0},
+                                              {&O::chkResizeWhole, &C::whole, 0, -12, 1.2F, 1},
+                                              {&O::chkResizeWhiteDiamond, &C::whiteDiamond, 0, 4, 1, 1},
+                                              {&O::chkResizeBlackDiamond, &C::blackDiamond, 0, 15, 1, 1},
+                                              {&O::chkResizeBlackDiamond, &C::blackDiamond, 0, 905, 1, 0}}) {
         options = {};
         counted = {};
         options.*note.box = true;

@@ -58,8 +58,7 @@ TEST(EditFields, KeepFontsSizesAndStrings) {
              {present(keepReplacement), "a'b", "present", replacement},
              {present(keepReplacement), "'ab\"", "present", replacement},
              {present(keepReplacement), "''", "present", bare},
-             {present(keepReplacement), "' '", "' '"},
-         }) {
+             {present(keepReplacement), "' '", "' '"}}) {
         host.messages.clear();
         EXPECT_EQ(field.keep(field.typed), field.kept) << field.typed;
         EXPECT_EQ(host.messages, field.told.empty() ? Texts() : Texts{field.told}) << field.typed;
@@ -120,28 +119,26 @@ TEST_F(TextEdit, ReplacesBehindTheFontPrefix) {
         const char* result;
         int count;
     };
-    for (const Case& item : std::vector<Case>{
-             {"_00glo-ria", "glo", "Glo", "_00Glo-ria", 1},
-             {"__00glo glo", "glo", "glo-glo", "__00glo-glo glo-glo", 2},
-             {"_00aaa", "aa", "a", "_00aa", 1},
-             {"_00gloria", "Glo", "x", "_00gloria", 0},
-             {"_00", "00", "x", "_00", 0},
-             {"_00a_00b", "_00", "_01", "_00a_01b", 1},
-             {"abcab", "ab", "x", "xcx", 2},
-             {"abc", "ab", "x", "abc", 0},
-             {"_00xaabbx", "ab", "", "_00xx", 2},
-             {"_00ab", "ab", "", "gone", 1},
-             {"__00abab", "ab", "", "gone", 2},
-             {"abab", "ab", "", "", 2},
-             {"_00ab", "ab", "_05", "_00_05", 1},
-             {"_00C3", "$barre$", "", "_24III", 1},
-             {"_24C20", "$barre$", "", "_24XX", 1},
-             {"__24C19", "$barre$", "", "_24IXX", 1},
-             {"C3", "$barre$", "", "C3", 0},
-             {"_00D3", "$barre$", "x", "_00D3", 0},
-             {"_00D$barre$", "$barre$", "x", "_00Dx", 1},
-             {"_00anything", "$cyrillic$", "", "_55\xC3", 1},
-         }) {
+    for (const Case& item : std::vector<Case>{{"_00glo-ria", "glo", "Glo", "_00Glo-ria", 1},
+                                              {"__00glo glo", "glo", "glo-glo", "__00glo-glo glo-glo", 2},
+                                              {"_00aaa", "aa", "a", "_00aa", 1},
+                                              {"_00gloria", "Glo", "x", "_00gloria", 0},
+                                              {"_00", "00", "x", "_00", 0},
+                                              {"_00a_00b", "_00", "_01", "_00a_01b", 1},
+                                              {"abcab", "ab", "x", "xcx", 2},
+                                              {"abc", "ab", "x", "abc", 0},
+                                              {"_00xaabbx", "ab", "", "_00xx", 2},
+                                              {"_00ab", "ab", "", "gone", 1},
+                                              {"__00abab", "ab", "", "gone", 2},
+                                              {"abab", "ab", "", "", 2},
+                                              {"_00ab", "ab", "_05", "_00_05", 1},
+                                              {"_00C3", "$barre$", "", "_24III", 1},
+                                              {"_24C20", "$barre$", "", "_24XX", 1},
+                                              {"__24C19", "$barre$", "", "_24IXX", 1},
+                                              {"C3", "$barre$", "", "C3", 0},
+                                              {"_00D3", "$barre$", "x", "_00D3", 0},
+                                              {"_00D$barre$", "$barre$", "x", "_00Dx", 1},
+                                              {"_00anything", "$cyrillic$", "", "_55\xC3", 1}}) {
         EXPECT_EQ(search(item.text, item.string1, item.string2), item.result) << item.text;
         EXPECT_EQ(changed(), item.count) << item.text;
         EXPECT_EQ(fileChanges(), item.count == 0 ? 0 : item.count + 1) << item.text;

@@ -115,33 +115,21 @@ TEST_F(BackupRestore, StatusNamesEveryGeneration) {
     const auto count = [&](std::size_t name, const std::string& text) {
         return std::string(nameLength + name, ' ') + text;
     };
-    EXPECT_EQ(host.shown[0],
-              crlf({"Backup status . . . . . . . 11-21-2026 09:05:07",
-                    "NAMES.TUL path  . . . . . . " + host.path("NAMES.TUL"),
-                    "Creation date . . . . . . . " + stamp("NAMES.TUL"),
-                    "Number of names in file . . 4 ",
-                    " ",
-                    folder() + "LONG.V2.MUS - " + stamp("long.v2.mus"),
-                    folder() + "LONG.BKU - " + stamp("LONG.BKU"),
-                    folder() + "LONG.BKW - " + stamp("LONG.BKW"),
-                    count(11, "2 backups"),
-                    " ",
-                    folder() + "B.MUS - " + stamp("b.mus"),
-                    folder() + "B.BKZ - " + stamp("B.BKZ"),
-                    count(5, "1 backup"),
-                    " ",
-                    folder() + "C.MUS - " + stamp("c.mus"),
-                    count(5, "No backups"),
-                    " ",
-                    "Names file should not have backup file(s). Ignored file: " + folder() + "B.BKZ",
-                    " ",
-                    "Total number of backup files: 3",
-                    " ",
-                    "To restore backed up files automatically, press the small button on the right.",
-                    "The most recent backup will be taken (.BKV is assumed more recent than .BKU, etc.).",
-                    " ",
-                    "To restore backed up files manually, erase the most recent version, then select the",
-                    "*.BK? files to be restored and use TulRenum to rename/renumber them."}));
+    EXPECT_EQ(
+        host.shown[0],
+        lines("Backup status . . . . . . . 11-21-2026 09:05:07|NAMES.TUL path  . . . . . . " +
+              host.path("NAMES.TUL") + "|Creation date . . . . . . . " + stamp("NAMES.TUL") +
+              "|Number of names in file . . 4 | |" + folder() + "LONG.V2.MUS - " + stamp("long.v2.mus") +
+              "|" + folder() + "LONG.BKU - " + stamp("LONG.BKU") + "|" + folder() + "LONG.BKW - " +
+              stamp("LONG.BKW") + "|" + count(11, "2 backups") + "| |" + folder() + "B.MUS - " +
+              stamp("b.mus") + "|" + folder() + "B.BKZ - " + stamp("B.BKZ") + "|" + count(5, "1 backup") +
+              "| |" + folder() + "C.MUS - " + stamp("c.mus") + "|" + count(5, "No backups") + "| |" +
+              "Names file should not have backup file(s). Ignored file: " + folder() + "B.BKZ| |" +
+              "Total number of backup files: 3| |"
+              "To restore backed up files automatically, press the small button on the right.|"
+              "The most recent backup will be taken (.BKV is assumed more recent than .BKU, etc.).| |"
+              "To restore backed up files manually, erase the most recent version, then select the|"
+              "*.BK? files to be restored and use TulRenum to rename/renumber them."));
     EXPECT_FALSE(host.exists("TULWORK.PRN"));
 }
 

@@ -155,7 +155,8 @@ TEST_F(NamesFile, TooLargeADropIsToldAndTheSelectionStays) {
     readNames(crlf({host.path("one.mus") + " 1"}));
     std::string tip;
     DropFiles({"Z:\\A.MUS"}, tip);
-    EXPECT_TRUE(contains(host.messages.at(0), "Call to TULOLE.EXE causes error: not found\r\nUsually this"));
+    ASSERT_EQ(host.messages.size(), 1U);
+    EXPECT_TRUE(contains(host.messages[0], "Call to TULOLE.EXE causes error: not found\r\nUsually this"));
     EXPECT_EQ(selection.SelectionCount, 1);
 }
 

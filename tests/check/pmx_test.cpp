@@ -14,8 +14,6 @@ namespace {
 
 using Append = void (*)(std::string&, float);
 
-const std::string structuralError = "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
-
 std::string number(Append append, float value) {
     std::string text = "before";
     append(text, value);

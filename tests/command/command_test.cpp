@@ -16,11 +16,11 @@ TEST(Arguments, KeepTheOrderOfWhatIsSetAndPressed) {
                         "--answer", "-12", "one.mus", "--no", "two.mus"},
                        arguments);
     EXPECT_TRUE(result.goOn) << result.text;
-    ASSERT_EQ(arguments.actions.size(), 3U);
-    EXPECT_EQ(arguments.actions[0].value, "1=2");
-    EXPECT_EQ(arguments.actions[1].kind, Action::Kind::press);
-    EXPECT_EQ(arguments.actions[2].name, "b");
-    EXPECT_EQ(arguments.actions[2].value, "");
+    std::string actions;
+    for (const Action& action : arguments.actions)
+        actions +=
+            (action.kind == Action::Kind::press ? "press " : "set ") + action.name + "=" + action.value + "|";
+    EXPECT_EQ(actions, "set a=1=2|press run=|set b=|");
     EXPECT_EQ(arguments.answers, (Texts{"Yes", "-12"}));
     EXPECT_EQ(arguments.files, (Texts{"one.mus", "two.mus"}));
     EXPECT_EQ(arguments.restAnswer, RestAnswer::no);

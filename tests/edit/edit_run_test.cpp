@@ -185,7 +185,7 @@ TEST_F(EditRun, ADamagedFileIsRewrittenOnlyWithAChange) {
     editing.chkEditBackup = false;
     searchFor("zz", "y");
     run(tabText);
-    EXPECT_EQ(host.messages, Texts{"Structural error in MUS file. Try to recover with TulValid/TulRecover."});
+    EXPECT_EQ(host.messages, Texts{structuralError});
     EXPECT_EQ(host.read("a.mus"), damaged);
     searchFor("bc", "y");
     EXPECT_TRUE(contains(run(tabText), "Rewritten from an incomplete reading"));

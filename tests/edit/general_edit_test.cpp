@@ -13,13 +13,6 @@ class General : public HostTest {
   protected:
     General() { editing.txtEditFile = "C:\\PAGE.MUS"; }
 
-    void add(std::initializer_list<float> pars, const std::string& text = {}) {
-        ItemRow& row = musItemTable[++musItemTable.itemCount];
-        row = {};
-        int par = 1;
-        for (const float value : pars) row.pars[par++] = value;
-        row.text = text;
-    }
     void condition(std::size_t number, const char* par, const char* relation, const char* value) {
         generalEdit.txtp[number] = par;
         generalEdit.lstr[number].choose(relation);
@@ -45,7 +38,7 @@ class General : public HostTest {
     bool selects(float par3) {
         reportInstead();
         musItemTable.itemCount = 0;
-        add({1, 1, par3});
+        addItem({1, 1, par3});
         return run(2) != "";
     }
     /// Which items are selected, such as "13".
@@ -66,25 +59,18 @@ class General : public HostTest {
 };
 
 TEST_F(General, RelationsAtBothEdgesOfTheMargin) {
-    constexpr float infinity = std::numeric_limits<float>::infinity();
     const float low = 10.0F - 0.001F;
     const float high = 10.0F + 0.001F;
-    const std::array<float, 9> values = {std::nextafter(low, -infinity),
-                                         low,
-                                         std::nextafter(low, infinity),
-                                         std::nextafter(10.0F, -infinity),
-                                         10.0F,
-                                         std::nextafter(10.0F, infinity),
-                                         high,
-                                         std::nextafter(high, infinity),
-                                         std::numeric_limits<float>::quiet_NaN()};
-    for (const auto& [relation, expected] :
-         std::vector<std::pair<const char*, std::string>>{{"=", "011111100"},
-                                                          {"<>", "100000010"},
-                                                          {"<", "111111000"},
-                                                          {"<=", "111110000"},
-                                                          {">", "001111110"},
-                                                          {">=", "000011110"}}) {
+    const auto below = [](float value) { return std::nextafter(value, -infinity); };
+    const auto above = [](float value) { return std::nextafter(value, infinity); };
+    const std::array<float, 9> values = {below(low), low,  above(low),  below(10), 10,
+                                         above(10),  high, above(high), notANumber};
+    for (const auto& [relation, expected] : {std::pair{"=", "011111100"},
+                                             {"<>", "100000010"},
+                                             {"<", "111111000"},
+                                             {"<=", "111110000"},
+                                             {">", "001111110"},
+                                             {">=", "000011110"}}) {
         condition(0, "3", relation, "10");
         std::string selected;
         for (const float value : values) selected += selects(value) ? '1' : '0';
@@ -96,10 +82,10 @@ TEST_F(General, RelationsAtBothEdgesOfTheMargin) {
 }
 
 TEST_F(General, JoinsConditionsFromLeftToRight) {
-    add({1, 1, 1});
-    add({1, 2, 2});
-    add({2, 1, 1});
-    add({2, 2, 2});
+    addItem({1, 1, 1});
+    addItem({1, 2, 2});
+    addItem({2, 1, 1});
+    addItem({2, 2, 2});
     condition(0, "1", "=", "1");
     EXPECT_EQ(selected(), "12") << "lists that were never clicked join nothing";
     condition(1, "2", "=", "1");
@@ -123,10 +109,10 @@ TEST_F(General, JoinsConditionsFromLeftToRight) {
 }
 
 TEST_F(General, ComparesTextsAndSymbolLibrariesInTheFirstCondition) {
-    add({16, 1}, "_00ab");
-    add({16, 1}, "_00abc");
-    add({9, 1, 0, 0, 27});
-    add({9, 1, 0, 0, 105});
+    addItem({16, 1}, "_00ab");
+    addItem({16, 1}, "_00abc");
+    addItem({9, 1, 0, 0, 27});
+    addItem({9, 1, 0, 0, 105});
     condition(0, "1", "=", "16");
     EXPECT_EQ(selected(), "12");
     generalEdit.txtGeneralEdit = " _00ab ";
@@ -147,8 +133,8 @@ TEST_F(General, ComparesTextsAndSymbolLibrariesInTheFirstCondition) {
 }
 
 TEST_F(General, SetsParametersAndTexts) {
-    add({16, 1, 5}, "_00ab");
-    add({1, 1, 5});
+    addItem({16, 1, 5}, "_00ab");
+    addItem({1, 1, 5});
     condition(0, "3", "=", "5");
     set("4", "-1.5");
     run();
@@ -172,7 +158,7 @@ TEST_F(General, SetsParametersAndTexts) {
 }
 
 TEST_F(General, AParameterThatNoItemHasEndsTheProgram) {
-    add({1, 1, 5});
+    addItem({1, 1, 5});
     condition(0, "3", "=", "5");
     set("21", "1");
     EXPECT_EQ(endOf([&] { run(); }), 1);
@@ -186,8 +172,8 @@ TEST_F(General, AParameterThatNoItemHasEndsTheProgram) {
 }
 
 TEST_F(General, WritesTheHeadOnceAndALineForEachItem) {
-    add({16, 1, 5}, "_00ab");
-    add({8, 12, 1234567});
+    addItem({16, 1, 5}, "_00ab");
+    addItem({8, 12, 1234567});
     condition(0, "3", ">=", "5");
     condition(1, "1", "<>", "-.25");
     generalEdit.lstl[0].choose("&not");
@@ -230,7 +216,7 @@ TEST_F(General, TheHeadTellsWhatIsDone) {
     set("2.5", "998");
     EXPECT_EQ(action(), "Par2.5 to 998");
     condition(0, "2.5", "=", "5");
-    add({1, 5});
+    addItem({1, 5});
     const std::string report = run();
     EXPECT_TRUE(contains(report, "Par2.5 = 5.\r\n"));
     EXPECT_EQ(musItemTable[1].pars[2], 998) << "rounded";

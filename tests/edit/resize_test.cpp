@@ -45,7 +45,6 @@ class Resizing : public HostTest {
     ResizeOptions& options = resizing.options;
 };
 
-const std::string structuralError = "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
 const std::string marginLine = "\r\nNote that a 0.001 margin was applied on the size attribute.";
 // A staff of size 1, and the same of 0.65.
 const std::string staff = words({6, 8, 1, 0, 0, 1, 200});

@@ -18,16 +18,9 @@ class Updating : public HostTest {
         projectSettings.BarNumberFont = "01";
         options.tabResiz = -1;  // in no test by chance
     }
-    /// An item: its parameters from Par 1 on.
-    static ItemRow row(const std::vector<float>& pars, const std::string& text = "") {
-        ItemRow item{.pars = {}, .text = text};
-        int par = 0;
-        for (const float value : pars) item.pars[++par] = value;
-        return item;
-    }
     /// One parameter of an item that a run went over alone.
     float after(int par, const std::vector<float>& pars, const std::string& text = "") {
-        musItemTable[1] = row(pars, text);
+        musItemTable[1] = itemRow(pars, text);
         musItemTable.itemCount = 1;
         updateFile();
         return musItemTable[1].pars[par];
@@ -81,29 +74,27 @@ TEST_F(Updating, ResizesTheNotesThatAreChosen) {
 TEST_F(Updating, LetsEachFilterSeeTheSizeThatTheOneBeforeLeft) {
     options.tabResiz = tabNotes;
     options.chkResizeMini = options.chkResizeSmall = options.chkResizeBlack = true;
+    const auto expectCounted = [this](int mini, int small, int black) {
+        EXPECT_EQ(counted.mini, mini);
+        EXPECT_EQ(counted.small, small);
+        EXPECT_EQ(counted.black, black);
+    };
     options.txtResizeNoteSize = "1.5";
     EXPECT_EQ(noteSizeAfter(100, 0, 0), 1.5F);
-    EXPECT_EQ(counted.mini, 1);
-    EXPECT_EQ(counted.small, 0) << "it was 0, but is 1.5 since the first filter";
-    EXPECT_EQ(counted.black, 1);
+    expectCounted(1, 0, 1);  // it was 0, and small, but is 1.5 since the first filter
     options.txtResizeNoteSize = "0.8";
     EXPECT_EQ(noteSizeAfter(0, 0, 0), 0.8F);
-    EXPECT_EQ(counted.small, 1);
-    EXPECT_EQ(counted.black, 1) << "no longer of full size";
-    options.tabResiz = tabSlurs;
-    EXPECT_EQ(noteSizeAfter(0, 0, 0), 0);
+    expectCounted(1, 1, 1);  // no longer of full size
 }
 
 TEST_F(Updating, ThickensSlurs) {
     options.tabResiz = tabSlurs;
     options.txtResizeSlur = "2.5";
-    const auto thickness = [this](float par8, float par11) {
-        return after(13, {5, 1, 0, 0, 0, 9, 0, par8, 0, 0, par11, 0, 1});
-    };
-    EXPECT_EQ(thickness(0, 0), 2.5F);
-    EXPECT_EQ(thickness(1.5F, 0), 2.5F);
-    for (const float kind : {1.0F, 2.0F, 3.0F}) EXPECT_EQ(thickness(kind, 0), 1);
-    EXPECT_EQ(thickness(0, 0.1F), 1);
+    using Kind = std::pair<float, float>;
+    for (const auto& [par8, par11] : {Kind{0, 0}, {1.5F, 0}, {1, 0}, {2, 0}, {3, 0}, {0, 0.1F}}) {
+        const bool plain = par11 == 0 && (par8 == 0 || par8 == 1.5F);
+        EXPECT_EQ(after(13, {5, 1, 0, 0, 0, 9, 0, par8, 0, 0, par11, 0, 1}), plain ? 2.5F : 1) << par8;
+    }
     EXPECT_EQ(counted.slurs, 2);
 }
 
@@ -139,12 +130,12 @@ TEST_F(Updating, LeavesTheItemsOfOtherTabsAlone) {
     options.txtResizeSlur = options.txtResizeStaffSize = options.txtResizeLyrics = "0.5";
     options.txtResizePageNumberSize = "5";
     const std::vector<std::pair<int, ItemRow>> items = {
-        {tabNotes, row({1, 1})},
-        {tabSlurs, row({5, 1})},
-        {tabStaves, row({8, 1})},
-        {tabNumbers, row({10, 1, 0, 0, 0, 201.1F})},
-        {tabTexts, row({16, 1, 0, 0, 0, 1.2F}, "_00la")},
-        {tabPlaceholders, row({1, 1, 0, 0, 0, 900, 0, 0, 0, 0, 0, 0, 0, 0, 1})},
+        {tabNotes, itemRow({1, 1})},
+        {tabSlurs, itemRow({5, 1})},
+        {tabStaves, itemRow({8, 1})},
+        {tabNumbers, itemRow({10, 1, 0, 0, 0, 201.1F})},
+        {tabTexts, itemRow({16, 1, 0, 0, 0, 1.2F}, "_00la")},
+        {tabPlaceholders, itemRow({1, 1, 0, 0, 0, 900, 0, 0, 0, 0, 0, 0, 0, 0, 1})},
     };
     for (const auto& [tab, item] : items) {
         for (options.tabResiz = 0; options.tabResiz < tabCount; ++options.tabResiz) {
@@ -303,11 +294,11 @@ TEST_F(Updating, ResetsThePlaceholdersNearANote) {
     options.tabResiz = tabPlaceholders;
     options.chkPlaceholderReset = true;
     const std::vector<std::pair<ItemRow, bool>> items = {
-        {row({16, 2, 48, -30}, "_00Z"), true},     {row({16, 2, 52.5F}, "_00Z"), false},
-        {row({1, 2, 50, 5, 0, 901}), false},       {row({1, 2, 50, 9, 0, 902}), false},
-        {row({16, 2, 52}, "_00Z"), true},          {row({16, 3, 50}, "_00Z"), false},
-        {row({16, 2, 50}, "_00Z "), false},        {row({16.5F, 2, 50}, "_00Z"), false},
-        {row({16, 2, notANumber}, "_00Z"), false}, {row({1, 2, 54, 5, 0, 1}), false},
+        {itemRow({16, 2, 48, -30}, "_00Z"), true},     {itemRow({16, 2, 52.5F}, "_00Z"), false},
+        {itemRow({1, 2, 50, 5, 0, 901}), false},       {itemRow({1, 2, 50, 9, 0, 902}), false},
+        {itemRow({16, 2, 52}, "_00Z"), true},          {itemRow({16, 3, 50}, "_00Z"), false},
+        {itemRow({16, 2, 50}, "_00Z "), false},        {itemRow({16.5F, 2, 50}, "_00Z"), false},
+        {itemRow({16, 2, notANumber}, "_00Z"), false}, {itemRow({1, 2, 54, 5, 0, 1}), false},
     };
     musItemTable.itemCount = 0;
     for (const auto& item : items) musItemTable[++musItemTable.itemCount] = item.first;

@@ -71,22 +71,14 @@ class TextEdit : public HostTest {
   protected:
     TextEdit() { editing.txtEditFile = "C:\\PAGE.MUS"; }
 
-    void add(float code, const std::string& text, float par6 = 1, float par7 = 0) {
-        ItemRow& row = musItemTable[++musItemTable.itemCount];
-        row = {};
-        row.pars[1] = code;
-        row.pars[6] = par6;
-        row.pars[7] = par7;
-        row.text = text;
-    }
-    static Report& report() {
-        static Report unwritten("");
-        return unwritten;
+    static void add(float code, const std::string& text, float par6 = 1, float par7 = 0) {
+        addItem({code, 0, 0, 0, 0, par6, par7}, text);
     }
     void run(const Family& family) {
         editing.counters = {};
         if (family.begin) family.begin();
-        family.updateFile({report(), 1});
+        Report unwritten("");
+        family.updateFile({unwritten, 1});
     }
     /// What becomes of one text; "gone" when it is deleted.
     std::string search(const std::string& text, const std::string& string1, const std::string& string2) {

@@ -25,13 +25,6 @@ class BarFile : public HostTest {
         host.write("PAGE.MUS", bytes);
         MusStoreBarFile(reader);
     }
-    void add(std::initializer_list<float> pars, const std::string& text = {}) {
-        musItem = {};
-        int par = 1;
-        for (const float value : pars) musItem.MusPar[par++] = value;
-        musItem.MusText = text;
-        MusStoreItem();
-    }
     Texts textsOfTable() {
         Texts texts;
         for (int item = 1; item <= musItemTable.itemCount; ++item) texts.push_back(musItemTable[item].text);
@@ -70,7 +63,7 @@ TEST_F(BarFile, ListsTheTextsOnAndAboveAStaff) {
 TEST_F(BarFile, StopsAtDamageAndAtAFullTable) {
     read(pageOf(words({2, 14, 1, 1, 14, 1, 2, 14, 1})), BarReader::renum);
     EXPECT_EQ(musItemTable.itemCount, 1);
-    EXPECT_EQ(host.messages.back(), "Structural error in MUS file. Try to recover with TulValid/TulRecover.");
+    EXPECT_EQ(host.messages.back(), structuralError);
     EXPECT_GT(pipeline.progress.percent, 0);
     PageBuilder page;
     for (int i = 0; i < 2001; ++i) page.item({14, 1});
@@ -112,7 +105,7 @@ TEST_F(BarFile, SortsFromTheHighestStaffAndFromTheLeft) {
     for (int i = 0; i < 300; ++i) {
         const auto bits = static_cast<std::uint32_t>(random());
         const float position = bits % 7 == 0 ? notANumber : static_cast<float>(bits / 8 % 40);
-        add({14, static_cast<float>(bits / 1024 % 4), position}, std::to_string(i));
+        addItem({14, static_cast<float>(bits / 1024 % 4), position}, std::to_string(i));
         rows.push_back(musItemTable[musItemTable.itemCount]);
     }
     exchangeNeighbours(rows);
@@ -123,23 +116,23 @@ TEST_F(BarFile, SortsFromTheHighestStaffAndFromTheLeft) {
 }
 
 TEST_F(BarFile, SortingEndsWhateverTheNumbersAre) {
-    for (const float staff : {2.0F, notANumber, 3.0F, notANumber, 1.0F}) add({8, staff, notANumber});
+    for (const float staff : {2.0F, notANumber, 3.0F, notANumber, 1.0F}) addItem({8, staff, notANumber});
     SortItemTable();
     EXPECT_EQ(musItemTable.itemCount, 5);
     EXPECT_EQ(musItemTable[1].pars[2], 2);
 }
 
 TEST_F(BarFile, MarksStavesAndTheirBarlines) {
-    add({8, 1, 10});                  // 1: lowest of a system of two
-    add({14, 1, 10.9F, 2.4F, 0});     // 2: at its left end
-    add({14, 1, 50, 1, 7});           // 3: elsewhere
-    add({14, 1, 10, 0, 8});           // 4: a bracket
-    add({8, 2, 10});                  // 5: inside the system
-    add({14, 2, 10, 5});              // 6
-    add({8, 3, 10});                  // 7: without barlines
-    add({10, 3, 10, 0, 0});           // 8
-    add({8, 33, 10});                 // 9: beyond the staves
-    musItemTable[3].pars[20] = 0.5F;  // came from the file
+    addItem({8, 1, 10});               // 1: lowest of a system of two
+    addItem({14, 1, 10.9F, 2.4F, 0});  // 2: at its left end
+    addItem({14, 1, 50, 1, 7});        // 3: elsewhere
+    addItem({14, 1, 10, 0, 8});        // 4: a bracket
+    addItem({8, 2, 10});               // 5: inside the system
+    addItem({14, 2, 10, 5});           // 6
+    addItem({8, 3, 10});               // 7: without barlines
+    addItem({10, 3, 10, 0, 0});        // 8
+    addItem({8, 33, 10});              // 9: beyond the staves
+    musItemTable[3].pars[20] = 0.5F;   // came from the file
     MarkStaffBarlines();
     const auto mark = [](int item, int par) { return musItemTable[item].pars[par]; };
     EXPECT_EQ(mark(1, 19), 2);
@@ -155,9 +148,9 @@ TEST_F(BarFile, MarksStavesAndTheirBarlines) {
 }
 
 TEST_F(BarFile, AnEndlessSystemEndsTheMarking) {
-    add({8, 1, 0});
-    add({14, 1, 0, std::numeric_limits<float>::infinity()});
-    add({8, 2, 0});
+    addItem({8, 1, 0});
+    addItem({14, 1, 0, std::numeric_limits<float>::infinity()});
+    addItem({8, 2, 0});
     MarkStaffBarlines();
     EXPECT_EQ(musItemTable[3].pars[20], 0);
     EXPECT_EQ(musItemTable[2].pars[20], 1);

@@ -12,9 +12,6 @@ namespace {
 
 using samples::PageBuilder;
 
-const std::string structuralError = "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
-const std::string openFailure = "Open of output MUS file failed. Hit OK to terminate";
-
 const std::string staff = words({6, 8, 1, 0, 0, 0.75F, 200});
 const std::string barline = words({3, 14, 1, 20});
 
@@ -31,14 +28,6 @@ class PipelineRun : public HostTest {
         writeFile(form);
         return host.read("PAGE.MUS");
     }
-    /// A row as a tool leaves it in the table.
-    void add(std::initializer_list<float> pars, const std::string& text = {}) {
-        musItem = {};
-        int par = 1;
-        for (const float value : pars) musItem.MusPar[par++] = value;
-        musItem.MusText = text;
-        MusStoreItem();
-    }
     std::string written(const ToolForm& form = resizForm) {
         host.write("PAGE.MUS", "old");
         writeFile(form);
@@ -53,10 +42,10 @@ class PipelineRun : public HostTest {
 };
 
 TEST_F(PipelineRun, WritesItemsWithoutTrailingZeros) {
-    add({8, 1, 0, 0, 0.75F, 200});
-    add({14, 1, 20, -0.0F, 0});
-    add({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
-    add({16.5F, 1, notANumber}, "no text for this code");
+    addItem({8, 1, 0, 0, 0.75F, 200});
+    addItem({14, 1, 20, -0.0F, 0});
+    addItem({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
+    addItem({16.5F, 1, notANumber}, "no text for this code");
     std::string all = staff + barline;
     all += words({20, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
     all += words({3, 16.5F, 1, notANumber});
@@ -64,9 +53,9 @@ TEST_F(PipelineRun, WritesItemsWithoutTrailingZeros) {
 }
 
 TEST_F(PipelineRun, PadsTextsByTheirCode) {
-    add({11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0}, "abc");
-    add({15, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}, "FILE.EPS");
-    add({16, 1, 20, 5, 0, 1, 0, 0, 0, 0, 0, 9}, "_00Animus");
+    addItem({11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0}, "abc");
+    addItem({15, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}, "FILE.EPS");
+    addItem({16, 1, 20, 5, 0, 1, 0, 0, 0, 0, 0, 9}, "_00Animus");
     EXPECT_EQ(written(),
               pageOf(words({15, 11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0}) + "abc     " +
                      words({19, 15, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}) + padRight("FILE.EPS", 24) +
@@ -74,9 +63,9 @@ TEST_F(PipelineRun, PadsTextsByTheirCode) {
 }
 
 TEST_F(PipelineRun, CountsTheWordsOfAnOddTextRounded) {
-    add({11, 1}, "nine char");
-    add({11, 1}, "ten chars.");
-    add({11, 1}, "eleven char");
+    addItem({11, 1}, "nine char");
+    addItem({11, 1}, "ten chars.");
+    addItem({11, 1}, "eleven char");
     const auto item = [](float length, const std::string& text) {
         return words({length, 11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}) + text;
     };
@@ -88,13 +77,13 @@ TEST_F(PipelineRun, CountsTheWordsOfAnOddTextRounded) {
 
 TEST_F(PipelineRun, LeavesDeletedRowsOutAndAnEmptyTableAlone) {
     EXPECT_EQ(written(), "old");
-    add({999, 1, 2});
-    add({999}, "text");
+    addItem({999, 1, 2});
+    addItem({999}, "text");
     EXPECT_EQ(written(), header(6) + trailer());
     EXPECT_TRUE(pipeline.unreadable.empty());
     musItemTable.itemCount = 0;
-    add({13, 1});
-    add({14, 1});
+    addItem({13, 1});
+    addItem({14, 1});
     EXPECT_EQ(written(), pageOf(words({2, 13, 1, 2, 14, 1})));
     pipeline.dropsCode13 = true;
     EXPECT_EQ(written(wholeForm), pageOf(words({2, 13, 1, 2, 14, 1}))) << "a choice of one tool only";
@@ -102,24 +91,24 @@ TEST_F(PipelineRun, LeavesDeletedRowsOutAndAnEmptyTableAlone) {
 }
 
 TEST_F(PipelineRun, RowsThatNoReaderTakesAreWrittenAndTold) {
-    add({14, 1});
-    add({14});
+    addItem({14, 1});
+    addItem({14});
     EXPECT_EQ(written(), pageOf(words({2, 14, 1, 1, 14})));
     pipeline.currentPath = host.path("ZEROS.MUS");
     musItemTable.itemCount = 0;
-    add({0});
-    add({16, 1}, "");
+    addItem({0});
+    addItem({16, 1}, "");
     writeFile(resizForm);
     EXPECT_EQ(host.read("ZEROS.MUS"), pageOf(words({0, 13, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
     for (const float code : {0.5F, 19.0F}) {
         musItemTable.itemCount = 0;
-        add({code, 1});
+        addItem({code, 1});
         EXPECT_FALSE(canBeReadAgain(musItemTable[1]));
     }
     pipeline.readWhole = true;
     pipeline.currentPath = host.path("LONG.MUS");
     musItemTable.itemCount = 0;
-    for (int i = 0; i < 2000; ++i) add({16, 1}, std::string(64, 'x'));
+    for (int i = 0; i < 2000; ++i) addItem({16, 1}, std::string(64, 'x'));
     writeFile(resizForm);
     EXPECT_EQ(host.read("LONG.MUS").substr(0, 2), header(2000 * 30 + 6 - 65536)) << "the count wraps";
     EXPECT_EQ(pipeline.unreadable.size(), 3U);
@@ -129,7 +118,7 @@ TEST_F(PipelineRun, RowsThatNoReaderTakesAreWrittenAndTold) {
 TEST_F(PipelineRun, CountsTheCharactersOfTextsForTheToolsThatEditThem) {
     const auto expectLength = [this](const ToolForm& form, float length) {
         musItemTable.itemCount = 0;
-        add({16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3}, "_00longer");
+        addItem({16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3}, "_00longer");
         writeFile(form);
         EXPECT_EQ(musItemTable[1].pars[12], length);
     };
@@ -278,8 +267,9 @@ TEST_F(PipelineRun, WhatCannotBeOpenedEndsTheProgramInTheToolsWords) {
     pipeline.currentPath = host.path("gone\\PAGE.MUS");
     storeFile(resizForm);
     host.remove("gone");
-    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }), openFailure);
-    EXPECT_EQ(host.fatal([] { writeFile(editForm); }), openFailure + ".");
+    const std::string failure = "Open of output MUS file failed. Hit OK to terminate";
+    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }), failure);
+    EXPECT_EQ(host.fatal([] { writeFile(editForm); }), failure + ".");
 }
 
 TEST_F(PipelineRun, AFullDiskIsToldAndLeavesThePage) {

@@ -239,7 +239,6 @@ TEST_F(OptionsPanel, LeavesTheOldFileWhereItCannotWrite) {
     EXPECT_EQ(host.fatal([this] { panel.press("cmdGlobalOptionsReturn"); }),
               host.path("TULPROJ.PRO") + " could not be opened for output. Hit Enter to abort");
     EXPECT_EQ(host.read("TULPROJ.PRO"), "Project=Old\r\n");
-
     host.remove("TULPROJ.PRO");
     EXPECT_EQ(host.fatal([this] { panel.load(); }),
               host.path("TULPROJ.PRO") + " could not be opened for input. Hit Enter to abort");

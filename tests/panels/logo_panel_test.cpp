@@ -233,5 +233,13 @@ TEST_F(LogoPanel, TellsAboutItself) {
     EXPECT_TRUE(about.closed());
 }
 
+TEST_F(LogoPanel, DemonstratesAnInputBoxAndKeepsNothing) {
+    open("color");
+    const std::string before = shown("txtColor");
+    host.inputs = {"red"};
+    EXPECT_EQ(panel.click("txtColor"), PanelAnswer::done);
+    EXPECT_EQ(shown("txtColor"), before);
+}
+
 }  // namespace
 }  // namespace tul

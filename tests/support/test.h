@@ -8,6 +8,7 @@
 #include <map>
 
 #include "base/text.h"
+#include "music/item_table.h"
 #include "panels/panel_list.h"
 #include "shared/records.h"
 #include "support/mus_bytes.h"
@@ -28,6 +29,20 @@ using Texts = std::vector<std::string>;
 
 inline constexpr float infinity = std::numeric_limits<float>::infinity();
 inline constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
+
+inline const std::string structuralError =
+    "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
+
+/// An item: its parameters from Par 1 on.
+inline ItemRow itemRow(const std::vector<float>& pars, const std::string& text = {}) {
+    ItemRow row{.pars = {}, .text = text};
+    int par = 0;
+    for (const float value : pars) row.pars[++par] = value;
+    return row;
+}
+inline void addItem(const std::vector<float>& pars, const std::string& text = {}) {
+    musItemTable[++musItemTable.itemCount] = itemRow(pars, text);
+}
 
 /// Lines ended by CR LF, from one text in which a bar separates them.
 inline std::string lines(std::string_view barred) {
@@ -69,7 +84,7 @@ class PanelTest : public HostTest {
     PanelTest() { host.install(); }
     void open(const std::string& name) {
         panel = findPanel(name)->make();
-        panel.load();
+        if (panel.load) panel.load();
     }
     std::string shown(const std::string& field) { return panel.field(field)->text(); }
     bool isEnabled(const std::string& field) { return panel.field(field)->enabled(); }

@@ -1,6 +1,5 @@
 #include "centre/first_use.h"
 
-#include "centre/names_file.h"
 #include "support/test.h"
 
 namespace tul {
@@ -16,9 +15,7 @@ class FirstUseSeries : public HostTest {
         host.install();
         identity.VersionText = "v8.0.0.200";
         host.programs["TULNAMES.EXE"] = [this](const std::string&) {
-            std::string text;
-            for (const std::string& name : selections.at(0)) text += namesFileLine(host.path(name));
-            host.write("NAMES.TUL", text);
+            writeNames(selections.at(0));
             selections.erase(selections.begin());
             return 0;
         };
@@ -36,8 +33,7 @@ class FirstUseSeries : public HostTest {
     }
     std::string value(const std::string& key) const {
         std::string found = "(no such key)";
-        const std::string file = text();
-        for (const std::string_view line : linesOf(file))
+        for (const std::string& line : linesIn(text()))
             if (line.starts_with(key + "=")) found = line.substr(key.size() + 1);
         return found;
     }

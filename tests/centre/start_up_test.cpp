@@ -31,7 +31,7 @@ class StartingUp : public HostTest {
 
 TEST_F(StartingUp, EndsInAStateFromWhichToolsAreCalled) {
     host.write("page.mus", "page");
-    host.write("NAMES.TUL", crlf({host.path("page.mus") + " 1"}));
+    writeNames({"page.mus"});
     host.write("TULSTACK.EXE", "x");
     host.write("TULXMLXTRACT.EXE", "x");
     StartUp();

@@ -94,7 +94,7 @@ TEST_F(Tulcmd, TellsADamagedFileByItsStatus) {
 
 TEST_F(Tulcmd, AnswersQuestionsInOrderThenAllTheRest) {
     const std::string odd = page("odd.mus");
-    EXPECT_EQ(run({"valid", odd}).out.find("(Processing discontinued by user)\n") == std::string::npos, false)
+    EXPECT_TRUE(contains(run({"valid", odd}).out, "(Processing discontinued by user)\n"))
         << "where nobody can be asked a question is refused";
     const Outcome yes = run({"--yes", "valid", odd});
     EXPECT_FALSE(contains(yes.out, "discontinued"));

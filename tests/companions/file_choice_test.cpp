@@ -87,7 +87,7 @@ TEST_F(Choosing, LooksFirstWhereItIsToldThenAtTheSelection) {
     };
     EXPECT_EQ(folderFor(""), host.folder());
     host.makeFolder("other");
-    host.write("NAMES.TUL", crlf({host.path("other\\A.MUS") + " 1"}));
+    writeNames({"other\\A.MUS"});
     EXPECT_EQ(folderFor(""), host.path("other"));
     EXPECT_EQ(folderFor(host.path("none")), host.path("other"));
     EXPECT_EQ(folderFor(host.folder()), host.path("other")) << "nobody has set it";

@@ -149,7 +149,7 @@ TEST_F(BarFile, MarksStavesAndTheirBarlines) {
 
 TEST_F(BarFile, AnEndlessSystemEndsTheMarking) {
     addItem({8, 1, 0});
-    addItem({14, 1, 0, std::numeric_limits<float>::infinity()});
+    addItem({14, 1, 0, infinity});
     addItem({8, 2, 0});
     MarkStaffBarlines();
     EXPECT_EQ(musItemTable[3].pars[20], 0);

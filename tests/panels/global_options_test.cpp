@@ -41,9 +41,8 @@ class OptionsPanel : public PanelTest {
     std::string written(const std::string& key) {
         panel.press("cmdGlobalOptionsReturn");
         panel.load();  // opened again for what follows
-        const std::string file = host.read("TULPROJ.PRO");
-        for (const std::string_view line : linesOf(file))
-            if (line.starts_with(key + "=")) return std::string(line.substr(key.size() + 1));
+        for (const std::string& line : linesIn(host.read("TULPROJ.PRO")))
+            if (line.starts_with(key + "=")) return line.substr(key.size() + 1);
         return "(no line)";
     }
 };
@@ -173,7 +172,7 @@ TEST_F(OptionsPanel, SetsTheInitialFolderInThreeWays) {
     open();
     EXPECT_EQ(panel.press("cmdGlobalSetFolder"), PanelAnswer::disabled) << "nothing is selected";
     host.write("page.mus", "page");
-    host.write("NAMES.TUL", crlf({host.path("page.mus") + " 1"}));
+    writeNames({"page.mus"});
     open();
     panel.press("cmdGlobalSetFolder");
     EXPECT_EQ(projectSettings.MusDirectory, upperCase(host.folder()));

@@ -106,21 +106,21 @@ TEST_F(LogoPanel, AnalysesAndConvertsWithALibraryOnly) {
 
 TEST_F(LogoPanel, SplitsAsTheOptionsSay) {
     host.mayRun("TULSPLI6.EXE");
-    const Texts windows = {"hide", "launch TULSPLI6.EXE", "show"};
     for (const char* name : {"TULSPLI5.EXE", "TULSPLI6.EXE"}) host.write(name, "x");
-    EXPECT_EQ(press("cmdLogoSplit"), windows);
+    EXPECT_EQ(press("cmdLogoSplit"), (Texts{"hide", "launch TULSPLI6.EXE", "show"}));
     EXPECT_EQ(lastLaunch(), "TULSPLI6.EXE CALLEDBYTUL");
     for (const char* name : {"TULSPLIT.BAT", "TULSPLI1.EXE", "TULSPLI2.EXE"}) host.write(name, "x");
     globalOptions.txtPageFont = "12";
     host.write("TULPROJ.PRO", "TulSplitDOS=False\r\n");
-    fs::rename(host.nativeFolder() / "TULSPLI5.EXE", host.nativeFolder() / "kept");
+    host.remove("TULSPLI5.EXE");
     EXPECT_TRUE(isSplitForDosChosen()) << "only the DOS version is there";
-    fs::rename(host.nativeFolder() / "kept", host.nativeFolder() / "TULSPLI5.EXE");
-    EXPECT_FALSE(isSplitForDosChosen());
-    host.write("TULPROJ.PRO", "TulSplitDOS=False\r\nTulSplitWindows=True\r\n");
-    EXPECT_FALSE(isSplitForDosChosen());
-    host.write("TULPROJ.PRO", "TulSplitDOS=True\r\nTulSplitWindows=False\r\nUnknown=1\r\n");
-    EXPECT_TRUE(isSplitForDosChosen());
+    host.write("TULSPLI5.EXE", "x");
+    for (const auto& [options, forDos] : {std::pair{"TulSplitDOS=False", false},
+                                          {"TulSplitDOS=False|TulSplitWindows=True", false},
+                                          {"TulSplitDOS=True|TulSplitWindows=False|Unknown=1", true}}) {
+        host.write("TULPROJ.PRO", lines(options));
+        EXPECT_EQ(isSplitForDosChosen(), forDos) << options;
+    }
     EXPECT_EQ(globalOptions.txtPageFont, "12") << "the panel's own fields stay";
     EXPECT_TRUE(host.messages.empty());
     if (!findPanel("frmSplit"))
@@ -132,18 +132,22 @@ TEST_F(LogoPanel, SplitsAsTheOptionsSay) {
 
 TEST_F(LogoPanel, OpensItsPanelsAndPretendsNone) {
     machineSettings.ScoreFolder = "C:\\SCORE\\";
-    const std::map<std::string, std::string> forms = {
-        {"cmdValid", "frmValid"},     {"cmdPmx", "frmPmx"},         {"cmdResiz", "frmResiz"},
-        {"cmdEdit", "frmEdit"},       {"cmdRenum", "frmRenum"},     {"cmdAccs", "frmAccs"},
-        {"mnuColors", "frmColor"},    {"mnuAbout", "frmAbout"},     {"cmdProjectOptions", "frmGlobalOptions"},
-        {"cmdLogoInput", "frmInput"}, {"cmdLogoIntab", "frmInput"},
-    };
-    for (const auto& [button, form] : forms) {
-        if (!findPanel(form)) {
-            press(button, PanelAnswer::disabled);
-            continue;
-        }
-        EXPECT_EQ(press(button), (Texts{"profile TOP", "profile LEFT", "wait", "open " + form, "ready"}));
+    for (const auto& [button, form] :
+         std::map<std::string, std::string>{{"cmdValid", "frmValid"},
+                                            {"cmdPmx", "frmPmx"},
+                                            {"cmdResiz", "frmResiz"},
+                                            {"cmdEdit", "frmEdit"},
+                                            {"cmdRenum", "frmRenum"},
+                                            {"cmdAccs", "frmAccs"},
+                                            {"mnuColors", "frmColor"},
+                                            {"mnuAbout", "frmAbout"},
+                                            {"cmdProjectOptions", "frmGlobalOptions"},
+                                            {"cmdLogoInput", "frmInput"},
+                                            {"cmdLogoIntab", "frmInput"}}) {
+        const bool exists = findPanel(form) != nullptr;
+        const Texts events = {"profile TOP", "profile LEFT", "wait", "open " + form, "ready"};
+        EXPECT_EQ(press(button, exists ? PanelAnswer::done : PanelAnswer::disabled),
+                  exists ? events : Texts());
     }
     panel.command("cmdLogoIntab")->run();
     EXPECT_EQ(mainPanel.inputKind, 2);

@@ -29,9 +29,9 @@ inline Outcome runTulcmd(const ScriptedHost& host, const Texts& words, const std
                        .clock = &clock(),
                        .platform = &platform(),
                        .face = nullptr};
-    const int status = command::runCommand(
-        arguments, machine, host.folder(),
-        {.out = out, .err = err, .in = in, .canAsk = terminal, .showsProgress = false});
+    const int status =
+        command::runCommand(arguments, machine, host.folder(),
+                            {.out = out, .err = err, .in = in, .canAsk = terminal, .showsProgress = false});
     return {status, out.str(), err.str()};
 }
 

@@ -5,20 +5,33 @@
 namespace tul {
 namespace {
 
-TEST(FontNumbers, AreThoseThatScoreKnows) {
-    const std::map<std::string, std::string> kept = {{"0", "0"},       {" 07 ", "7"},    {"199", "199"},
-                                                     {"1000", "1000"}, {"1199", "1199"}, {"5.0", "5"},
-                                                     {"-0", "0"},      {"+12", "12"}};
-    for (const auto& [typed, number] : kept) {
+using Check = bool (*)(std::string&);
+void expectChecked(Check check, const std::map<std::string, std::string>& kept, const Texts& refused,
+                   const std::string& assumed) {
+    for (const auto& [typed, value] : kept) {
         std::string text = typed;
-        EXPECT_TRUE(CheckFontNumber(text)) << typed;
-        EXPECT_EQ(text, number);
+        EXPECT_TRUE(check(text)) << typed;
+        EXPECT_EQ(text, value);
     }
-    for (const char* typed : {"200", "999", "1200", "-1", "5.5", "", "_26", "1,2", "4e", "99999999999"}) {
-        std::string text = typed;
-        EXPECT_FALSE(CheckFontNumber(text)) << typed;
-        EXPECT_EQ(text, "0");
+    for (std::string text : refused) {
+        EXPECT_FALSE(check(text)) << text;
+        EXPECT_EQ(text, assumed);
     }
+}
+
+TEST(OptionFields, KeepWhatScoreKnows) {
+    expectChecked(CheckFontNumber,
+                  {{"0", "0"},
+                   {" 07 ", "7"},
+                   {"199", "199"},
+                   {"1000", "1000"},
+                   {"1199", "1199"},
+                   {"5.0", "5"},
+                   {"-0", "0"},
+                   {"+12", "12"}},
+                  {"200", "999", "1200", "-1", "5.5", "", "_26", "1,2", "4e", "99999999999"}, "0");
+    expectChecked(CheckSize, {{".75", "0.75"}, {"9.99", "9.99"}, {"0.001", "0.001"}, {" 1.50", " 1.50"}},
+                  {"0", "10", "-1", "", ".", "1,5", "one", "5E5"}, "1");
 }
 
 TEST(FontPrefixes, HaveTwoDigits) {
@@ -26,21 +39,6 @@ TEST(FontPrefixes, HaveTwoDigits) {
         {"_01", "_01"}, {"_1", "_01"},  {"7", "_07"},    {"26", "_26"}, {"_99", "_99"}, {"_100", "_00"},
         {"_1,", "_00"}, {"_-5", "_00"}, {"_2.5", "_00"}, {"", "_00"},   {"__5", "_00"}, {"Times", "_00"}};
     for (const auto& [typed, prefix] : kept) EXPECT_EQ(CheckFontPrefix(typed), prefix) << typed;
-}
-
-TEST(Sizes, LieBetweenZeroAndTen) {
-    const std::map<std::string, std::string> kept = {
-        {".75", "0.75"}, {"9.99", "9.99"}, {"0.001", "0.001"}, {" 1.50", " 1.50"}};
-    for (const auto& [typed, size] : kept) {
-        std::string text = typed;
-        EXPECT_TRUE(CheckSize(text)) << typed;
-        EXPECT_EQ(text, size) << "the text stays as it was typed";
-    }
-    for (const char* typed : {"0", "10", "-1", "", ".", "1,5", "one", "5E5"}) {
-        std::string text = typed;
-        EXPECT_FALSE(CheckSize(text)) << typed;
-        EXPECT_EQ(text, "1");
-    }
 }
 
 TEST(OptionFields, TellWhatTheyKeepInstead) {

@@ -30,6 +30,13 @@ class ScoreLaunching : public HostTest {
         fs::last_write_time(host.nativeFolder() / name,
                             fs::file_time_type::clock::now() - std::chrono::hours(24 * 365 * 60));
     }
+    /// The files of a folder with their contents.
+    std::string filesIn(const std::string& folder) const {
+        std::string found;
+        for (const std::string& name : files().list(host.path(folder)))
+            found += name + "=" + host.read(folder + "/" + name) + " ";
+        return found;
+    }
     void expectBackAtHome() const {
         EXPECT_EQ(files().currentFolder(), host.folder());
         EXPECT_EQ(host.events.back(), "ready") << "the waiting pointer has gone";
@@ -78,8 +85,8 @@ TEST_F(ScoreLaunching, RunsAProgramBesideItsWorkFiles) {
     EXPECT_EQ(startedIn, host.path("music"));
     EXPECT_EQ(scoreRun.ScoreFolderFiles, Texts{"page1.mus"});
     EXPECT_EQ(scoreRun.NewestResult, host.path("music\\a.prn"));
-    EXPECT_FALSE(host.exists("music/PAGE.EXE")) << "it was a copy";
-    EXPECT_FALSE(host.exists("music/BARS.TMP"));
+    EXPECT_EQ(filesIn("music"), "PAGE.PIF=new a.prn=new b.prn=new page1.mus=music/page1.mus ")
+        << "the program was a copy";
     expectBackAtHome();
 
     scoreRun.NewestResult.clear();
@@ -105,14 +112,10 @@ TEST_F(ScoreLaunching, CarriesFilesToScoresFolderAndResultsBack) {
     EXPECT_EQ(host.launches, Texts{"PAGE.EXE D:\\"});
     EXPECT_EQ(startedIn, host.path("score"));
     EXPECT_EQ(host.messages, Texts{});
-    EXPECT_FALSE(host.exists("score/page1.mus"));
-    EXPECT_EQ(host.read("music/page1.mus"), "music/page1.mus");
-    EXPECT_EQ(host.read("music/b.prn"), "new");
-    EXPECT_FALSE(host.exists("score/b.prn"));
-    EXPECT_FALSE(host.exists("music/a.prn")) << "that name was there before";
-    EXPECT_EQ(host.read("score/PAGE.PIF"), "new");
+    EXPECT_EQ(filesIn("music"), "b.prn=new c.prn=new page1.mus=music/page1.mus page2.mus=music/page2.mus ");
+    EXPECT_EQ(filesIn("score"), "PAGE.EXE=score/PAGE.EXE PAGE.PIF=new a.prn=new ")
+        << "a.prn was there before";
     EXPECT_EQ(scoreRun.NewestResult, host.path("music\\b.prn"));
-    EXPECT_TRUE(host.exists("music/c.prn"));
     expectBackAtHome();
 }
 

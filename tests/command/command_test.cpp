@@ -179,8 +179,8 @@ TEST_F(Tulcmd, NamesThePageWhereARunEnded) {
                                  "chkResizBackup=0", page("good.mus"), page("b.mus"), page("odd.mus")});
     EXPECT_EQ(outcome.status, exitFatal);
     EXPECT_TRUE(contains(outcome.err, "Open of output MUS file failed. Hit OK to terminate"));
-    EXPECT_TRUE(contains(outcome.err, "\nThe run ended at " + upperCase(host.path("B.MUS")) +
-                                          "; the files before it are done.\n"));
+    EXPECT_TRUE(
+        contains(outcome.err, "\nThe run ended at " + upper("B.MUS") + "; the files before it are done.\n"));
 }
 
 TEST_F(Tulcmd, TakesTypedTextInThePagesBytes) {
@@ -207,8 +207,8 @@ TEST_F(Tulcmd, SetsANewInstallationUpByAnswers) {
     const Outcome outcome = run({"--answer", "Cancel", "--answer", "OK", "--answer", page("win/WSCORE.EXE"),
                                  "--no", "valid", page("good.mus")});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_TRUE(contains(host.read("TULCNTRL.INI"),
-                         "WinScoreProgramPath=" + upperCase(host.path("win\\WSCORE.EXE")) + "\r\n"));
+    EXPECT_TRUE(
+        contains(host.read("TULCNTRL.INI"), "WinScoreProgramPath=" + upper("win\\WSCORE.EXE") + "\r\n"));
     EXPECT_TRUE(contains(outcome.out, "\nGOOD.MUS ")) << "the files given are selected behind it";
     EXPECT_TRUE(host.launches.empty() || host.launches.back() == "TULMONIT.EXE");
 }

@@ -47,7 +47,7 @@ class Installation : public testing::InstallationTest {
 
 TEST_F(Installation, DroppedFilesBecomeTheSelection) {
     host.write("a b.mus", "1");
-    fs::create_directory(home / "folder");
+    host.makeFolder("folder");
     const std::string list =
         host.path("a b.mus") + "," + host.path("gone.mus") + "," + host.path("folder") + ",";
     const Outcome outcome = run("./TULOLE.EXE 'STARTDIR=" + host.folder() +
@@ -89,7 +89,7 @@ TEST_F(Installation, ScoreIsOpenedWhereItIsLinked) {
     host.write("TULCNTRL.INI", "ScorePath=Z:\\none\\SCORE.EXE\r\n");
     EXPECT_TRUE(contains(run("./TULSKORE.EXE").out, "was not found: Z:\\none\\SCORE.EXE"));
 
-    fs::create_directory(home / "score");
+    host.makeFolder("score");
     host.write("score/SCORE.EXE", "#!/bin/sh\necho \"$PWD [$1]\"\n");
     fs::permissions(home / "score/SCORE.EXE", fs::perms::owner_all);
     host.write("TULCNTRL.INI", "ScorePath=" + host.path("score\\SCORE.EXE") + "\r\n");
@@ -108,13 +108,13 @@ const std::string damagedPage = testing::pageOf(rest + testing::words({1}) + res
 
 TEST_F(Installation, WindowsAreForThoseWhoWorkInThem) {
     for (const char* name : {"TULSKORE.EXE", "TULRECOV.EXE"}) {
-        fs::remove(home / name);  // the window is looked for beside the program that asks for it
+        host.remove(name);  // the window is looked for beside the program that asks for it
         fs::copy(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
     }
     host.write("TULTELL.EXE", "#!/bin/sh\nprintf '[%s]' \"$@\" >told\n");
     fs::permissions(home / "TULTELL.EXE", fs::perms::owner_all);
     const auto told = [&](const std::string& environment, const std::string& program = "./TULSKORE.EXE") {
-        fs::remove(home / "told");
+        host.remove("told");
         run("env " + environment + " " + program);
         return host.exists("told") ? host.read("told") : std::string();
     };
@@ -135,7 +135,7 @@ TEST_F(Installation, WindowsAreForThoseWhoWorkInThem) {
 }
 
 TEST_F(Installation, ValidationsOfferRecoversAPage) {
-    fs::create_directory(home / "my music");
+    host.makeFolder("my music");
     host.write("my music/page.mus", damagedPage);
     run("./TULCMD.EXE --no logo --press mnuNamesStatus");
     const Outcome offered = run("./TULCMD.EXE --yes valid 'my music/page.mus'");
@@ -184,7 +184,7 @@ TEST_F(Installation, APageIsNotRecoveredWithoutABackup) {
 }
 
 TEST_F(Installation, TulcmdWorksAsAProcess) {
-    fs::create_directory(home / "music");
+    host.makeFolder("music");
     host.write("music/page.mus", testing::pageOf(testing::words({2, 14, 1})));
     const Outcome first = run("./TULCMD.EXE valid music/page.mus");
     EXPECT_EQ(first.status, 0) << first.out;

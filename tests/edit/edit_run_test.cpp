@@ -42,7 +42,7 @@ class EditRun : public HostTest {
         std::size_t longest = 4;
         Texts paths;
         for (const std::string& name : names) {
-            paths.push_back(upperCase(host.path(name)));
+            paths.push_back(upper(name));
             longest = std::max(longest, paths.back().size());
         }
         Texts lines = {"TUL Edit run 11-21-2026 09:05:07", " ", padRight("File", longest),
@@ -150,10 +150,9 @@ TEST_F(EditRun, TheGeneralHeadStandsUnderTheFirstFile) {
     editing.chkEditBackup = false;
     const std::string report = run(tabGeneral);
     const std::string item = "              Item=1         Par1=8        Par2=1        Par3=0\r\n";
-    EXPECT_TRUE(contains(report, upperCase(host.path("a.mus")) + "\r\nTulEdit General for CHANGE\r\n"));
-    EXPECT_TRUE(contains(report, "First 3 params of changed item\r\n" + item + upperCase(host.path("b.mus")) +
-                                     "\r\n" + item +
-                                     " \r\nNumber general updates. . . . . . . . . 2\r\n \r\n"));
+    EXPECT_TRUE(contains(report, upper("a.mus") + "\r\nTulEdit General for CHANGE\r\n"));
+    EXPECT_TRUE(contains(report, "First 3 params of changed item\r\n" + item + upper("b.mus") + "\r\n" +
+                                     item + " \r\nNumber general updates. . . . . . . . . 2\r\n \r\n"));
     EXPECT_EQ(host.read("b.mus"), pageOf(words({9, 8, 1, 0, 0, 0, 0, 0, 0, 12})));
 
     generalEdit.txtp4 = "21";

@@ -46,7 +46,7 @@ class General : public HostTest {
         reportInstead();
         const std::string report = run(2);
         std::string items;
-        for (const std::string_view line : linesOf(report)) items += line[line.find('=') + 1];
+        for (const std::string& line : linesIn(report)) items += line[line.find('=') + 1];
         return items;
     }
     /// What the checks say, in order.

@@ -41,33 +41,26 @@ TEST(FontPrefixes, HaveTwoDigits) {
     for (const auto& [typed, prefix] : kept) EXPECT_EQ(CheckFontPrefix(typed), prefix) << typed;
 }
 
-TEST(OptionFields, TellWhatTheyKeepInstead) {
-    ScriptedHost host;
-    const auto expectTold = [&host](const std::string& kept, const std::string& expected,
-                                    const Texts& messages) {
-        EXPECT_EQ(kept, expected);
-        EXPECT_EQ(host.messages, messages) << expected;
-        host.messages.clear();
-    };
-    const Texts sizeRefused = {"Value not numeric or out of range. Assumed 1."};
-    const Texts lengthRefused = {"Invalid number of digits specified. Assumed 2."};
-    const Texts suffixRefused = {"Invalid character in suffix. Only letters and digits are allowed."};
+using KeptOptions = HostTest;
 
-    expectTold(keepFontNumber("200"), "0", {"Value not 00-99, 100-199, 1000-1099, 1100-1199. Assumed 0."});
-    expectTold(keepFontNumber("1100"), "1100", {});
-    expectTold(keepSize(".8"), "0.8", {});
-    expectTold(keepSize("10"), "1", sizeRefused);
-    expectTold(keepMarkedSize("1.10"), "201.1", {});
-    expectTold(keepMarkedSize("201.1"), "201", sizeRefused);
-    expectTold(keepLyricsSize("-12"), "-12", {});
-    expectTold(keepLyricsSize("-pt"), "1", sizeRefused);
-    expectTold(keepLyricsSize("12"), "1", sizeRefused);
-    expectTold(keepPageLength("7.9"), "7", {});
-    expectTold(keepPageLength("8"), "2", lengthRefused);
-    expectTold(keepPageLength("0.9"), "2", lengthRefused);
-    expectTold(keepSuffix(" mus2", "PAG"), "MUS", {});
-    expectTold(keepSuffix("m-s", "PAG"), "PAG", suffixRefused);
-    expectTold(keepSuffix("m\xE9", "PAG"), "PAG", suffixRefused);
+TEST_F(KeptOptions, TellWhatTheyAreInstead) {
+    const auto keepPageSuffix = [](const std::string& typed) { return keepSuffix(typed, "PAG"); };
+    const Texts sizeRefused = {"Value not numeric or out of range. Assumed 1."};
+    expectKept(keepFontNumber, {{"1100", "1100"}});
+    expectKept(keepFontNumber, {{"200", "0"}},
+               {"Value not 00-99, 100-199, 1000-1099, 1100-1199. Assumed 0."});
+    expectKept(keepSize, {{".8", "0.8"}});
+    expectKept(keepSize, {{"10", "1"}}, sizeRefused);
+    expectKept(keepMarkedSize, {{"1.10", "201.1"}});
+    expectKept(keepMarkedSize, {{"201.1", "201"}}, sizeRefused);
+    expectKept(keepLyricsSize, {{"-12", "-12"}});
+    expectKept(keepLyricsSize, {{"-pt", "1"}, {"12", "1"}}, sizeRefused);
+    expectKept(keepPageLength, {{"7.9", "7"}});
+    expectKept(keepPageLength, {{"8", "2"}, {"0.9", "2"}},
+               {"Invalid number of digits specified. Assumed 2."});
+    expectKept(keepPageSuffix, {{" mus2", "MUS"}});
+    expectKept(keepPageSuffix, {{"m-s", "PAG"}, {"m\xE9", "PAG"}},
+               {"Invalid character in suffix. Only letters and digits are allowed."});
 }
 
 TEST(FontCodes, StandForATextOfTheirOwnOrOfTheLibrary) {

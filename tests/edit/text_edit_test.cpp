@@ -10,59 +10,40 @@ namespace {
 
 // --- Fields
 
-TEST(EditFields, KeepFontsSizesAndStrings) {
-    ScriptedHost host;
+using EditFields = HostTest;
+
+TEST_F(EditFields, KeepFontsSizesAndStrings) {
     const auto present = [](auto keep) {
         return [keep](const std::string& typed) { return keep(typed, "present"); };
     };
-    const std::string size = "Value not numeric or out of range. Assumed 1.";
-    const std::string string = "Different begin and end delimiters.";
-    const std::string replacement = "Beginning and ending delimiter are different.";
-    const std::string bare =
-        "String contains one or more apostrophes and/or quotes but it is not within delimiters.";
-    struct Case {
-        std::function<std::string(const std::string&)> keep;
-        std::string typed;
-        std::string kept;
-        std::string told = {};
+    const auto refused = [](const Texts& typed, const char* assumed) {
+        std::map<std::string, std::string> kept;
+        for (const std::string& text : typed) kept[text] = assumed;
+        return kept;
     };
-    for (const Case& field : std::vector<Case>{
-             {present(keepFontDigits), " 07 ", "07"},
-             {present(keepFontDigits), "  ", ""},
-             {present(keepFontDigits), "7", "present", "I said two digits..."},
-             {present(keepFontDigits), "7a", "present", "I said two digits..."},
-             {keepSearchSize, ".75", "0.75"},
-             {keepSearchSize, "9.99", "9.99"},
-             {keepSearchSize, "10", "1.", size},
-             {keepSearchSize, "0", "1.", size},
-             {keepSearchSize, "", "1.", size},
-             {keepSearchMargin, "0", "0"},
-             {keepSearchMargin, ".0", ".0"},
-             {keepSearchMargin, "none", "1.", size},
-             {keepSearchMargin, "10", "1.", size},
-             {keepGeneralMargin, "-2", "-2"},
-             {keepGeneralMargin, "wide", ".001", "Margin should be numeric. Assumed .001"},
-             {present(keepSearchString), "", "present", "Empty string not allowed as search argument."},
-             {present(keepSearchString), "''", "present", "Empty string not allowed as search argument."},
-             {present(keepSearchString), "\"", "present", "Invalid search string (Delimiter only)."},
-             {present(keepSearchString), "\"a'", "present", string},
-             {present(keepSearchString), "'a", "present", string},
-             {present(keepSearchString), "a'", "a'"},
-             {present(keepSearchString), "\"a\"b\"", "present",
-              "Quote in search argument when embedded by quotes not allowed."},
-             {present(keepSearchString), "'a\"b'", "present",
-              "Apostrophe in search argument when embedded by apostrophe not allowed."},
-             {present(keepSearchString), "'a'b'", "'a'b'"},
-             {present(keepReplacement), "", "present"},
-             {present(keepReplacement), "ab", "ab"},
-             {present(keepReplacement), "a'b", "present", replacement},
-             {present(keepReplacement), "'ab\"", "present", replacement},
-             {present(keepReplacement), "''", "present", bare},
-             {present(keepReplacement), "' '", "' '"}}) {
-        host.messages.clear();
-        EXPECT_EQ(field.keep(field.typed), field.kept) << field.typed;
-        EXPECT_EQ(host.messages, field.told.empty() ? Texts() : Texts{field.told}) << field.typed;
-    }
+    const Texts size = {"Value not numeric or out of range. Assumed 1."};
+    expectKept(present(keepFontDigits), {{" 07 ", "07"}, {"  ", ""}});
+    expectKept(present(keepFontDigits), refused({"7", "7a"}, "present"), {"I said two digits..."});
+    expectKept(keepSearchSize, {{".75", "0.75"}, {"9.99", "9.99"}});
+    expectKept(keepSearchSize, refused({"10", "0", ""}, "1."), size);
+    expectKept(keepSearchMargin, {{"0", "0"}, {".0", ".0"}});
+    expectKept(keepSearchMargin, refused({"none", "10"}, "1."), size);
+    expectKept(keepGeneralMargin, {{"-2", "-2"}});
+    expectKept(keepGeneralMargin, {{"wide", ".001"}}, {"Margin should be numeric. Assumed .001"});
+
+    expectKept(present(keepSearchString), {{"a'", "a'"}, {"'a'b'", "'a'b'"}});
+    for (const auto& [typed, told] : std::vector<std::pair<Texts, std::string>>{
+             {{"", "''"}, "Empty string not allowed as search argument."},
+             {{"\""}, "Invalid search string (Delimiter only)."},
+             {{"\"a'", "'a"}, "Different begin and end delimiters."},
+             {{"\"a\"b\""}, "Quote in search argument when embedded by quotes not allowed."},
+             {{"'a\"b'"}, "Apostrophe in search argument when embedded by apostrophe not allowed."}})
+        expectKept(present(keepSearchString), refused(typed, "present"), {told});
+    expectKept(present(keepReplacement), {{"", "present"}, {"ab", "ab"}, {"' '", "' '"}});
+    expectKept(present(keepReplacement), refused({"a'b", "'ab\""}, "present"),
+               {"Beginning and ending delimiter are different."});
+    expectKept(present(keepReplacement), {{"''", "present"}},
+               {"String contains one or more apostrophes and/or quotes but it is not within delimiters."});
 }
 
 // --- Items

@@ -68,6 +68,15 @@ class HostTest : public ::testing::Test {
   protected:
     /// A file of the test's folder as the selection has it.
     std::string upper(const std::string& name) const { return upperCase(host.path(name)); }
+    /// What a field keeps of each text that is typed into it, and what it tells each time.
+    void expectKept(const std::function<std::string(const std::string&)>& keep,
+                    const std::map<std::string, std::string>& kept, const Texts& told = {}) {
+        for (const auto& [typed, value] : kept) {
+            host.messages.clear();
+            EXPECT_EQ(keep(typed), value) << typed;
+            EXPECT_EQ(host.messages, told) << typed;
+        }
+    }
     /// Names files of the test's folder in the names file, which is not read yet.
     void writeNames(const Texts& names) {
         std::string text;

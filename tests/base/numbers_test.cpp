@@ -21,6 +21,8 @@ constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr float SmallestFloat = std::numeric_limits<float>::denorm_min();
 
 TEST(Numbers, GeneralFormOfFloats) {
+    // Among them both borders of the exponent form, the lower one crossed by rounding, and exact ties, which
+    // go away from zero, whatever the digit before.
     const std::vector<std::pair<float, std::string>> cases = {
         {0.0F, "0"},
         {-0.0F, "0"},
@@ -30,7 +32,6 @@ TEST(Numbers, GeneralFormOfFloats) {
         {-120.0F, "-120"},
         {1.0F / 3.0F, "0.3333333"},
         {123456.789F, "123456.8"},
-        // Around both borders of the exponent form, the lower one crossed by rounding.
         {9999999.0F, "9999999"},
         {1E7F, "1E+07"},
         {12345678.0F, "1.234568E+07"},
@@ -38,7 +39,6 @@ TEST(Numbers, GeneralFormOfFloats) {
         {0.000099999997F, "0.0001"},
         {0.0000999999F, "9.99999E-05"},
         {1.5E-5F, "1.5E-05"},
-        // Exact ties go away from zero, whatever the digit before.
         {1048576.5F, "1048577"},
         {1048577.5F, "1048578"},
         {-1048576.5F, "-1048577"},
@@ -50,8 +50,7 @@ TEST(Numbers, GeneralFormOfFloats) {
         {static_cast<float>(NotANumber), "NAN"},
         {-static_cast<float>(NotANumber), "NAN"},
         {static_cast<float>(Infinity), "INF"},
-        {-static_cast<float>(Infinity), "-INF"},
-    };
+        {-static_cast<float>(Infinity), "-INF"}};
     for (const auto& [value, text] : cases) EXPECT_EQ(plain(value), text);
 }
 
@@ -97,40 +96,37 @@ TEST(Numbers, PatternsPlaceTheDigits) {
         const char* pattern;
         const char* text;
     };
-    const std::vector<Case> cases = {
-        {0, "#######0", "0"},
-        {123456789012, "#######0", "123456789012"},
-        {0.75, "#0.00", "0.75"},
-        {-12.34, "#0.00", "-12.34"},
-        {16, "###0.####", "16."},
-        {0.5, "###0.####", "0.5"},
-        {-3.14159, "###0.####", "-3.1416"},
-        {20.5, "##0.##", "20.5"},
-        {0.5, "##.00", ".50"},
-        {0, "##.00", ".00"},
-        {7, "00", "07"},
-        // A '#' behind a '0', and one before a '0' of the fraction, print like a '0'.
-        {5, "0#", "05"},
-        {5, " 000#.#000;-000#.#000", " 0005.0000"},
-        {-12345.06789, " 000#.#000;-000#.#000", "-12345.0679"},
-        {8, " #", " 8"},
-        {12, "  #", "  12"},
-        {16, " 0#", " 16"},
-        {0, " #", " "},
-        {0, "#.#", "."},
-        // The sign stands before the whole pattern where negative values have no section of their own.
-        {-5, " 0#", "- 05"},
-        {-5, "0;(0)", "(5)"},
-        {-5, "0;", "-5"},
-        // What rounds to zero is a zero.
-        {-0.004, "#0.00", "0.00"},
-        {-0.0, "#0.00", "0.00"},
-        {-0.4, "#", ""},
-        {-0.00004, " 000#.#000;-000#.#000", " 0000.0000"},
-        {2.5, "0.0 mm", "2.5 mm"},
-        {NotANumber, " 000#.#000", "NAN"},
-        {-Infinity, "#0.00;-#0.00", "-INF"},
-    };
+    // A '#' behind a '0', and one before a '0' of the fraction, print like a '0'. The sign stands before the
+    // whole pattern where negative values have no section of their own. What rounds to zero is a zero.
+    const std::vector<Case> cases = {{0, "#######0", "0"},
+                                     {123456789012, "#######0", "123456789012"},
+                                     {0.75, "#0.00", "0.75"},
+                                     {-12.34, "#0.00", "-12.34"},
+                                     {16, "###0.####", "16."},
+                                     {0.5, "###0.####", "0.5"},
+                                     {-3.14159, "###0.####", "-3.1416"},
+                                     {20.5, "##0.##", "20.5"},
+                                     {0.5, "##.00", ".50"},
+                                     {0, "##.00", ".00"},
+                                     {7, "00", "07"},
+                                     {5, "0#", "05"},
+                                     {5, " 000#.#000;-000#.#000", " 0005.0000"},
+                                     {-12345.06789, " 000#.#000;-000#.#000", "-12345.0679"},
+                                     {8, " #", " 8"},
+                                     {12, "  #", "  12"},
+                                     {16, " 0#", " 16"},
+                                     {0, " #", " "},
+                                     {0, "#.#", "."},
+                                     {-5, " 0#", "- 05"},
+                                     {-5, "0;(0)", "(5)"},
+                                     {-5, "0;", "-5"},
+                                     {-0.004, "#0.00", "0.00"},
+                                     {-0.0, "#0.00", "0.00"},
+                                     {-0.4, "#", ""},
+                                     {-0.00004, " 000#.#000;-000#.#000", " 0000.0000"},
+                                     {2.5, "0.0 mm", "2.5 mm"},
+                                     {NotANumber, " 000#.#000", "NAN"},
+                                     {-Infinity, "#0.00;-#0.00", "-INF"}};
     for (const auto& [value, pattern, text] : cases) EXPECT_EQ(formatted(value, pattern), text) << pattern;
 }
 
@@ -165,8 +161,7 @@ TEST(Numbers, NumericValueIsTheLeadingNumber) {
         {"12abc", 12},     {"1.2.3", 1.2}, {"1E5", 1},
         {"1,5", 1},        {"- 3", 0},     {"--3", 0},
         {"0x10", 0},       {"INF", 0},     {"NAN", 0},
-        {"007.250", 7.25}, {"0.1", 0.1},   {"16777217", 16777217},
-    };
+        {"007.250", 7.25}, {"0.1", 0.1},   {"16777217", 16777217}};
     for (const auto& [text, value] : cases) EXPECT_EQ(numericValue(text), value) << text;
     EXPECT_FALSE(std::signbit(numericValue("-0")));
     EXPECT_EQ(numericValue("-1" + std::string(400, '0')), -Infinity);

@@ -1,42 +1,27 @@
 #include "centre/backup_restore.h"
 
-#include <gtest/gtest.h>
-
 #include "base/date_time.h"
-#include "base/text.h"
 #include "host/host.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-using testing::crlf;
-using testing::endOf;
-using testing::ScriptedHost;
-
-class BackupRestore : public ::testing::Test {
+class BackupRestore : public HostTest {
   protected:
-    void write(const std::vector<std::string>& names) {
+    void write(const Texts& names) {
         for (const std::string& name : names) host.write(name, name);
     }
-    void select(const std::vector<std::string>& names) {
-        std::string lines;
-        for (const std::string& name : names) lines += host.path(name) + " 1\r\n";
-        host.write("NAMES.TUL", lines);
-    }
-    std::string upper(const std::string& name) const { return upperCase(host.path(name)); }
     /// As the names file has it: the folder in upper case too.
     std::string folder() const { return upperCase(host.folder()) + "\\"; }
     std::string stamp(const std::string& name) const {
         return stampText(files().info(host.path(name))->stamp);
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(BackupRestore, GoesOneGenerationBackEachTime) {
     write({"A.MUS", "A.BKU", "A.BKV", "b.mus", "B.BKU", "B.BKV"});
-    select({"A.MUS", "b.mus"});
+    writeNames({"A.MUS", "b.mus"});
     const std::string details = stamp("A.BKV");
     host.answers = {Answer::yes, Answer::yes};
     cmdCycle();
@@ -59,7 +44,7 @@ TEST_F(BackupRestore, GoesOneGenerationBackEachTime) {
 
 TEST_F(BackupRestore, OnlyANoKeepsTheFiles) {
     write({"A.MUS", "A.BKU"});
-    select({"A.MUS"});
+    writeNames({"A.MUS"});
     host.answers = {Answer::no, Answer::cancel};
     cmdCycle();
     EXPECT_EQ(host.read("A.MUS"), "A.MUS");
@@ -73,12 +58,12 @@ TEST_F(BackupRestore, RefusesGroupsThatDoNotGoTogether) {
     const std::string unequal =
         "Unequal number of backup generations in this group of files.\r\n"
         "Restore cannot be done automatically.";
-    for (const auto& names : {std::vector<std::string>{"A.MUS", "B.MUS"}, {"A.MUS", "C.MUS"}}) {
-        select(names);
+    for (const auto& names : {Texts{"A.MUS", "B.MUS"}, {"A.MUS", "C.MUS"}}) {
+        writeNames(names);
         cmdCycle();
         EXPECT_EQ(host.messages.back(), unequal);
     }
-    select({"A.MUS", "A.BKU"});
+    writeNames({"A.MUS", "A.BKU"});
     cmdCycle();
     EXPECT_EQ(host.messages.back(),
               "Names file should not have backup file(s). Ignored file: " + upper("A.BKU"));
@@ -90,8 +75,8 @@ TEST_F(BackupRestore, RefusesGroupsThatDoNotGoTogether) {
 
 TEST_F(BackupRestore, StopsWhereAFileCannotBeReplacedAndLosesNone) {
     write({"A.MUS", "A.BKU", "B.MUS", "B.BKU"});
-    select({"A.MUS", "B.MUS"});
-    std::filesystem::permissions(host.nativeFolder() / "B.MUS", std::filesystem::perms::owner_read);
+    writeNames({"A.MUS", "B.MUS"});
+    host.makeReadOnly("B.MUS");
     host.answers = {Answer::yes};
     cmdCycle();
     EXPECT_EQ(host.messages.back(), "An error occurred during restore (Erase). Results unpredicatable");
@@ -101,19 +86,19 @@ TEST_F(BackupRestore, StopsWhereAFileCannotBeReplacedAndLosesNone) {
 }
 
 TEST_F(BackupRestore, GoesThroughALinkToThePageItself) {
-    std::filesystem::create_directory(host.nativeFolder() / "scores");
+    host.makeFolder("scores");
     write({"scores/page", "A.BKU"});
-    std::filesystem::create_symlink("scores/page", host.nativeFolder() / "A.MUS");
-    select({"A.MUS"});
+    fs::create_symlink("scores/page", host.nativeFolder() / "A.MUS");
+    writeNames({"A.MUS"});
     host.answers = {Answer::yes};
     cmdCycle();
     EXPECT_EQ(host.read("scores/page"), "A.BKU");
-    EXPECT_TRUE(std::filesystem::is_symlink(host.nativeFolder() / "A.MUS"));
+    EXPECT_TRUE(fs::is_symlink(host.nativeFolder() / "A.MUS"));
 }
 
 TEST_F(BackupRestore, FilesThatShareASeriesCannotBothGoBack) {
     write({"A.MUS", "A.PMX", "A.BKU"});
-    select({"A.MUS", "A.PMX"});
+    writeNames({"A.MUS", "A.PMX"});
     host.answers = {Answer::yes};
     cmdCycle();
     EXPECT_EQ(host.messages.back(), "An error occurred during restore (Rename). Results unpredicatable");
@@ -123,52 +108,38 @@ TEST_F(BackupRestore, FilesThatShareASeriesCannotBothGoBack) {
 
 TEST_F(BackupRestore, StatusNamesEveryGeneration) {
     write({"long.v2.mus", "LONG.BKU", "LONG.BKW", "b.mus", "B.BKZ", "c.mus"});
-    select({"long.v2.mus", "b.mus", "c.mus", "b.bkz"});
+    writeNames({"long.v2.mus", "b.mus", "c.mus", "b.bkz"});
     cmdLogoBackupStatus();
     ASSERT_EQ(host.shown.size(), 1U);
     const std::size_t nameLength = folder().size() + 22;
     const auto count = [&](std::size_t name, const std::string& text) {
         return std::string(nameLength + name, ' ') + text;
     };
-    EXPECT_EQ(host.shown[0],
-              crlf({"Backup status . . . . . . . 11-21-2026 09:05:07",
-                    "NAMES.TUL path  . . . . . . " + host.path("NAMES.TUL"),
-                    "Creation date . . . . . . . " + stamp("NAMES.TUL"),
-                    "Number of names in file . . 4 ",
-                    " ",
-                    folder() + "LONG.V2.MUS - " + stamp("long.v2.mus"),
-                    folder() + "LONG.BKU - " + stamp("LONG.BKU"),
-                    folder() + "LONG.BKW - " + stamp("LONG.BKW"),
-                    count(11, "2 backups"),
-                    " ",
-                    folder() + "B.MUS - " + stamp("b.mus"),
-                    folder() + "B.BKZ - " + stamp("B.BKZ"),
-                    count(5, "1 backup"),
-                    " ",
-                    folder() + "C.MUS - " + stamp("c.mus"),
-                    count(5, "No backups"),
-                    " ",
-                    "Names file should not have backup file(s). Ignored file: " + folder() + "B.BKZ",
-                    " ",
-                    "Total number of backup files: 3",
-                    " ",
-                    "To restore backed up files automatically, press the small button on the right.",
-                    "The most recent backup will be taken (.BKV is assumed more recent than .BKU, etc.).",
-                    " ",
-                    "To restore backed up files manually, erase the most recent version, then select the",
-                    "*.BK? files to be restored and use TulRenum to rename/renumber them."}));
+    EXPECT_EQ(
+        host.shown[0],
+        lines("Backup status . . . . . . . 11-21-2026 09:05:07|NAMES.TUL path  . . . . . . " +
+              host.path("NAMES.TUL") + "|Creation date . . . . . . . " + stamp("NAMES.TUL") +
+              "|Number of names in file . . 4 | |" + folder() + "LONG.V2.MUS - " + stamp("long.v2.mus") +
+              "|" + folder() + "LONG.BKU - " + stamp("LONG.BKU") + "|" + folder() + "LONG.BKW - " +
+              stamp("LONG.BKW") + "|" + count(11, "2 backups") + "| |" + folder() + "B.MUS - " +
+              stamp("b.mus") + "|" + folder() + "B.BKZ - " + stamp("B.BKZ") + "|" + count(5, "1 backup") +
+              "| |" + folder() + "C.MUS - " + stamp("c.mus") + "|" + count(5, "No backups") + "| |" +
+              "Names file should not have backup file(s). Ignored file: " + folder() + "B.BKZ| |" +
+              "Total number of backup files: 3| |"
+              "To restore backed up files automatically, press the small button on the right.|"
+              "The most recent backup will be taken (.BKV is assumed more recent than .BKU, etc.).| |"
+              "To restore backed up files manually, erase the most recent version, then select the|"
+              "*.BK? files to be restored and use TulRenum to rename/renumber them."));
     EXPECT_FALSE(host.exists("TULWORK.PRN"));
 }
 
 TEST_F(BackupRestore, StatusWithoutASelectionAndWithoutAReport) {
     cmdLogoBackupStatus();
-    EXPECT_NE(
-        host.shown[0].find("\r\n(File not existing - status cannot be provided without selected filenames)"
-                           "\r\n \r\nTotal number of backup files: 0\r\n"),
-        std::string::npos);
+    EXPECT_TRUE(contains(host.shown[0],
+                         "\r\n(File not existing - status cannot be provided without selected filenames)"
+                         "\r\n \r\nTotal number of backup files: 0\r\n"));
     host.faultyFiles().refusals["TULWORK.PRN"] = FileError::permissionDenied;
-    EXPECT_EQ(endOf(cmdLogoBackupStatus), 1);
-    EXPECT_EQ(host.messages.back(), "Failed to open " + host.path("TULWORK.PRN") + " for output");
+    EXPECT_EQ(host.fatal(cmdLogoBackupStatus), "Failed to open " + host.path("TULWORK.PRN") + " for output");
 }
 
 }  // namespace

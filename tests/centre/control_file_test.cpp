@@ -1,32 +1,18 @@
 #include "centre/control_file.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
 #include "centre/names_file.h"
 #include "centre/panel_place.h"
 #include "centre/project_options.h"
 #include "centre/start_up.h"
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-namespace fs = std::filesystem;
-using testing::crlf;
-using testing::endOf;
-using testing::ScriptedHost;
-using Lines = std::vector<std::string>;
-
 /// True when each line ends with CR LF and neither stands alone.
-bool hasWindowsEnds(const std::string& text) {
-    std::size_t length = 0;
-    for (const std::string_view line : linesOf(text)) length += line.size() + CrLf.size();
-    return !text.empty() && text.ends_with(CrLf) && length == text.size();
-}
+bool hasWindowsEnds(const std::string& text) { return !text.empty() && crlf(linesIn(text)) == text; }
 
-class ControlFile : public ::testing::Test {
+class ControlFile : public HostTest {
   protected:
     /// A start with this count in the file, and a limit of 101 lines.
     std::optional<int> startWith(int timesExecuted) {
@@ -40,42 +26,38 @@ class ControlFile : public ::testing::Test {
             text += "run " + std::to_string(line) + (line % 2 ? "\r\n" : "\n");
         host.write("TULLOG.LOG", text);
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(ControlFile, IsReadByKeyUpToTheFirstEqualsSign) {
-    host.write("TULCNTRL.INI", crlf({"[UserSettings]", "maxlogrecords= 500.5", "* PagePath=C:\\NO.EXE",
-                                     " ScorePath=C:\\NO.EXE", "LIBPATH=C:\\LIB=2", "PagePath =C:\\NO.EXE",
-                                     "Unknown=1", "no setting", "BypassLibTest1=False", "BypassLibTest1=TRUE",
-                                     "JustPath=C:\\SCORE\\JUST.EXE ", "TimesExecuted=12"}));
+    host.write("TULCNTRL.INI",
+               lines("[UserSettings]|maxlogrecords= 500.5|* PagePath=C:\\NO.EXE| ScorePath=C:\\NO.EXE|"
+                     "LIBPATH=C:\\LIB=2|PagePath =C:\\NO.EXE|Unknown=1|no setting|BypassLibTest1=False|"
+                     "BypassLibTest1=TRUE|JustPath=C:\\SCORE\\JUST.EXE |TimesExecuted=12"));
     ReadControlFile(false);
-    EXPECT_EQ(machineSettings.MaxLogRecords, 500);
-    EXPECT_EQ(machineSettings.TimesExecuted, 12);
-    EXPECT_EQ(machineSettings.PagePath, "");
-    EXPECT_EQ(machineSettings.ScorePath, "") << "a line that begins with a blank is a comment";
-    EXPECT_EQ(machineSettings.ScoreFolder, "");
-    EXPECT_EQ(machineSettings.LibPath, "C:\\LIB=2");
-    EXPECT_EQ(machineSettings.JustPath, "C:\\SCORE\\JUST.EXE ");
-    EXPECT_TRUE(machineSettings.BypassLibTest1) << "the last of two counts";
-    host.write("TULCNTRL.INI", crlf({"MaxLogRecords=101", "ScorePath=C:\\SCORE\\SCORE.EXE"}));
-    ReadControlFile(false);
-    EXPECT_EQ(machineSettings.ScoreFolder, "C:\\SCORE\\");
-    host.write("TULCNTRL.INI", crlf({"MaxLogRecords=101", "ScorePath=SCORE.EXE"}));
-    ReadControlFile(false);
-    EXPECT_EQ(machineSettings.ScoreFolder, "SCORE.EXE");
+    const MachineSettings& read = machineSettings;
+    EXPECT_EQ(read.MaxLogRecords, 500);
+    EXPECT_EQ(read.TimesExecuted, 12);
+    EXPECT_EQ(read.PagePath + read.ScorePath + read.ScoreFolder, "") << "a blank begins a comment";
+    EXPECT_EQ(read.LibPath, "C:\\LIB=2");
+    EXPECT_EQ(read.JustPath, "C:\\SCORE\\JUST.EXE ");
+    EXPECT_TRUE(read.BypassLibTest1) << "the last of two counts";
+    for (const auto& [path, folder] :
+         {std::pair{"C:\\SCORE\\SCORE.EXE", "C:\\SCORE\\"}, {"SCORE.EXE", "SCORE.EXE"}}) {
+        host.write("TULCNTRL.INI", lines(std::string("MaxLogRecords=101|ScorePath=") + path));
+        ReadControlFile(false);
+        EXPECT_EQ(read.ScoreFolder, folder);
+    }
 }
 
 TEST_F(ControlFile, IsRewrittenInItsOwnOrderWithoutWhatItDoesNotKnow) {
-    const std::string settings =
-        "MaxLogRecords=1000\r\nWorkDrive=a\r\nScorePath=b\r\nPagePath=c\r\nScorlasPath=d\r\nJustPath=e\r\n"
-        "libPath=f\r\nhlpPath=g\r\nPreferenceFilePath=h\r\nAFMfilesPath=i\r\nNotepadPath=j\r\nWordpadPath="
-        "k\r\n"
-        "ScoreEngineProgramPath=l\r\nWinScoreProgramPath=m\r\nWinScoreScorLibPath=n\r\n"
-        "WinScoreFontLibPath=o\r\nWinScorePrefPath=p\r\nBypassLibTest1=False\r\nACCSPath=q\r\nLJPath=r\r\n"
-        "BeamPath=s\r\nMidiScorPath=t\r\nLascorPath=u\r\nSeps4idProgramPath=v\r\n";
-    const auto lines = linesOf(settings);
-    host.write("TULCNTRL.INI", "* mine\r\nOther=1\r\n" + crlf({lines.rbegin(), lines.rend()}));
+    const std::string settings = lines(
+        "MaxLogRecords=1000|WorkDrive=a|ScorePath=b|PagePath=c|ScorlasPath=d|JustPath=e|libPath=f|"
+        "hlpPath=g|PreferenceFilePath=h|AFMfilesPath=i|NotepadPath=j|WordpadPath=k|"
+        "ScoreEngineProgramPath=l|WinScoreProgramPath=m|WinScoreScorLibPath=n|WinScoreFontLibPath=o|"
+        "WinScorePrefPath=p|BypassLibTest1=False|ACCSPath=q|LJPath=r|BeamPath=s|MidiScorPath=t|"
+        "LascorPath=u|Seps4idProgramPath=v");
+    const Texts known = linesIn(settings);
+    host.write("TULCNTRL.INI", "* mine\r\nOther=1\r\n" + crlf({known.rbegin(), known.rend()}));
     ReadControlFile(true);
     const std::string text = host.read("TULCNTRL.INI");
     EXPECT_TRUE(
@@ -84,8 +66,7 @@ TEST_F(ControlFile, IsRewrittenInItsOwnOrderWithoutWhatItDoesNotKnow) {
 }
 
 TEST_F(ControlFile, EndsTheProgramWhenItCannotBeUsed) {
-    EXPECT_EQ(endOf([] { ReadControlFile(false); }), 1);
-    EXPECT_EQ(host.messages.back(), "Failed to open TULCNTRL.INI. Hit OK to terminate");
+    EXPECT_EQ(host.fatal([] { ReadControlFile(false); }), "Failed to open TULCNTRL.INI. Hit OK to terminate");
     host.write("TULCNTRL.INI", "NotepadPath=notepad.exe\r\n");
     EXPECT_EQ(endOf([] { ReadControlFile(false); }), 1) << "no limit of the log is a limit of 0";
     host.faultyFiles().refusals["TULCNTRL.INI"] = FileError::readOnly;
@@ -132,13 +113,13 @@ TEST_F(ControlFile, KeepsALogWithinItsLimit) {
 TEST_F(ControlFile, EndsTheProgramAtAMissingLogOnce) {
     EXPECT_EQ(startWith(100), 1);
     EXPECT_EQ(host.messages,
-              Lines{"Failed to open" + host.path("TULLOG.LOG") + " for input. Hit OK to terminate"});
+              Texts{"Failed to open" + host.path("TULLOG.LOG") + " for input. Hit OK to terminate"});
     EXPECT_EQ(endOf([] { ReadControlFile(true); }), std::nullopt) << "this start was counted";
     EXPECT_EQ(startWith(150), std::nullopt);
 }
 
 TEST_F(ControlFile, PutsTheBackupOfTheLogIntoTheCurrentFolder) {
-    fs::create_directory(host.nativeFolder() / "work");
+    host.makeFolder("work");
     host.write("TULLOG.BKP", "of the program's folder");
     host.write("work/TULLOG.BKP", "of the current folder");
     files().changeFolder(host.path("work"));
@@ -151,39 +132,12 @@ TEST_F(ControlFile, PutsTheBackupOfTheLogIntoTheCurrentFolder) {
 }
 
 TEST_F(ControlFile, TellsALogThatCouldNotBeSaved) {
-    fs::create_directory(host.nativeFolder() / "TULLOG.BKP");
+    host.makeFolder("TULLOG.BKP");
     writeLog(102);
     EXPECT_EQ(startWith(100), std::nullopt);
     EXPECT_TRUE(host.exists("TULLOG.LOG"));
-    EXPECT_EQ(host.messages, Lines{"Logging file " + host.path("TULLOG.LOG") +
+    EXPECT_EQ(host.messages, Texts{"Logging file " + host.path("TULLOG.LOG") +
                                    " is too long and could not be saved to TULLOG.BKP"});
-}
-
-TEST_F(ControlFile, AndOtherSettingsAreReadWhateverTheirLineEnds) {
-    host.install();
-    for (const std::string end : {"\r\n", "\n", "\r"}) {
-        machineSettings = {};
-        projectSettings = {};
-        monitors = {};
-        host.write("TULCNTRL.INI", "[UserSettings]" + end + "* c" + end + end + "MaxLogRecords=500" + end +
-                                       "LJPath=C:\\LJ.EXE");
-        ReadControlFile(false);
-        EXPECT_EQ(machineSettings.MaxLogRecords, 500);
-        EXPECT_EQ(machineSettings.LJPath, "C:\\LJ.EXE");
-        host.write("TULPROJ.PRO",
-                   "* c" + end + "MusDirectory=C:\\MUSIC" + end + end + "StaffRange=200" + end);
-        ReadProjectOptions();
-        EXPECT_EQ(projectSettings.MusDirectory, "C:\\MUSIC");
-        EXPECT_EQ(projectSettings.StaffRange, 200);
-        host.programs["TULMONIT.EXE"] = [&](const std::string&) {
-            host.write("TulMonit.TXT",
-                       "* c" + end + "NumberOfMonitors=3" + end + "WorkAreaHeight=4,700" + end);
-            return 0;
-        };
-        readTulMonit();
-        EXPECT_EQ(monitors.MonitorCount, 3);
-        EXPECT_EQ(monitors.WorkAreaHeight, 700);
-    }
 }
 
 TEST_F(ControlFile, AndOtherSettingsAreWrittenWithWindowsEnds) {

@@ -1,35 +1,21 @@
 #include "centre/first_use.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-#include "base/text.h"
-#include "centre/names_file.h"
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
-
-namespace fs = std::filesystem;
-using testing::crlf;
-using testing::endOf;
-using testing::ScriptedHost;
 
 constexpr Answer yes = Answer::ok;
 constexpr Answer refused = Answer::cancel;
 
 /// A machine with a drive C of its own, and a selection program that takes what the test lays out for it.
-class FirstUseSeries : public ::testing::Test {
+class FirstUseSeries : public HostTest {
   protected:
     FirstUseSeries() {
         host.install();
         identity.VersionText = "v8.0.0.200";
         host.programs["TULNAMES.EXE"] = [this](const std::string&) {
-            std::string text;
-            for (const std::string& name : selections.at(0)) text += namesFileLine(host.path(name));
-            host.write("NAMES.TUL", text);
+            writeNames(selections.at(0));
             selections.erase(selections.begin());
             return 0;
         };
@@ -41,62 +27,40 @@ class FirstUseSeries : public ::testing::Test {
 
     void make(std::initializer_list<const char*> names) {
         for (const fs::path name : names) {
-            fs::create_directories((host.nativeFolder() / name).parent_path());
+            host.makeFolder(name.parent_path());
             host.write(name.string(), "x");
         }
     }
-    bool said(const std::string& text) const {
-        return std::find(host.messages.begin(), host.messages.end(), text) != host.messages.end();
-    }
     std::string value(const std::string& key) const {
         std::string found = "(no such key)";
-        const std::string file = text();
-        for (const std::string_view line : linesOf(file))
+        for (const std::string& line : linesIn(text()))
             if (line.starts_with(key + "=")) found = line.substr(key.size() + 1);
         return found;
     }
+    void expectValues(const std::map<std::string, std::string>& values) const {
+        for (const auto& [key, expected] : values) EXPECT_EQ(value(key), expected) << key;
+    }
     std::string text() const { return host.read("TULCNTRL.INI"); }
-    std::string upper(const std::string& name) const { return upperCase(host.path(name)); }
 
-    ScriptedHost host;
-    std::vector<std::vector<std::string>> selections;  // one for each time the selection program runs
+    std::vector<Texts> selections;  // one for each time the selection program runs
 };
 
 TEST_F(FirstUseSeries, EndsInASettingsFileWhenEverythingIsRefused) {
     host.write("NAMES.TUL", "old");
     FirstUse();
     EXPECT_FALSE(host.exists("NAMES.TUL"));
-    EXPECT_EQ(text(), crlf({"[TulVariables]",
-                            "FirstExecuted=11-21-2026,09:05:07",
-                            "LastExecuted=11-21-2026,09:05:07",
-                            "TimesExecuted=0",
-                            "LastVersionExecuted=v8.0.0.200",
-                            "[UserSettings]",
-                            "MaxLogRecords=1000",
-                            "WorkDrive=",
-                            "ScorePath=",
-                            "PagePath=",
-                            "ScorlasPath=",
-                            "libPath=",
-                            "hlpPath=",
-                            "PreferenceFilePath=",
-                            "AFMfilesPath=",
-                            "NotepadPath=notepad.exe",
-                            "WordpadPath=wordpad.exe",
-                            "ScoreEngineProgramPath=",
-                            "BypassLibTest1=True",
-                            "WinScoreProgramPath=",
-                            "WinScoreScorLibPath=",
-                            "WinScoreFontLibPath=",
-                            "WinScorePrefPath=",
-                            "BypassLibTest1=True",
-                            "ACCSPath=",
-                            "LJPath=",
-                            "BeamPath=",
-                            "MidiScorPath=",
-                            "LascorPath=",
-                            "Seps4idProgramPath="}));
+    EXPECT_EQ(text(),
+              lines("[TulVariables]|FirstExecuted=11-21-2026,09:05:07|LastExecuted=11-21-2026,09:05:07|"
+                    "TimesExecuted=0|LastVersionExecuted=v8.0.0.200|[UserSettings]|MaxLogRecords=1000|"
+                    "WorkDrive=|ScorePath=|PagePath=|ScorlasPath=|libPath=|hlpPath=|PreferenceFilePath=|"
+                    "AFMfilesPath=|NotepadPath=notepad.exe|WordpadPath=wordpad.exe|ScoreEngineProgramPath=|"
+                    "BypassLibTest1=True|WinScoreProgramPath=|WinScoreScorLibPath=|WinScoreFontLibPath=|"
+                    "WinScorePrefPath=|BypassLibTest1=True|ACCSPath=|LJPath=|BeamPath=|MidiScorPath=|"
+                    "LascorPath=|Seps4idProgramPath="));
     EXPECT_TRUE(host.launches.empty());
+    EXPECT_TRUE(host.said(
+        "Neither SCORE/SCOR4 nor WinScore was selected. This is exceptional but entirely possible.\r\nIf "
+        "you want to link any of these programs, delete file TULCNTRL.INI and start TUL again."));
 }
 
 TEST_F(FirstUseSeries, FindsWhatLiesBesideScore4) {
@@ -105,41 +69,40 @@ TEST_F(FirstUseSeries, FindsWhatLiesBesideScore4) {
     selections = {{"scor4\\SCOR4.EXE"}};
     host.answers = {yes, refused};  // link SCORE; not JUST, which alone is missing
     FirstUse();
-    EXPECT_EQ(value("ScorePath"), upper("scor4\\SCOR4.EXE"));
-    EXPECT_EQ(value("WorkDrive"), "Z:\\");
-    EXPECT_EQ(value("PagePath"), upper("scor4\\PAGE4.EXE"));
-    EXPECT_EQ(value("libPath"), upper("scor4\\LIB"));
-    EXPECT_EQ(value("PreferenceFilePath"), upper("scor4\\LIB\\PREF-4.SCR"));
-    EXPECT_EQ(value("hlpPath"), upper("scor4\\HLP\\COD01-4.HLP"));
-    EXPECT_EQ(value("BypassLibTest1"), "False");
-    EXPECT_TRUE(
-        said("You can select the JUST program to be linked to TUL\r\nIf you do not want to link JUST to TUL, "
-             "just Cancel."));
-    EXPECT_EQ(host.launches,
-              std::vector<std::string>{host.path("TULNAMES.EXE") + " STARTDIR=" + host.folder() +
-                                       ",SUFFIX=EXE,MUSFOLDER=,NAMESFILE=NAMES.TUL,DEBUG=NO,MSG=Select "
-                                       "the SCORE/SCOR4 executable:"})
+    const std::string score = upper("scor4\\");
+    expectValues({{"ScorePath", score + "SCOR4.EXE"},
+                  {"WorkDrive", "Z:\\"},
+                  {"PagePath", score + "PAGE4.EXE"},
+                  {"libPath", score + "LIB"},
+                  {"PreferenceFilePath", score + "LIB\\PREF-4.SCR"},
+                  {"hlpPath", score + "HLP\\COD01-4.HLP"},
+                  {"BypassLibTest1", "False"}});
+    EXPECT_TRUE(host.said(
+        "You can select the JUST program to be linked to TUL\r\nIf you do not want to link JUST to TUL, "
+        "just Cancel."));
+    EXPECT_EQ(host.launches, Texts{host.path("TULNAMES.EXE") + " STARTDIR=" + host.folder() +
+                                   ",SUFFIX=EXE,MUSFOLDER=,NAMESFILE=NAMES.TUL,DEBUG=NO,MSG=Select "
+                                   "the SCORE/SCOR4 executable:"})
         << "blanks at the end of an argument string do not arrive";
 }
 
 TEST_F(FirstUseSeries, ChoosesBetweenTheScoresOfDriveC) {
     make({"disk/SCORE/SCORE.EXE", "disk/SCORE/JUST.EXE", "disk/SCOR4/SCOR4.EXE", "disk/LIB/FM00.PSC",
           "disk/LIB/PREF.SCR", "disk/HLP/CODE01.HLP"});
-    fs::create_directories(host.nativeFolder() / ".wine/dosdevices");
-    fs::create_symlink(host.nativeFolder() / "disk", host.nativeFolder() / ".wine/dosdevices/c:");
+    host.makeDriveC("disk");
     host.answers = {yes, Answer::yes};  // link SCORE, and Score3 of the two
     FirstUse();
-    EXPECT_TRUE(said(
+    EXPECT_TRUE(host.said(
         "Your system has both Score3 and Score4 on drive C.\r\nDo you want to link Score3? \r\n\r\nAnswer "
         "YES to link Score3, answer NO to link Score4"));
-    EXPECT_EQ(value("ScorePath"), "C:\\SCORE\\SCORE.EXE");
-    EXPECT_EQ(value("WorkDrive"), "C:\\");
-    EXPECT_EQ(value("PagePath"), "");
-    EXPECT_EQ(value("libPath"), "C:\\LIB");
-    EXPECT_EQ(value("PreferenceFilePath"), "C:\\LIB\\PREF.SCR");
-    EXPECT_EQ(value("hlpPath"), "C:\\HLP\\CODE01.HLP");
+    expectValues({{"ScorePath", "C:\\SCORE\\SCORE.EXE"},
+                  {"WorkDrive", "C:\\"},
+                  {"PagePath", ""},
+                  {"libPath", "C:\\LIB"},
+                  {"PreferenceFilePath", "C:\\LIB\\PREF.SCR"},
+                  {"hlpPath", "C:\\HLP\\CODE01.HLP"}});
 
-    fs::remove_all(host.nativeFolder() / "disk/SCORE");
+    host.remove("disk/SCORE");
     make({"lib/PREF.SCR"});
     selections = {{"lib\\PREF.SCR"}};
     host.answers = {yes};
@@ -157,20 +120,19 @@ TEST_F(FirstUseSeries, AsksForWhatDoesNotLieBesideScore) {
     EXPECT_EQ(value("PagePath"), upper("tools\\PAGE.EXE"));
     EXPECT_EQ(value("libPath"), "") << "a library without fonts is none";
     EXPECT_EQ(value("PreferenceFilePath"), upper("lib\\PREF.SCR"));
-    EXPECT_TRUE(
-        said("You selected the PAGE program: " + upper("tools\\PAGE.EXE") +
-             "\r\nIs that OK?\r\nNote that to change this name you can\r\nedit file TULCNTRL.INI by hand."));
+    EXPECT_TRUE(host.said(
+        "You selected the PAGE program: " + upper("tools\\PAGE.EXE") +
+        "\r\nIs that OK?\r\nNote that to change this name you can\r\nedit file TULCNTRL.INI by hand."));
     ASSERT_EQ(host.launches.size(), 3U);
-    EXPECT_NE(host.launches[1].find(",MUSFOLDER=" + upper("score") + ",NAMESFILE"), std::string::npos);
-    EXPECT_NE(host.launches[2].find(",SUFFIX=SCR,"), std::string::npos);
+    EXPECT_TRUE(contains(host.launches[1], ",MUSFOLDER=" + upper("score") + ",NAMESFILE"));
+    EXPECT_TRUE(contains(host.launches[2], ",SUFFIX=SCR,"));
 }
 
 TEST_F(FirstUseSeries, NeedsExactlyOneProgram) {
     make({"a.exe", "b.exe"});
     selections = {{"a.exe", "b.exe"}};
     host.answers = {yes};
-    EXPECT_EQ(endOf(FirstUse), 1);
-    EXPECT_EQ(host.messages.back(), "One file must be selected. You selected 2 files.");
+    EXPECT_EQ(host.fatal(FirstUse), "One file must be selected. You selected 2 files.");
     EXPECT_FALSE(host.exists("TULCNTRL.INI"));
 }
 
@@ -179,20 +141,20 @@ TEST_F(FirstUseSeries, LinksWinScoreAlone) {
     selections = {{"win\\WSCORE.EXE"}};
     host.answers = {refused, yes};
     FirstUse();
-    EXPECT_EQ(value("WinScoreProgramPath"), upper("win\\WSCORE.EXE"));
-    EXPECT_EQ(value("WinScorePrefPath"), upper("win\\") + "scorlib\\PREF.DAT");
-    EXPECT_EQ(value("libPath"), "");
-    EXPECT_EQ(value("BypassLibTest1"), "False");
-    EXPECT_TRUE(said("WinScore linkage failed. One of those not existing:\r\n - scorLib Path - " +
-                     upper("win\\") + "scorlib\r\n - fontLib Path - " + upper("win\\") +
-                     "fontlib\r\n - pref.dat Path - " + upper("win\\") +
-                     "scorlib\\PREF.DAT\r\nManual intervention on TULCNTRL.INI required..."));
+    expectValues({{"WinScoreProgramPath", upper("win\\WSCORE.EXE")},
+                  {"WinScorePrefPath", upper("win\\") + "scorlib\\PREF.DAT"},
+                  {"libPath", ""},
+                  {"BypassLibTest1", "False"}});
+    EXPECT_TRUE(host.said("WinScore linkage failed. One of those not existing:\r\n - scorLib Path - " +
+                          upper("win\\") + "scorlib\r\n - fontLib Path - " + upper("win\\") +
+                          "fontlib\r\n - pref.dat Path - " + upper("win\\") +
+                          "scorlib\\PREF.DAT\r\nManual intervention on TULCNTRL.INI required..."));
 
-    fs::remove(host.nativeFolder() / "NAMES.TUL");
+    host.remove("NAMES.TUL");
     selections = {{}};
     host.answers = {refused, yes};
     FirstUse();
-    EXPECT_TRUE(said("WinScore linkage failed. User canceled."));
+    EXPECT_TRUE(host.said("WinScore linkage failed. User canceled."));
 }
 
 TEST_F(FirstUseSeries, ChecksTheNamesOfOtherTools) {
@@ -204,27 +166,26 @@ TEST_F(FirstUseSeries, ChecksTheNamesOfOtherTools) {
     host.answers = {refused, refused, yes,     yes,     yes, yes, yes,    yes,
                     refused, yes,     refused, refused, yes, yes, refused};
     FirstUse();
-    EXPECT_EQ(value("ScoreEngineProgramPath"), upper("t\\SCOREENGINEDISPATCHER.EXE"));
-    EXPECT_EQ(value("AFMfilesPath"), host.path("afm"));
-    EXPECT_EQ(value("ACCSPath"), upper("t\\ACCS.EXE"));
-    EXPECT_EQ(value("LJPath"), "");
-    EXPECT_EQ(value("BeamPath"), "");
-    EXPECT_EQ(value("LascorPath"), upper("t\\LASCOR12.EXE"));
-    EXPECT_TRUE(
-        said("You selected the LJ program: " + upper("t\\BEAM.EXE") +
-             "\r\nIs that OK?\r\nNote that to change this name you can\r\nedit file TULCNTRL.INI by hand."))
+    expectValues({{"ScoreEngineProgramPath", upper("t\\SCOREENGINEDISPATCHER.EXE")},
+                  {"AFMfilesPath", host.path("afm")},
+                  {"ACCSPath", upper("t\\ACCS.EXE")},
+                  {"LJPath", ""},
+                  {"BeamPath", ""},
+                  {"LascorPath", upper("t\\LASCOR12.EXE")}});
+    EXPECT_TRUE(host.said(
+        "You selected the LJ program: " + upper("t\\BEAM.EXE") +
+        "\r\nIs that OK?\r\nNote that to change this name you can\r\nedit file TULCNTRL.INI by hand."))
         << "BEAM is confirmed under LJ's name";
 
-    fs::remove(host.nativeFolder() / "TULCNTRL.INI");
+    host.remove("TULCNTRL.INI");
     selections = {{"t\\LASCORXY.EXE"}};
     host.answers = {refused, refused, refused, refused, yes, refused, refused, refused, refused, yes};
-    EXPECT_EQ(endOf(FirstUse), 1);
-    EXPECT_EQ(host.messages.back(), "An incorrect name was given to link LASCORnn.EXE");
+    EXPECT_EQ(host.fatal(FirstUse), "An incorrect name was given to link LASCORnn.EXE");
     EXPECT_FALSE(host.exists("TULCNTRL.INI"));
 }
 
 TEST_F(FirstUseSeries, TellsAMissingSelectionProgramByWhatItIsFor) {
-    fs::remove(host.nativeFolder() / "TULNAMES.EXE");
+    host.remove("TULNAMES.EXE");
     host.answers = {refused, refused, refused, refused, yes, yes};
     EXPECT_EQ(endOf(FirstUse), 1);
     EXPECT_TRUE(host.messages.back().starts_with(
@@ -246,8 +207,7 @@ TEST_F(FirstUseSeries, AsksAboutMissingTables) {
 
 TEST_F(FirstUseSeries, EndsWhenTheFileCannotBeWritten) {
     host.faultyFiles().refusals["TULCNTRL.INI"] = FileError::readOnly;
-    EXPECT_EQ(endOf(FirstUse), 1);
-    EXPECT_EQ(host.messages.back(),
+    EXPECT_EQ(host.fatal(FirstUse),
               host.path("TULCNTRL.INI") + " could not be opened for output. Hit Enter to abort");
 }
 

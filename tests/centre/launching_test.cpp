@@ -1,40 +1,29 @@
 #include "centre/launching.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-using testing::endOf;
-using testing::ScriptedHost;
+using Launching = HostTest;
 
-int succeed(const std::string&) { return 0; }
-
-TEST(Launching, RunsAProgramByItsFileName) {
-    ScriptedHost host;
+TEST_F(Launching, RunsAProgramByItsFileName) {
     host.programs["TULRECOV.EXE"] = [](const std::string&) { return 255; };
     ShellAndWait("Z:\\TUL\\TULRECOV.EXE Z:\\A.EXE.MUS 12");
     EXPECT_EQ(host.launches.back(), "TULRECOV.EXE Z:\\A.EXE.MUS 12");
     EXPECT_TRUE(host.messages.empty()) << "a utility's own failure is not seen";
 }
 
-TEST(Launching, DoublesACharacterOfScoresArgumentsOnWindows2000) {
-    ScriptedHost host;
-    host.programs["SCORE.EXE"] = succeed;
+TEST_F(Launching, DoublesACharacterOfScoresArgumentsOnWindows2000) {
+    host.mayRun("SCORE.EXE");
     identity.OsCode = "2K Test";
     ShellAndWait("C:\\SCORE\\SCORE.EXE ABC");
     EXPECT_EQ(host.launches.back(), "SCORE.EXE AABC");
 }
 
-TEST(Launching, FindsTheEndOfAProgramInAnyFolder) {
-    ScriptedHost host;
-    host.programs["TULFOLDR.EXE"] = succeed;
-    host.programs["TULNAMES.EXE"] = succeed;
+TEST_F(Launching, FindsTheEndOfAProgramInAnyFolder) {
+    host.mayRun("TULFOLDR.EXE");
+    host.mayRun("TULNAMES.EXE");
     ShellAndWait("Z:\\m.exeter\\TULFOLDR.EXE FILE=A");
     EXPECT_EQ(host.launches.back(), "TULFOLDR.EXE FILE=A");
     ShellAndWait("Z:\\j.bates\\TULNAMES.EXE FILE=A");
@@ -44,25 +33,21 @@ TEST(Launching, FindsTheEndOfAProgramInAnyFolder) {
     EXPECT_TRUE(host.messages.empty());
 }
 
-TEST(Launching, StartsBatchFilesDirectlyAndEndsWhenThatFails) {
-    ScriptedHost host;
-    host.programs["GO.BAT"] = succeed;
+TEST_F(Launching, StartsBatchFilesDirectlyAndEndsWhenThatFails) {
+    host.mayRun("GO.BAT");
     ShellAndWait("Z:\\TUL\\GO.BAT 1 2");
     EXPECT_EQ(host.launches.back(), "Z:\\TUL\\GO.BAT 1 2");
     host.programs["GO.BAT"] = [](const std::string&) { return -1; };
-    EXPECT_EQ(endOf([] { ShellAndWait("Z:\\TUL\\GO.BAT 1 2"); }), 1);
-    EXPECT_EQ(host.messages.back(), "Failed to execute Z:\\TUL\\GO.BAT 1 2");
+    EXPECT_EQ(host.fatal([] { ShellAndWait("Z:\\TUL\\GO.BAT 1 2"); }),
+              "Failed to execute Z:\\TUL\\GO.BAT 1 2");
 }
 
-TEST(Launching, EndsAtACommandThatNamesNoProgram) {
-    ScriptedHost host;
-    EXPECT_EQ(endOf([] { ShellAndWait("gedit Z:\\A.TXT"); }), 1);
-    EXPECT_EQ(host.messages.back(),
+TEST_F(Launching, EndsAtACommandThatNamesNoProgram) {
+    EXPECT_EQ(host.fatal([] { ShellAndWait("gedit Z:\\A.TXT"); }),
               "ShellAndWait error: gedit Z:\\A.TXT\r\nAssure that TUL knows where NOTEPAD/WORDPAD are.");
 }
 
-TEST(Launching, GivesTheWholeScreenToEditorsAndHelp) {
-    ScriptedHost host;
+TEST_F(Launching, GivesTheWholeScreenToEditorsAndHelp) {
     for (const char* program : {"notepad.exe", "C:\\W\\WordPad.exe", "WINHELP.EXE", "clipbrd.exe"}) {
         ShellAndWait(std::string(program) + " A");
         EXPECT_TRUE(host.events.end()[-2].starts_with("launch maximized ")) << program;
@@ -71,8 +56,7 @@ TEST(Launching, GivesTheWholeScreenToEditorsAndHelp) {
     EXPECT_EQ(host.events.end()[-2], "launch TULEDIT.EXE");
 }
 
-TEST(Launching, TellsWhyAProgramDidNotStartAndGoesOn) {
-    ScriptedHost host;
+TEST_F(Launching, TellsWhyAProgramDidNotStartAndGoesOn) {
     ShellAndWait("Z:\\TUL\\TULCUT.EXE A");
     EXPECT_EQ(
         host.messages.back(),
@@ -87,8 +71,7 @@ TEST(Launching, TellsWhyAProgramDidNotStartAndGoesOn) {
         "not big enough.\r\nChange DPI setting to lower value.");
 }
 
-TEST(Launching, ShowsHelpWhereThePlatformStillHasItsHelpProgram) {
-    ScriptedHost host;
+TEST_F(Launching, ShowsHelpWhereThePlatformStillHasItsHelpProgram) {
     for (const auto& show : {+[] { ShowHelpFile("TulClef"); }, +[] { ShowOwnHelpFile(); }}) {
         identity.OsCode = "W7 Test";
         show();
@@ -99,11 +82,10 @@ TEST(Launching, ShowsHelpWhereThePlatformStillHasItsHelpProgram) {
         EXPECT_TRUE(host.launches.empty());
     }
     identity.OsCode = "XP Test";
-    host.programs = {{"TULWINHELP", succeed}, {"WINHELP.EXE", succeed}};
+    for (const char* program : {"TULWINHELP", "WINHELP.EXE"}) host.mayRun(program);
     ShowHelpFile("TulClef");
     ShowOwnHelpFile();
-    EXPECT_EQ(host.launches,
-              (std::vector<std::string>{"TULWINHELP TulClef", "WINHELP.EXE " + host.path("TULCNTRL.HLP")}));
+    EXPECT_EQ(host.launches, (Texts{"TULWINHELP TulClef", "WINHELP.EXE " + host.path("TULCNTRL.HLP")}));
 }
 
 }  // namespace

@@ -1,40 +1,31 @@
 #include "centre/names_file.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
-
 #include "centre/launching.h"
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-using testing::crlf;
-using testing::ScriptedHost;
-
-class NamesFile : public ::testing::Test {
+class NamesFile : public HostTest {
   protected:
     NamesFile() {
         for (const char* page : {"one.mus", "second.mus", "three.mus"}) host.write(page, "page");
     }
 
-    std::string upper(const std::string& name) const { return upperCase(host.path(name)); }
     void readNames(const std::string& text) {
         host.write("NAMES.TUL", text);
         ReadNamesFile();
     }
-    void expectDiscarded(const std::string& message) {
-        ASSERT_EQ(host.messages.size(), 1U);
-        EXPECT_EQ(host.messages[0], message);
+    void expectDiscarded(const std::string& text, const std::string& message) {
+        host.messages.clear();
+        host.shown.clear();
+        readNames(text);
+        EXPECT_EQ(host.messages, Texts{message});
         EXPECT_EQ(host.shown.size(), 1U);
         EXPECT_FALSE(host.exists("NAMES.TUL"));
         EXPECT_EQ(selection.SelectionCount, 0);
         EXPECT_FALSE(selection.SelectionValid);
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(NamesFile, IsReadWhateverItsLineEndsAndLetterCase) {
@@ -67,45 +58,33 @@ TEST_F(NamesFile, WithoutTheTerminatorIsToldAndTaken) {
     readNames(host.path("one.mus") + "\r\n" + host.path("three.mus") + " 1\r\n");
     EXPECT_EQ(selection.SelectionCount, 2);
     EXPECT_TRUE(selection.SelectionValid);
-    ASSERT_EQ(host.messages.size(), 1U);
-    EXPECT_EQ(host.messages[0],
-              "Filename [" + upper("ONE.MUS") +
-                  "] in Names file not terminated by ' 1'. Hit enter to continue (Assumed correct).");
+    EXPECT_EQ(host.messages,
+              Texts{"Filename [" + upper("ONE.MUS") +
+                    "] in Names file not terminated by ' 1'. Hit enter to continue (Assumed correct)."});
 }
 
-TEST_F(NamesFile, WithAnotherFolderIsDiscarded) {
-    std::filesystem::create_directory(host.nativeFolder() / "sub");
+TEST_F(NamesFile, ThatCannotBeASelectionIsDiscarded) {
+    host.makeFolder("sub");
     host.write("sub/one.mus", "page");
-    readNames(crlf({host.path("one.mus") + " 1", host.path("sub\\one.mus") + " 1"}));
+    const std::string one = host.path("one.mus") + " 1";
+    const std::string behind = "\r\nNames file will be deleted after view.";
+    expectDiscarded(crlf({one, host.path("sub\\one.mus") + " 1"}),
+                    "Names in Names file do not all have the same path prefix.\r\nThis is a requirement for "
+                    "printing with SCORLAS.\r\nCompared names are: " +
+                        upper("") + "\r\nAnd: " + upper("sub\\") + "\r\n" + behind);
     expectDiscarded(
-        "Names in Names file do not all have the same path prefix.\r\nThis is a requirement for printing "
-        "with SCORLAS.\r\nCompared names are: " +
-        upper("") + "\r\nAnd: " + upper("sub\\") + "\r\n\r\nNames file will be deleted after view.");
-}
-
-TEST_F(NamesFile, WithoutAFolderIsDiscarded) {
-    readNames(crlf({"one.mus 1"}));
-    expectDiscarded(
-        "Invalid record format in Names file.\r\nName must have a path prefix:\r\nONE.MUS\r\nNames file "
-        "will be deleted after view.");
-}
-
-TEST_F(NamesFile, WithAVanishedFileIsDiscarded) {
-    readNames(crlf({host.path("one.mus") + " 1", host.path("gone.mus") + " 1"}));
-    expectDiscarded(
-        "Name in Names file [" + upper("GONE.MUS") +
-        "] refers to non-existing or unaccessable file\r\nNames file will be deleted after view.");
-}
-
-TEST_F(NamesFile, OnADisketteIsToldInItsOwnWords) {
-    readNames(crlf({"a:\\gone.mus 1"}));
-    expectDiscarded(
-        "Name in names file [A:\\GONE.MUS] refers to non-existing or unaccessable file\r\nDefine a new "
-        "names file by music file selection.");
+        "one.mus 1\r\n",
+        "Invalid record format in Names file.\r\nName must have a path prefix:\r\nONE.MUS" + behind);
+    expectDiscarded(crlf({one, host.path("gone.mus") + " 1"}),
+                    "Name in Names file [" + upper("GONE.MUS") +
+                        "] refers to non-existing or unaccessable file" + behind);
+    expectDiscarded("a:\\gone.mus 1\r\n",
+                    "Name in names file [A:\\GONE.MUS] refers to non-existing or unaccessable file\r\nDefine "
+                    "a new names file by music file selection.");
 }
 
 TEST_F(NamesFile, WithAFolderOrANulInsteadOfAFileIsDiscarded) {
-    std::filesystem::create_directory(host.nativeFolder() / "dir.mus");
+    host.makeFolder("dir.mus");
     readNames(crlf({host.path("dir.mus") + " 1"}));
     EXPECT_EQ(selection.SelectionCount, 0);
     readNames(host.path(std::string("one\0.mus", 8)) + " 1\r\n");
@@ -122,14 +101,13 @@ TEST_F(NamesFile, KeepsABlankBeforeTheTerminator) {
 
 TEST_F(NamesFile, StatusCountsAllThreeListsAndDeletesStaleOnes) {
     host.write("one.eps", "eps");
-    host.write("NAMES.TUL", crlf({host.path("one.mus") + " 1"}));
+    writeNames({"one.mus"});
     host.write("NAMESEPS.TUL", crlf({host.path("one.eps") + " 1"}));
     host.write("NAMESXML.TUL", crlf({host.path("one.xml") + " 1", host.path("one.eps") + " 1"}));
     showNamesStatus();
-    ASSERT_EQ(host.messages.size(), 1U);
-    EXPECT_EQ(host.messages[0], "1 name(s) in " + host.path("NAMES.TUL") + "\r\n1 name(s) in " +
-                                    host.path("NAMESEPS.TUL") + "\r\n1 name(s) in " +
-                                    host.path("NAMESXML.TUL") + "\r\n");
+    EXPECT_EQ(host.messages, Texts{crlf({"1 name(s) in " + host.path("NAMES.TUL"),
+                                         "1 name(s) in " + host.path("NAMESEPS.TUL"),
+                                         "1 name(s) in " + host.path("NAMESXML.TUL")})});
     EXPECT_TRUE(host.exists("NAMESEPS.TUL"));
     EXPECT_FALSE(host.exists("NAMESXML.TUL"));
 }
@@ -144,11 +122,11 @@ TEST_F(NamesFile, ComesFromTheSelectionProgram) {
     projectSettings.MusDirectory = "Z:\\MUSIC";
     host.write("TULNAMES.EXE", "x");
     host.programs["TULNAMES.EXE"] = [this](const std::string&) {
-        host.write("NAMES.TUL", crlf({host.path("one.mus") + " 1"}));
+        writeNames({"one.mus"});
         return 0;
     };
     SelectFiles("Select Score music file(s)", tip);
-    EXPECT_EQ(host.events, (std::vector<std::string>{"hide", "launch " + host.path("TULNAMES.EXE"), "show"}));
+    EXPECT_EQ(host.events, (Texts{"hide", "launch " + host.path("TULNAMES.EXE"), "show"}));
     EXPECT_EQ(host.launches.at(0),
               host.path("TULNAMES.EXE") + " STARTDIR=" + host.folder() +
                   ",SUFFIX=MUS,MUSFOLDER=Z:\\MUSIC,NAMESFILE=NAMES.TUL,DEBUG=NO,MSG=Select Score "
@@ -161,7 +139,7 @@ TEST_F(NamesFile, ComesFromTheSelectionProgram) {
 TEST_F(NamesFile, ComesFromDroppedFiles) {
     host.write("TULOLE.EXE", "x");
     host.programs["TULOLE.EXE"] = [this](const std::string&) {
-        host.write("NAMES.TUL", crlf({host.path("one.mus") + " 1", host.path("three.mus") + " 1"}));
+        writeNames({"one.mus", "three.mus"});
         return 0;
     };
     std::string tip;
@@ -178,8 +156,7 @@ TEST_F(NamesFile, TooLargeADropIsToldAndTheSelectionStays) {
     std::string tip;
     DropFiles({"Z:\\A.MUS"}, tip);
     ASSERT_EQ(host.messages.size(), 1U);
-    EXPECT_TRUE(
-        host.messages[0].starts_with("Call to TULOLE.EXE causes error: not found\r\nUsually this error"));
+    EXPECT_TRUE(contains(host.messages[0], "Call to TULOLE.EXE causes error: not found\r\nUsually this"));
     EXPECT_EQ(selection.SelectionCount, 1);
 }
 
@@ -188,7 +165,7 @@ TEST_F(NamesFile, IsShownAndReadAgain) {
     EXPECT_EQ(testing::endOf([&] { ViewNamesFile(tip); }), 1);
     EXPECT_EQ(host.messages.back(),
               host.path("NAMES.TUL") + " creation failed. Programming error. Hit OK to abort");
-    host.write("NAMES.TUL", crlf({host.path("one.mus") + " 1"}));
+    writeNames({"one.mus"});
     ViewNamesFile(tip);
     EXPECT_EQ(host.shown.size(), 1U);
     EXPECT_EQ(selection.SelectionCount, 1);
@@ -199,10 +176,9 @@ TEST_F(NamesFile, AFolderIsTheLastLineThatIsNoComment) {
     host.write("TULFOLDR.TUL", "* chosen\r\nZ:\\ONE\r\n\r\nZ:\\TWO  \r\n* end\r\n");
     EXPECT_EQ(SelectFolder("Select AFM folder"), "Z:\\TWO");
     host.write("TULFOLDR.EXE", "x");
-    host.programs["TULFOLDR.EXE"] = [](const std::string&) { return 0; };
+    host.mayRun("TULFOLDR.EXE");
     SelectFolder("Select AFM folder");
-    EXPECT_EQ(host.events,
-              (std::vector<std::string>{"wait", "hide", "launch TULFOLDR.EXE", "show", "ready"}));
+    EXPECT_EQ(host.events, (Texts{"wait", "hide", "launch TULFOLDR.EXE", "show", "ready"}));
     EXPECT_EQ(host.launches.back(), "TULFOLDR.EXE REMARK=Select AFM folder,STARTDIR=" + host.folder() +
                                         ",FILE=TULFOLDR.TUL,DEBUG=NO");
 }

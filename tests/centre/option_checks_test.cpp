@@ -1,31 +1,37 @@
 #include "centre/option_checks.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-using testing::ScriptedHost;
+using Check = bool (*)(std::string&);
+void expectChecked(Check check, const std::map<std::string, std::string>& kept, const Texts& refused,
+                   const std::string& assumed) {
+    for (const auto& [typed, value] : kept) {
+        std::string text = typed;
+        EXPECT_TRUE(check(text)) << typed;
+        EXPECT_EQ(text, value);
+    }
+    for (std::string text : refused) {
+        EXPECT_FALSE(check(text)) << text;
+        EXPECT_EQ(text, assumed);
+    }
+}
 
-TEST(FontNumbers, AreThoseThatScoreKnows) {
-    const std::map<std::string, std::string> kept = {{"0", "0"},       {" 07 ", "7"},    {"199", "199"},
-                                                     {"1000", "1000"}, {"1199", "1199"}, {"5.0", "5"},
-                                                     {"-0", "0"},      {"+12", "12"}};
-    for (const auto& [typed, number] : kept) {
-        std::string text = typed;
-        EXPECT_TRUE(CheckFontNumber(text)) << typed;
-        EXPECT_EQ(text, number);
-    }
-    for (const char* typed : {"200", "999", "1200", "-1", "5.5", "", "_26", "1,2", "4e", "99999999999"}) {
-        std::string text = typed;
-        EXPECT_FALSE(CheckFontNumber(text)) << typed;
-        EXPECT_EQ(text, "0");
-    }
+TEST(OptionFields, KeepWhatScoreKnows) {
+    expectChecked(CheckFontNumber,
+                  {{"0", "0"},
+                   {" 07 ", "7"},
+                   {"199", "199"},
+                   {"1000", "1000"},
+                   {"1199", "1199"},
+                   {"5.0", "5"},
+                   {"-0", "0"},
+                   {"+12", "12"}},
+                  {"200", "999", "1200", "-1", "5.5", "", "_26", "1,2", "4e", "99999999999"}, "0");
+    expectChecked(CheckSize, {{".75", "0.75"}, {"9.99", "9.99"}, {"0.001", "0.001"}, {" 1.50", " 1.50"}},
+                  {"0", "10", "-1", "", ".", "1,5", "one", "5E5"}, "1");
 }
 
 TEST(FontPrefixes, HaveTwoDigits) {
@@ -35,49 +41,26 @@ TEST(FontPrefixes, HaveTwoDigits) {
     for (const auto& [typed, prefix] : kept) EXPECT_EQ(CheckFontPrefix(typed), prefix) << typed;
 }
 
-TEST(Sizes, LieBetweenZeroAndTen) {
-    const std::map<std::string, std::string> kept = {
-        {".75", "0.75"}, {"9.99", "9.99"}, {"0.001", "0.001"}, {" 1.50", " 1.50"}};
-    for (const auto& [typed, size] : kept) {
-        std::string text = typed;
-        EXPECT_TRUE(CheckSize(text)) << typed;
-        EXPECT_EQ(text, size) << "the text stays as it was typed";
-    }
-    for (const char* typed : {"0", "10", "-1", "", ".", "1,5", "one", "5E5"}) {
-        std::string text = typed;
-        EXPECT_FALSE(CheckSize(text)) << typed;
-        EXPECT_EQ(text, "1");
-    }
-}
+using KeptOptions = HostTest;
 
-TEST(OptionFields, TellWhatTheyKeepInstead) {
-    ScriptedHost host;
-    const auto expectTold = [&host](const std::string& kept, const std::string& expected,
-                                    const std::vector<std::string>& messages) {
-        EXPECT_EQ(kept, expected);
-        EXPECT_EQ(host.messages, messages) << expected;
-        host.messages.clear();
-    };
-    const std::vector<std::string> sizeRefused = {"Value not numeric or out of range. Assumed 1."};
-    const std::vector<std::string> lengthRefused = {"Invalid number of digits specified. Assumed 2."};
-    const std::vector<std::string> suffixRefused = {
-        "Invalid character in suffix. Only letters and digits are allowed."};
-
-    expectTold(keepFontNumber("200"), "0", {"Value not 00-99, 100-199, 1000-1099, 1100-1199. Assumed 0."});
-    expectTold(keepFontNumber("1100"), "1100", {});
-    expectTold(keepSize(".8"), "0.8", {});
-    expectTold(keepSize("10"), "1", sizeRefused);
-    expectTold(keepMarkedSize("1.10"), "201.1", {});
-    expectTold(keepMarkedSize("201.1"), "201", sizeRefused);
-    expectTold(keepLyricsSize("-12"), "-12", {});
-    expectTold(keepLyricsSize("-pt"), "1", sizeRefused);
-    expectTold(keepLyricsSize("12"), "1", sizeRefused);
-    expectTold(keepPageLength("7.9"), "7", {});
-    expectTold(keepPageLength("8"), "2", lengthRefused);
-    expectTold(keepPageLength("0.9"), "2", lengthRefused);
-    expectTold(keepSuffix(" mus2", "PAG"), "MUS", {});
-    expectTold(keepSuffix("m-s", "PAG"), "PAG", suffixRefused);
-    expectTold(keepSuffix("m\xE9", "PAG"), "PAG", suffixRefused);
+TEST_F(KeptOptions, TellWhatTheyAreInstead) {
+    const auto keepPageSuffix = [](const std::string& typed) { return keepSuffix(typed, "PAG"); };
+    const Texts sizeRefused = {"Value not numeric or out of range. Assumed 1."};
+    expectKept(keepFontNumber, {{"1100", "1100"}});
+    expectKept(keepFontNumber, {{"200", "0"}},
+               {"Value not 00-99, 100-199, 1000-1099, 1100-1199. Assumed 0."});
+    expectKept(keepSize, {{".8", "0.8"}});
+    expectKept(keepSize, {{"10", "1"}}, sizeRefused);
+    expectKept(keepMarkedSize, {{"1.10", "201.1"}});
+    expectKept(keepMarkedSize, {{"201.1", "201"}}, sizeRefused);
+    expectKept(keepLyricsSize, {{"-12", "-12"}});
+    expectKept(keepLyricsSize, {{"-pt", "1"}, {"12", "1"}}, sizeRefused);
+    expectKept(keepPageLength, {{"7.9", "7"}});
+    expectKept(keepPageLength, {{"8", "2"}, {"0.9", "2"}},
+               {"Invalid number of digits specified. Assumed 2."});
+    expectKept(keepPageSuffix, {{" mus2", "MUS"}});
+    expectKept(keepPageSuffix, {{"m-s", "PAG"}, {"m\xE9", "PAG"}},
+               {"Invalid character in suffix. Only letters and digits are allowed."});
 }
 
 TEST(FontCodes, StandForATextOfTheirOwnOrOfTheLibrary) {

@@ -1,24 +1,17 @@
 #include "centre/score_launching.h"
 
-#include <gtest/gtest.h>
-
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-using testing::endOf;
-using testing::ScriptedHost;
-namespace fs = std::filesystem;
-
 const std::string problem = "Installation problem. File not located where it is supposed to be:\r\n";
 
 /// SCORE's folder, a folder of pages, and a PAGE that leaves what it is told to leave where it was started.
-class ScoreLaunching : public ::testing::Test {
+class ScoreLaunching : public HostTest {
   protected:
     ScoreLaunching() {
-        for (const char* name : {"score", "music"}) fs::create_directory(host.nativeFolder() / name);
+        for (const char* name : {"score", "music"}) host.makeFolder(name);
         machineSettings.ScoreFolder = host.path("score\\");
         machineSettings.PagePath = host.path("score\\PAGE.EXE");
         put("score/PAGE.EXE");
@@ -37,16 +30,19 @@ class ScoreLaunching : public ::testing::Test {
         fs::last_write_time(host.nativeFolder() / name,
                             fs::file_time_type::clock::now() - std::chrono::hours(24 * 365 * 60));
     }
-    void makeReadOnly(const std::string& name) {
-        fs::permissions(host.nativeFolder() / name, fs::perms::owner_read);
+    /// The files of a folder with their contents.
+    std::string filesIn(const std::string& folder) const {
+        std::string found;
+        for (const std::string& name : files().list(host.path(folder)))
+            found += name + "=" + host.read(folder + "/" + name) + " ";
+        return found;
     }
     void expectBackAtHome() const {
         EXPECT_EQ(files().currentFolder(), host.folder());
         EXPECT_EQ(host.events.back(), "ready") << "the waiting pointer has gone";
     }
 
-    ScriptedHost host;
-    std::vector<std::string> results = {"BARS.TMP", "PAGE.PIF", "a.prn", "b.prn"};
+    Texts results = {"BARS.TMP", "PAGE.PIF", "a.prn", "b.prn"};
     std::string startedIn;
 };
 
@@ -73,10 +69,9 @@ TEST_F(ScoreLaunching, CallsTheDispatcherInTheFolderOfItsLink) {
 }
 
 TEST_F(ScoreLaunching, TellsOfADispatcherThatIsNotLinkedOrNotThere) {
-    EXPECT_EQ(endOf([] { CallScoreEngine("", "A"); }), 1);
-    EXPECT_EQ(host.messages.back(),
+    EXPECT_EQ(host.fatal([] { CallScoreEngine("", "A"); }),
               "Could not establish Score3 or Score4 from link profile - link your Score to ScoreEngine.");
-    host.programs[".EXE"] = [](const std::string&) { return 0; };
+    host.mayRun(".EXE");
     machineSettings.ScoreEngineProgramPath = "Dispatch.EXE";
     CallScoreEngine("3", "");
     EXPECT_EQ(host.messages.back(), problem + ".EXE") << "and goes on";
@@ -86,12 +81,12 @@ TEST_F(ScoreLaunching, TellsOfADispatcherThatIsNotLinkedOrNotThere) {
 TEST_F(ScoreLaunching, RunsAProgramBesideItsWorkFiles) {
     put("music/page1.mus");
     RunInWorkFolder(host.path("music"), "PAGE.EXE");
-    EXPECT_EQ(host.launches, std::vector<std::string>{"PAGE.EXE"});
+    EXPECT_EQ(host.launches, Texts{"PAGE.EXE"});
     EXPECT_EQ(startedIn, host.path("music"));
-    EXPECT_EQ(scoreRun.ScoreFolderFiles, std::vector<std::string>{"page1.mus"});
+    EXPECT_EQ(scoreRun.ScoreFolderFiles, Texts{"page1.mus"});
     EXPECT_EQ(scoreRun.NewestResult, host.path("music\\a.prn"));
-    EXPECT_FALSE(host.exists("music/PAGE.EXE")) << "it was a copy";
-    EXPECT_FALSE(host.exists("music/BARS.TMP"));
+    EXPECT_EQ(filesIn("music"), "PAGE.PIF=new a.prn=new b.prn=new page1.mus=music/page1.mus ")
+        << "the program was a copy";
     expectBackAtHome();
 
     scoreRun.NewestResult.clear();
@@ -114,17 +109,13 @@ TEST_F(ScoreLaunching, CarriesFilesToScoresFolderAndResultsBack) {
         return leave(arguments);
     };
     RunInScoreFolder("D:\\");
-    EXPECT_EQ(host.launches, std::vector<std::string>{"PAGE.EXE D:\\"});
+    EXPECT_EQ(host.launches, Texts{"PAGE.EXE D:\\"});
     EXPECT_EQ(startedIn, host.path("score"));
-    EXPECT_EQ(host.messages, std::vector<std::string>{});
-    EXPECT_FALSE(host.exists("score/page1.mus"));
-    EXPECT_EQ(host.read("music/page1.mus"), "music/page1.mus");
-    EXPECT_EQ(host.read("music/b.prn"), "new");
-    EXPECT_FALSE(host.exists("score/b.prn"));
-    EXPECT_FALSE(host.exists("music/a.prn")) << "that name was there before";
-    EXPECT_EQ(host.read("score/PAGE.PIF"), "new");
+    EXPECT_EQ(host.messages, Texts{});
+    EXPECT_EQ(filesIn("music"), "b.prn=new c.prn=new page1.mus=music/page1.mus page2.mus=music/page2.mus ");
+    EXPECT_EQ(filesIn("score"), "PAGE.EXE=score/PAGE.EXE PAGE.PIF=new a.prn=new ")
+        << "a.prn was there before";
     EXPECT_EQ(scoreRun.NewestResult, host.path("music\\b.prn"));
-    EXPECT_TRUE(host.exists("music/c.prn"));
     expectBackAtHome();
 }
 
@@ -152,7 +143,7 @@ TEST_F(ScoreLaunching, AsksBeforeItOverwrites) {
 TEST_F(ScoreLaunching, GoesOnWithScoresFolderAfterAFailedCopyAndDeletesOnlyItsCopies) {
     for (const char* name : {"music/a.mus", "music/b.mus", "music/c.mus", "score/b.mus", "score/c.mus"})
         put(name);
-    makeReadOnly("score/b.mus");
+    host.makeReadOnly("score/b.mus");
     scoreRun.UserFiles = {host.path("music\\a.mus"), host.path("music\\b.mus"), host.path("music\\c.mus")};
     host.answers = {Answer::ok};
     RunInScoreFolder("");
@@ -172,18 +163,18 @@ TEST_F(ScoreLaunching, GoesOnWithScoresFolderAfterAFailedCopyAndDeletesOnlyItsCo
 TEST_F(ScoreLaunching, TellsWhatItCannotEraseOrBringBack) {
     put("music/a.mus");
     put("music/b.prn");
-    makeReadOnly("music/b.prn");
+    host.makeReadOnly("music/b.prn");
     scoreRun.UserFiles = {host.path("music\\a.mus")};
     results = {"b.prn", "c.prn"};
     RunInScoreFolder("");
-    EXPECT_EQ(host.messages, std::vector<std::string>{"Failed to copy " + host.path("score\\b.prn") + " to " +
-                                                      host.path("music\\b.prn")});
+    EXPECT_EQ(host.messages,
+              Texts{"Failed to copy " + host.path("score\\b.prn") + " to " + host.path("music\\b.prn")});
     EXPECT_TRUE(host.exists("score/b.prn"));
     EXPECT_EQ(scoreRun.NewestResult, host.path("music\\c.prn"));
 
     results = {"d.prn"};
     host.programs["PAGE.EXE"] = [this, leave = host.programs["PAGE.EXE"]](const std::string& arguments) {
-        makeReadOnly("score/a.mus");
+        host.makeReadOnly("score/a.mus");
         return leave(arguments);
     };
     RunInScoreFolder("");
@@ -199,7 +190,7 @@ TEST_F(ScoreLaunching, CallsPageInItsFolderUnlessThePagesLieOnAnotherDrive) {
     host.time.year = 2002;
     CallPage();
     EXPECT_EQ(host.read("score/NAMES.TUL"), "NAMES.TUL");
-    EXPECT_EQ(host.launches, std::vector<std::string>{"PAGE.EXE"});
+    EXPECT_EQ(host.launches, Texts{"PAGE.EXE"});
     EXPECT_EQ(startedIn, host.path("score"));
     EXPECT_EQ(scoreRun.RunStartTime.year, 2002);
     EXPECT_EQ(scoreRun.NewestResult, host.path("score\\a.prn"));
@@ -215,9 +206,8 @@ TEST_F(ScoreLaunching, CallsPageInItsFolderUnlessThePagesLieOnAnotherDrive) {
 
 TEST_F(ScoreLaunching, EndsWhenPageCannotBeGivenTheNamesFile) {
     put("score/NAMES.TUL");
-    makeReadOnly("score/NAMES.TUL");
-    EXPECT_EQ(endOf(CallPage), 1);
-    EXPECT_EQ(host.messages.back(), "Failed to copy Names file from " + host.path("NAMES.TUL") + " to\r\n" +
+    host.makeReadOnly("score/NAMES.TUL");
+    EXPECT_EQ(host.fatal(CallPage), "Failed to copy Names file from " + host.path("NAMES.TUL") + " to\r\n" +
                                         host.path("score\\NAMES.TUL"));
     EXPECT_TRUE(host.launches.empty());
 }

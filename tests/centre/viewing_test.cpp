@@ -1,18 +1,12 @@
 #include "centre/viewing.h"
 
-#include <gtest/gtest.h>
-
 #include "centre/main_panel.h"
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-using testing::endOf;
-using testing::ScriptedHost;
-
-class Viewing : public ::testing::Test {
+class Viewing : public HostTest {
   protected:
     Viewing() {
         machineSettings.NotepadPath = "notepad.exe";
@@ -22,22 +16,20 @@ class Viewing : public ::testing::Test {
         host.write("music.mus", std::string("\x13\x00\x01", 3));
         host.write("TULPROJ.PRO", "MusDirectory=" + host.folder() + "\r\n");
     }
-    ScriptedHost host;
 };
 
 TEST_F(Viewing, TakesTheChosenEditorWhereItCanBeFound) {
     host.showsTextItself = false;
     ViewWithEditor(host.path("report.prn"));
     EXPECT_TRUE(host.launches.empty());
-    EXPECT_EQ(host.shown, std::vector<std::string>{"one\r\ntwo\r\n"})
-        << "without an editor the face shows it";
+    EXPECT_EQ(host.shown, Texts{"one\r\ntwo\r\n"}) << "without an editor the face shows it";
     machineSettings.NotepadPath = "gedit";
     ViewWithEditor(host.path("report.prn"));
     EXPECT_EQ(host.shown.size(), 2U) << "what cannot be run is not there";
-    host.programs["wordpad.exe"] = [](const std::string&) { return 0; };
+    host.mayRun("wordpad.exe");
     SetEditor(EditorCode::wordpad);
     ViewWithEditor(host.path("report.prn"));
-    EXPECT_EQ(host.launches, std::vector<std::string>{"wordpad.exe " + host.path("report.prn")});
+    EXPECT_EQ(host.launches, Texts{"wordpad.exe " + host.path("report.prn")});
     EXPECT_EQ(host.shown.size(), 2U);
 }
 
@@ -46,9 +38,9 @@ TEST_F(Viewing, FillsTheBuiltInViewer) {
     ViewInPanel(host.path("gone.txt"));
     EXPECT_EQ(host.messages.back(), "View via Tul viewer of non-existing file: " + host.path("gone.txt"));
     ViewInPanel(host.path("report.prn"));
-    EXPECT_EQ(host.opened, std::vector<std::string>{"frmNotepad"});
+    EXPECT_EQ(host.opened, Texts{"frmNotepad"});
     EXPECT_EQ(notepadPanel.caption, host.path("report.prn") + " - file TUL");
-    EXPECT_EQ(notepadPanel.lstTulboard.entries, (std::vector<std::string>{"one", "two"}));
+    EXPECT_EQ(notepadPanel.lstTulboard.entries, (Texts{"one", "two"}));
 }
 
 TEST_F(Viewing, TakesOverHandEditedSettings) {
@@ -66,10 +58,10 @@ TEST_F(Viewing, ListsTextFilesByTheirFirstBytes) {
     host.write("late.bin", std::string(250, 'x') + "\x01");
     host.write("early.bin", std::string(249, 'x') + "\x13");
     host.write("low.txt", "\x14\t\r\n\xFF");
-    std::filesystem::create_directory(host.nativeFolder() / "folder.txt");
+    host.makeFolder("folder.txt");
     SeeTextFile();
     EXPECT_EQ(mainPanel.lstTextFiles.entries,
-              (std::vector<std::string>{"TULPROJ.PRO", "empty.txt", "late.bin", "low.txt", "report.prn"}));
+              (Texts{"TULPROJ.PRO", "empty.txt", "late.bin", "low.txt", "report.prn"}));
     EXPECT_TRUE(mainPanel.lstTextFiles.visible);
     EXPECT_FALSE(mainPanel.tabsVisible);
     chooseTextFile("report.prn");
@@ -80,7 +72,7 @@ TEST_F(Viewing, ListsTextFilesByTheirFirstBytes) {
 }
 
 TEST_F(Viewing, TellsWhereNoTextFilesAre) {
-    std::filesystem::create_directory(host.nativeFolder() / "empty");
+    host.makeFolder("empty");
     host.write("TULPROJ.PRO", "MusDirectory=" + host.path("empty") + "\r\n");
     SeeTextFile();
     EXPECT_EQ(host.messages.back(), "There are no text files in directory:\r\n" + host.path("empty"));
@@ -89,10 +81,9 @@ TEST_F(Viewing, TellsWhereNoTextFilesAre) {
     SeeTextFile();
     EXPECT_EQ(host.messages.back(),
               "This functions requires that the initial folder is set. Set global option");
-    std::filesystem::remove(host.nativeFolder() / "TULPROJ.PRO");
-    EXPECT_EQ(endOf(SeeTextFile), 1);
-    EXPECT_EQ(host.messages.back(), "Project options [" + host.path("TULPROJ.PRO") +
-                                        "] could not be opened for input. Hit Enter to abort");
+    host.remove("TULPROJ.PRO");
+    EXPECT_EQ(host.fatal(SeeTextFile), "Project options [" + host.path("TULPROJ.PRO") +
+                                           "] could not be opened for input. Hit Enter to abort");
 }
 
 }  // namespace

@@ -1,36 +1,18 @@
-#include <gtest/gtest.h>
 
 #include <bit>
 #include <cmath>
-#include <limits>
 #include <random>
 
 #include "base/numbers.h"
-#include "base/text.h"
 #include "centre/names_file.h"
 #include "check/pmx_export.h"
 #include "check/pmx_numbers.h"
-#include "panels/panel_list.h"
-#include "shared/records.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::pmx {
 namespace {
 
-using testing::crlf;
-using testing::header;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::trailer;
-using testing::words;
-
-using Texts = std::vector<std::string>;
 using Append = void (*)(std::string&, float);
-
-constexpr float infinity = std::numeric_limits<float>::infinity();
-constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
-const std::string structuralError = "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
 
 std::string number(Append append, float value) {
     std::string text = "before";
@@ -75,8 +57,7 @@ TEST(PmxNumbers, KeepTheirColumns) {
     const std::vector<std::pair<float, std::string>> columns = {
         {-0.0F, " 0000.0000"}, {0.0005F, " 0000.0005"},    {-0.00004F, " 0000.0000"},
         {-2.5F, "-0002.5000"}, {99.9995F, " 0099.9995"},   {9999.9999F, " 10000.0000"},
-        {1E-8F, " 0000.0000"}, {1E9F, " 1000000000.0000"}, {-infinity, "-INF"},
-    };
+        {1E-8F, " 0000.0000"}, {1E9F, " 1000000000.0000"}, {-infinity, "-INF"}};
     for (const auto& [value, text] : columns) EXPECT_EQ(number(appendTabNumber, value), text);
     EXPECT_EQ(number(appendTabCode, 8) + number(appendTabCode, 16) + number(appendTabCode, 9.5F), " 816 10");
     EXPECT_EQ(number(appendTabTextStaff, 8) + number(appendTabTextStaff, 132), "  8 132");
@@ -89,15 +70,10 @@ TEST(PmxNumbers, KeepTheirColumns) {
     EXPECT_EQ(number(appendGeneral, 1E-8F), "1E-08");
 }
 
-class Exporting : public ::testing::Test {
+class Exporting : public HostTest {
   protected:
-    Exporting() {}
-
-    std::string file(const std::string& name) const { return upperCase(host.path(name)); }
     void run(const Texts& names) {
-        std::string text;
-        for (const std::string& name : names) text += namesFileLine(host.path(name));
-        host.write("NAMES.TUL", text);
+        writeNames(names);
         host.messages.clear();
         host.shown.clear();
         cmdPmxRun();
@@ -113,8 +89,6 @@ class Exporting : public ::testing::Test {
         pmxRun.options.optPMXformatCondensed = condensed;
         pmxRun.options.chkPMXcomment = comment;
     }
-
-    ScriptedHost host;
 };
 
 // A staff; a clef with a zero within; an item with Par 1 only; texts of all three codes.
@@ -156,7 +130,7 @@ TEST_F(Exporting, WritesCondensedNumbersAndComments) {
         return crlf({comment, text[from], text[from + 1]});
     };
     EXPECT_EQ(exported(page),
-              crlf({"* Input file is " + file("PAGE.MUS"), "* WordCount is 83",
+              crlf({"* Input file is " + upper("PAGE.MUS"), "* WordCount is 83",
                     "* Item 1, Number of parameters is 6", lines[0], "* Item 2, Number of parameters is 4",
                     lines[1], "* Item 3, Number of parameters is 2", lines[2]}) +
                   items(lines, 3, "* Item 4, Number of parameters is 15") +
@@ -179,7 +153,7 @@ TEST_F(Exporting, ReadsAFileListToItsEnd) {
     const std::string staff = words({6, 8, 1, 0, 0, 1, 200});
     host.write("FILES.TMP", staff + staff);
     run({"FILES.TMP"});
-    EXPECT_EQ(host.read("FILES.PMX"), crlf({"* Input file is " + file("FILES.TMP"), "* WordCount is 14",
+    EXPECT_EQ(host.read("FILES.PMX"), crlf({"* Input file is " + upper("FILES.TMP"), "* WordCount is 14",
                                             "* Item 1, Number of parameters is 6", "8 1 0 0 1 200",
                                             "* Item 2, Number of parameters is 6", "8 1 0 0 1 200"}));
     EXPECT_TRUE(host.messages.empty());
@@ -213,7 +187,7 @@ TEST_F(Exporting, KeepsWhatStandsBeforeAFailure) {
         EXPECT_EQ(host.messages, Texts{structuralError});
     }
     EXPECT_EQ(exported(header(-5) + "rest"),
-              crlf({"* Input file is " + file("PAGE.MUS"), "* WordCount is -5"}));
+              crlf({"* Input file is " + upper("PAGE.MUS"), "* WordCount is -5"}));
     EXPECT_EQ(host.messages, Texts{structuralError});
 }
 
@@ -225,15 +199,15 @@ TEST_F(Exporting, ReportsPathsAndOutputNames) {
     pmxRun.options.chkPMXshow = true;
     run({"a.mus", "old.pmx", "long name", "two.stops.mus"});
     EXPECT_EQ(host.messages, Texts{"Input file to create PMX may not have .PMX suffix"});
-    const std::size_t width = file("two.stops.mus").size();
+    const std::size_t width = upper("two.stops.mus").size();
     ASSERT_EQ(host.shown.size(), 4U) << "three files and the report";
     EXPECT_EQ(host.shown[0], "14  1\r\n");
     EXPECT_EQ(
         host.shown[3],
         crlf({"PMX File creation 11-21-2026 09:05:07", " ", padRight("Input Path", width) + "  Output Path",
-              std::string(width, '-') + "  -----------", padRight(file("a.mus"), width) + " A.PMX       ",
-              padRight(file("long name"), width) + " LONG NAME.PMX", file("two.stops.mus") + " TWO.PMX     ",
-              " ", "Number of files processed: 4"}));
+              std::string(width, '-') + "  -----------", padRight(upper("a.mus"), width) + " A.PMX       ",
+              padRight(upper("long name"), width) + " LONG NAME.PMX",
+              upper("two.stops.mus") + " TWO.PMX     ", " ", "Number of files processed: 4"}));
     EXPECT_FALSE(host.exists("TULPMX.PRN"));
     EXPECT_EQ(host.read("LONG NAME.PMX"), "14  1\r\n");
     EXPECT_EQ(host.read("old.pmx"), "14 1");
@@ -252,7 +226,7 @@ TEST_F(Exporting, EndsTheRunWhereItCannotWrite) {
     host.write("C.MUS", pageOf(words({2, 14, 1})));
     host.faultyFiles().refusals["B.PMX"] = FileError::readOnly;
     run({"A.MUS", "B.MUS", "C.MUS"});
-    EXPECT_EQ(host.messages, Texts{"Open error on file " + file("B.PMX") + ", Error code= 75"});
+    EXPECT_EQ(host.messages, Texts{"Open error on file " + upper("B.PMX") + ", Error code= 75"});
     EXPECT_TRUE(host.exists("A.PMX"));
     EXPECT_FALSE(host.exists("C.PMX"));
     EXPECT_TRUE(host.shown.empty());
@@ -260,7 +234,7 @@ TEST_F(Exporting, EndsTheRunWhereItCannotWrite) {
     EXPECT_FALSE(pmxRun.control.running);
 
     host.faultyFiles().refusals["TULPMX.PRN"] = FileError::permissionDenied;
-    std::filesystem::remove(host.nativeFolder() / "A.PMX");
+    host.remove("A.PMX");
     run({"A.MUS"});
     EXPECT_EQ(host.messages,
               Texts{"Open error in FRMPMX.FRM " + host.path("TULPMX.PRN") + ", Error code= 70"});
@@ -304,14 +278,14 @@ TEST_F(Exporting, TakesDroppedFileListsOverItself) {
     select.drop({host.path("A.MUS"), host.path("FILES.TMP")});
     EXPECT_EQ(host.read("NAMES.TUL"), crlf({host.path("A.MUS") + " 1", host.path("FILES.TMP") + " 1"}));
     EXPECT_EQ(selection.SelectionCount, 2);
-    EXPECT_TRUE(panel.command("cmdPmxView")->toolTip().ends_with(file("A.MUS")));
+    EXPECT_TRUE(panel.command("cmdPmxView")->toolTip().ends_with(upper("A.MUS")));
     EXPECT_EQ(panel.press("cmdPmxRun"), PanelAnswer::done);
     EXPECT_EQ(host.read("FILES.PMX"), "14 1\r\n");
 
     host.faultyFiles().refusals["NAMES.TUL"] = FileError::diskFull;
     select.drop({host.path("FILES.TMP")});
     EXPECT_EQ(host.messages, Texts{"Drop error or open error of: " + host.path("NAMES.TUL")});
-    host.programs["TULOLE.EXE"] = [](const std::string&) { return 0; };
+    host.mayRun("TULOLE.EXE");
     select.drop({host.path("A.MUS")});
     EXPECT_TRUE(host.launches.back().starts_with("TULOLE.EXE ")) << "which other drops go through";
 }

@@ -1,77 +1,55 @@
-#include <gtest/gtest.h>
 
 #include <fstream>
 #include <iomanip>
-#include <map>
-#include <sstream>
 
-#include "base/text.h"
-#include "command/arguments.h"
-#include "command/command_run.h"
 #include "samples/page_builder.h"
-#include "support/scripted_host.h"
+#include "support/command_line.h"
 
 namespace tul::command {
 namespace {
 
 using samples::PageBuilder;
-using testing::ScriptedHost;
-
-using Words = std::vector<std::string>;
 
 /// The words of a command line, those in quotation marks without them.
-Words wordsOf(const std::string& line) {
+Texts wordsOf(const std::string& line) {
     std::istringstream rest(line);
-    Words words;
+    Texts words;
     for (std::string word; rest >> std::quoted(word);) words.push_back(word);
     return words;
 }
 
 /// The command lines of the guide, by the bold words that the example begins with.
-std::map<std::string, Words> examplesOfGuide() {
+std::map<std::string, Texts> examplesOfGuide() {
     std::ifstream guide(TUL_SOURCE_FOLDER "/../docs/edit.md");
-    std::map<std::string, Words> examples;
+    std::map<std::string, Texts> examples;
     std::string title;
     for (std::string line; std::getline(guide, line);) {
         if (line.starts_with("**")) title = line.substr(2, line.find("**", 2) - 2);
         if (!line.starts_with("    tulcmd ")) continue;
         for (std::string next; line.ends_with('\\') && std::getline(guide, next);)
             line = line.substr(0, line.size() - 1) + next;
-        Words words = wordsOf(line);
+        Texts words = wordsOf(line);
         words.erase(words.begin());
         examples[title] = words;
     }
     return examples;
 }
 
-class EditGuide : public ::testing::Test {
+class EditGuide : public HostTest {
   protected:
     EditGuide() { host.install(); }
 
     /// What an example prints, on two pages of these items.
     std::string run(const std::string& title, const PageBuilder& items) {
         for (const char* name : {"page1.mus", "page2.mus"}) host.write(name, items.bytes());
-        Words words = examples[title];
+        Texts words = examples[title];
         EXPECT_FALSE(words.empty()) << title;
         for (std::string& word : words)
             if (word.starts_with("page")) word = (host.nativeFolder() / word).string();
-        Arguments arguments;
-        EXPECT_TRUE(parseArguments(words, arguments).goOn) << title;
-        arguments.restAnswer = RestAnswer::no;  // to the questions of first use
-        std::ostringstream out;
-        std::ostringstream err;
-        std::istringstream in;
-        const Host machine{.files = &files(),
-                           .processes = &processes(),
-                           .profile = &profile(),
-                           .clock = &clock(),
-                           .platform = &platform(),
-                           .face = nullptr};
-        EXPECT_EQ(runCommand(arguments, machine, host.folder(),
-                             {.out = out, .err = err, .in = in, .canAsk = false, .showsProgress = false}),
-                  0)
-            << err.str();
-        return out.str();
+        words.insert(words.begin(), "--no");  // to the questions of first use
+        const testing::Outcome outcome = testing::runTulcmd(host, words);
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        return outcome.out;
     }
     /// True when both pages are now these, stamp included.
     void expectPages(PageBuilder items) {
@@ -79,8 +57,7 @@ class EditGuide : public ::testing::Test {
         for (const char* name : {"page1.mus", "page2.mus"}) EXPECT_EQ(host.read(name), items.bytes()) << name;
     }
 
-    ScriptedHost host;
-    std::map<std::string, Words> examples = examplesOfGuide();
+    std::map<std::string, Texts> examples = examplesOfGuide();
 };
 
 PageBuilder lyrics(const char* first, const char* second, double font) {
@@ -94,9 +71,8 @@ TEST_F(EditGuide, ReplacesASyllable) {
     const std::string report =
         run("Replace a lyric syllable on all pages.", lyrics("_05dwell,", "_05dweller", 5));
     expectPages(lyrics("_05live,", "_05dweller", 5));
-    EXPECT_NE(report.find("Number of replaces . . . . . . 2 (Find string: dwell Replace string: live)"),
-              std::string::npos)
-        << report;
+    EXPECT_TRUE(
+        contains(report, "Number of replaces . . . . . . 2 (Find string: dwell Replace string: live)"));
     EXPECT_TRUE(host.exists("PAGE1.BKU"));
 }
 

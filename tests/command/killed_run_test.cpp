@@ -1,5 +1,4 @@
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,17 +10,15 @@
 #include <thread>
 
 #include "samples/many.h"
-#include "support/scripted_host.h"
+#include "support/installation.h"
 
 extern char** environ;
 
 namespace tul {
 namespace {
 
-namespace fs = std::filesystem;
 using std::chrono::microseconds;
 using std::chrono::steady_clock;
-using testing::ScriptedHost;
 
 constexpr int pageCount = 500;
 constexpr int kills = 200;
@@ -36,32 +33,25 @@ struct FolderInMemory {
 };
 
 /// A process that rewrites five hundred pages, each with a backup, and that is killed on the way.
-class KilledRun : public ::testing::Test {
+class KilledRun : protected FolderInMemory, public testing::InstallationTest {
   protected:
     KilledRun() {
-        for (const char* name :
-             {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULSCORE.EXE", "TULSKORE.EXE"})
-            fs::create_symlink(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
-        fs::copy(fs::path(TUL_PROGRAM_FOLDER) / "TULCMD.EXE", home / "TULCMD.EXE");
-        host.write("TULCNTRL.HLP", "help");
-        setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
-        unsetenv("DISPLAY");
         EXPECT_EQ(endOfProcess(start({"--no", "logo", "--press", "mnuNamesStatus"})), 0) << "first use";
         fs::create_directory(home / "music");
-        std::string names;
+        Texts names;
         for (int number = 1; number <= pageCount; ++number) {
             pages.push_back("P" + std::to_string(number));
             old.push_back(samples::manyPage(number, 2000));
             host.write(page(pages.back()), old.back());
-            names += host.path("music\\" + pages.back() + ".MUS") + " 1\r\n";
+            names.push_back("music\\" + pages.back() + ".MUS");
         }
-        host.write("NAMES.TUL", names);
+        writeNames(names);
     }
 
     static std::string page(const std::string& name) { return "music/" + name + ".MUS"; }
     static std::string backup(const std::string& name) { return "music/" + name + ".BKU"; }
 
-    pid_t start(std::vector<std::string> words) const {
+    pid_t start(Texts words) const {
         words.insert(words.begin(), (home / "TULCMD.EXE").string());
         std::vector<char*> arguments;
         for (std::string& word : words) arguments.push_back(word.data());
@@ -118,14 +108,11 @@ class KilledRun : public ::testing::Test {
         return count;
     }
 
-    const std::vector<std::string> resize = {"--no",       "--set", "chkResizBackup=1",       "--set",
-                                             "tabResiz=2", "--set", "txtResizeStaffSize=0.9", "resiz"};
-    const FolderInMemory inMemory;  // before the folder is made
-    ScriptedHost host;
-    const fs::path home = host.nativeFolder();
-    std::vector<std::string> pages;
-    std::vector<std::string> old;
-    std::vector<std::string> renewed;
+    const Texts resize = {"--no",       "--set", "chkResizBackup=1",       "--set",
+                          "tabResiz=2", "--set", "txtResizeStaffSize=0.9", "resiz"};
+    Texts pages;
+    Texts old;
+    Texts renewed;
 };
 
 TEST_F(KilledRun, LeavesEveryPageOldOrNewAndTheOldOneInItsBackup) {

@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 
 #include <array>
@@ -6,16 +5,12 @@
 #include <cstdlib>
 
 #include "companions/companion.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/installation.h"
 
 namespace tul {
 namespace {
 
-namespace fs = std::filesystem;
 using companion::ArgumentPairs;
-using testing::crlf;
-using testing::ScriptedHost;
 
 TEST(ArgumentString, HoldsBlanksAndCommasInItsValues) {
     const ArgumentPairs pairs("STARTDIR=Z:\\My Music, old,SUFFIX=MUS,MSG=Select file(s), or none,DEBUG=NO");
@@ -28,7 +23,7 @@ TEST(ArgumentString, HoldsBlanksAndCommasInItsValues) {
 
 TEST(ArgumentString, EndsInTheListOfPaths) {
     const ArgumentPairs pairs("NAMESFILE=NAMES.TUL,TYPE=MUS,LIST=Z:\\a=b.mus,Z:\\c, d.mus,C:\\e.mus,");
-    EXPECT_EQ(pairs.list(), (std::vector<std::string>{"Z:\\a=b.mus", "Z:\\c, d.mus", "C:\\e.mus"}));
+    EXPECT_EQ(pairs.list(), (Texts{"Z:\\a=b.mus", "Z:\\c, d.mus", "C:\\e.mus"}));
 }
 
 struct Outcome {
@@ -36,21 +31,8 @@ struct Outcome {
     std::string out;  // both streams
 };
 
-/// The built programs in an installation folder of their own, run as processes.
-class Installation : public ::testing::Test {
+class Installation : public testing::InstallationTest {
   protected:
-    Installation() {
-        for (const char* name : {"TULOLE.EXE", "TULMONIT.EXE", "TULNAMES.EXE", "TULFOLDR.EXE", "TULRECOV.EXE",
-                                 "TULSCORE.EXE", "TULSKORE.EXE"})
-            fs::create_symlink(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
-        // A copy: the program takes the folder in which it truly lies for its installation.
-        fs::copy(fs::path(TUL_PROGRAM_FOLDER) / "TULCMD.EXE", home / "TULCMD.EXE");
-        host.write("TULCNTRL.HLP", "help");
-        setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
-        for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "TUL_TALK"})
-            unsetenv(display);
-    }
-
     Outcome run(const std::string& command) {
         const std::string line = "cd '" + home.string() + "' && { " + command + "; } 2>&1 </dev/null";
         FILE* const pipe = popen(line.c_str(), "r");
@@ -61,14 +43,11 @@ class Installation : public ::testing::Test {
         outcome.status = WEXITSTATUS(pclose(pipe));
         return outcome;
     }
-
-    ScriptedHost host;
-    const fs::path home = host.nativeFolder();
 };
 
 TEST_F(Installation, DroppedFilesBecomeTheSelection) {
     host.write("a b.mus", "1");
-    fs::create_directory(home / "folder");
+    host.makeFolder("folder");
     const std::string list =
         host.path("a b.mus") + "," + host.path("gone.mus") + "," + host.path("folder") + ",";
     const Outcome outcome = run("./TULOLE.EXE 'STARTDIR=" + host.folder() +
@@ -78,7 +57,7 @@ TEST_F(Installation, DroppedFilesBecomeTheSelection) {
 
     const Outcome nothing = run("./TULOLE.EXE 'STARTDIR=" + host.folder() + ",NAMESFILE=NAMES.TUL,LIST='");
     EXPECT_EQ(nothing.status, 1);
-    EXPECT_NE(nothing.out.find("the selection stays as it was"), std::string::npos);
+    EXPECT_TRUE(contains(nothing.out, "the selection stays as it was"));
     EXPECT_NE(host.read("NAMES.TUL"), "");
     EXPECT_EQ(run("./TULOLE.EXE").status, 1);
 }
@@ -95,7 +74,7 @@ TEST_F(Installation, WhatNeedsAWindowSaysSoAndLeavesTheSelection) {
     const Outcome names =
         run("./TULNAMES.EXE 'STARTDIR=" + host.folder() + ",SUFFIX=MUS,NAMESFILE=NAMES.TUL,DEBUG=NO'");
     EXPECT_EQ(names.status, 1);
-    EXPECT_NE(names.out.find("TULNAMES: choosing files needs a display or a terminal"), std::string::npos);
+    EXPECT_TRUE(contains(names.out, "TULNAMES: choosing files needs a display or a terminal"));
     EXPECT_EQ(host.read("NAMES.TUL"), "* mine\r\n");
     const Outcome folder =
         run("./TULFOLDR.EXE 'REMARK=Which,STARTDIR=" + host.folder() + ",FILE=TULFOLDR.TUL,DEBUG=NO'");
@@ -104,13 +83,13 @@ TEST_F(Installation, WhatNeedsAWindowSaysSoAndLeavesTheSelection) {
 }
 
 TEST_F(Installation, ScoreIsOpenedWhereItIsLinked) {
-    EXPECT_NE(run("./TULSKORE.EXE").out.find("TULSKORE: there is no TULCNTRL.INI"), std::string::npos);
+    EXPECT_TRUE(contains(run("./TULSKORE.EXE").out, "TULSKORE: there is no TULCNTRL.INI"));
     host.write("TULCNTRL.INI", "ScorePath=\r\n");
-    EXPECT_NE(run("./TULSKORE.EXE").out.find("no SCORE is linked"), std::string::npos);
+    EXPECT_TRUE(contains(run("./TULSKORE.EXE").out, "no SCORE is linked"));
     host.write("TULCNTRL.INI", "ScorePath=Z:\\none\\SCORE.EXE\r\n");
-    EXPECT_NE(run("./TULSKORE.EXE").out.find("was not found: Z:\\none\\SCORE.EXE"), std::string::npos);
+    EXPECT_TRUE(contains(run("./TULSKORE.EXE").out, "was not found: Z:\\none\\SCORE.EXE"));
 
-    fs::create_directory(home / "score");
+    host.makeFolder("score");
     host.write("score/SCORE.EXE", "#!/bin/sh\necho \"$PWD [$1]\"\n");
     fs::permissions(home / "score/SCORE.EXE", fs::perms::owner_all);
     host.write("TULCNTRL.INI", "ScorePath=" + host.path("score\\SCORE.EXE") + "\r\n");
@@ -121,8 +100,7 @@ TEST_F(Installation, ScoreIsOpenedWhereItIsLinked) {
 
     host.write("TULCNTRL.INI", "WinScoreProgramPath=" + host.path("score\\SCORE.EXE") + "\r\n");
     EXPECT_EQ(run("./TULSKORE.EXE").out, (home / "score").string() + " []\n");
-    EXPECT_NE(run("./TULSCORE.EXE '.,,FORCEDOSVERSION=YES'").out.find("no SCORE is linked"),
-              std::string::npos);
+    EXPECT_TRUE(contains(run("./TULSCORE.EXE '.,,FORCEDOSVERSION=YES'").out, "no SCORE is linked"));
 }
 
 const std::string rest = testing::words({3, 2, 1, 40});
@@ -130,13 +108,13 @@ const std::string damagedPage = testing::pageOf(rest + testing::words({1}) + res
 
 TEST_F(Installation, WindowsAreForThoseWhoWorkInThem) {
     for (const char* name : {"TULSKORE.EXE", "TULRECOV.EXE"}) {
-        fs::remove(home / name);  // the window is looked for beside the program that asks for it
+        host.remove(name);  // the window is looked for beside the program that asks for it
         fs::copy(fs::path(TUL_COMPANION_FOLDER) / name, home / name);
     }
     host.write("TULTELL.EXE", "#!/bin/sh\nprintf '[%s]' \"$@\" >told\n");
     fs::permissions(home / "TULTELL.EXE", fs::perms::owner_all);
     const auto told = [&](const std::string& environment, const std::string& program = "./TULSKORE.EXE") {
-        fs::remove(home / "told");
+        host.remove("told");
         run("env " + environment + " " + program);
         return host.exists("told") ? host.read("told") : std::string();
     };
@@ -152,26 +130,24 @@ TEST_F(Installation, WindowsAreForThoseWhoWorkInThem) {
     host.write("page.mus", testing::pageOf(rest));
     const std::string report = told("DISPLAY=:0", "./TULRECOV.EXE page.mus 1");
     EXPECT_TRUE(report.starts_with("[report][TULRECOV][")) << report;
-    EXPECT_NE(report.find("is not damaged: 1 items."), std::string::npos) << report;
+    EXPECT_TRUE(contains(report, "is not damaged: 1 items."));
     EXPECT_EQ(run("env TUL_TALK=terminal DISPLAY=:0 ./TULNAMES.EXE STARTDIR=a,NAMESFILE=b").status, 1);
 }
 
 TEST_F(Installation, ValidationsOfferRecoversAPage) {
-    fs::create_directory(home / "my music");
+    host.makeFolder("my music");
     host.write("my music/page.mus", damagedPage);
     run("./TULCMD.EXE --no logo --press mnuNamesStatus");
     const Outcome offered = run("./TULCMD.EXE --yes valid 'my music/page.mus'");
     EXPECT_EQ(offered.status, 3) << offered.out;
-    EXPECT_NE(offered.out.find("Items kept:        1\nItems found again: 3\nItems lost:        none"),
-              std::string::npos)
-        << offered.out;
+    EXPECT_TRUE(contains(offered.out, "Items kept:        1\nItems found again: 3\nItems lost:        none"));
     EXPECT_EQ(host.read("my music/PAGE.BKU"), damagedPage);
     EXPECT_EQ(host.read("my music/page.mus"), testing::pageOf(rest + rest + rest + rest));
     EXPECT_EQ(run("./TULCMD.EXE valid").status, 0);
 
     const Outcome sound = run("./TULRECOV.EXE 'my music/page.mus' 4");
     EXPECT_EQ(sound.status, 0);
-    EXPECT_NE(sound.out.find("is not damaged: 4 items. Nothing was changed."), std::string::npos);
+    EXPECT_TRUE(contains(sound.out, "is not damaged: 4 items. Nothing was changed."));
     EXPECT_FALSE(host.exists("my music/PAGE.BKV"));
 }
 
@@ -179,8 +155,8 @@ TEST_F(Installation, APageIsNotRecoveredWithoutABackup) {
     const auto refused = [&](const std::string& arguments, const std::string& why) {
         const Outcome outcome = run("./TULRECOV.EXE " + arguments);
         EXPECT_EQ(outcome.status, 1);
-        EXPECT_NE(outcome.out.find("TULRECOV: " + why), std::string::npos) << outcome.out;
-        EXPECT_EQ(outcome.out.find("Items kept"), std::string::npos);
+        EXPECT_TRUE(contains(outcome.out, "TULRECOV: " + why));
+        EXPECT_FALSE(contains(outcome.out, "Items kept"));
     };
     for (const char* arguments : {"", "12", "page.mus", "page.mus -1", "page.mus 1.5", "page.mus 99999"})
         refused(arguments, "a page and the number of its good items are needed");
@@ -208,17 +184,17 @@ TEST_F(Installation, APageIsNotRecoveredWithoutABackup) {
 }
 
 TEST_F(Installation, TulcmdWorksAsAProcess) {
-    fs::create_directory(home / "music");
+    host.makeFolder("music");
     host.write("music/page.mus", testing::pageOf(testing::words({2, 14, 1})));
     const Outcome first = run("./TULCMD.EXE valid music/page.mus");
     EXPECT_EQ(first.status, 0) << first.out;
-    EXPECT_NE(first.out.find("PAGE.MUS     "), std::string::npos);
+    EXPECT_TRUE(contains(first.out, "PAGE.MUS     "));
     EXPECT_TRUE(host.exists("TULCNTRL.INI"));
     EXPECT_FALSE(host.exists("TULVALID.PRN"));
     const Outcome again =
         run("cd / && '" + (home / "TULCMD.EXE").string() + "' --home '" + home.string() + "' valid");
     EXPECT_EQ(again.status, 0) << again.out;
-    EXPECT_NE(again.out.find("PAGE.MUS     "), std::string::npos) << "the selection of the home folder";
+    EXPECT_TRUE(contains(again.out, "PAGE.MUS     ")) << "the selection of the home folder";
     EXPECT_EQ(run("./TULCMD.EXE nothing").status, 2);
     host.write("music/page.mus", "x");
     EXPECT_EQ(run("./TULCMD.EXE valid").status, 3);

@@ -1,24 +1,16 @@
 #include "companions/file_choice.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 #include "companions/names_request.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::companion {
 namespace {
 
-using testing::crlf;
-using testing::ScriptedHost;
-using Names = std::vector<std::string>;
-
 TEST(NameOrder, CountsNumbersByTheirValue) {
-    const Names ordered = {"10A.MUS",     "page1.MUS",  "PAGE1A.MUS", "PAGE2.MUS",
+    const Texts ordered = {"10A.MUS",     "page1.MUS",  "PAGE1A.MUS", "PAGE2.MUS",
                            "PAGE002.MUS", "PAGE10.MUS", "PAGE10.PMX", "PAGE100.MUS",
                            "PAGEA.MUS",   "V2-12.MUS",  "V10-2.MUS",  "\xC4.MUS"};
-    Names names = ordered;
+    Texts names = ordered;
     std::reverse(names.begin(), names.end());
     std::sort(names.begin(), names.end(), standsBefore);
     EXPECT_EQ(names[3], "PAGE002.MUS") << "of equal numbers the bytes decide";
@@ -28,33 +20,32 @@ TEST(NameOrder, CountsNumbersByTheirValue) {
     EXPECT_FALSE(standsBefore("P1", "P1"));
 }
 
-class Choosing : public ::testing::Test {
+class Choosing : public HostTest {
   protected:
     Choosing() {
         for (const char* name : {"PAGE10.MUS", "Page2.mus", "page1.MUS", "NOTES.TXT", "PAGE1.PMX"})
             host.write(name, "1");
     }
-    Names shownNames(const FileChoice& choice) {
-        Names names;
+    Texts shownNames(const FileChoice& choice) {
+        Texts names;
         for (std::size_t row = 0; row < choice.rows(); ++row) names.push_back(choice.name(row));
         return names;
     }
-    ScriptedHost host;
 };
 
 TEST_F(Choosing, TakesWhatTheListShowsInItsOrder) {
     FileChoice choice({});
     choice.setSuffix("Mus");
     ASSERT_TRUE(choice.open(host.folder()));
-    EXPECT_EQ(shownNames(choice), (Names{"page1.MUS", "Page2.mus", "PAGE10.MUS"}));
+    EXPECT_EQ(shownNames(choice), (Texts{"page1.MUS", "Page2.mus", "PAGE10.MUS"}));
     EXPECT_EQ(choice.chosen(), 0U);
     choice.choose(2, true);
     choice.choose(0, true);
-    EXPECT_EQ(choice.chosenPaths(), (Names{host.path("page1.MUS"), host.path("PAGE10.MUS")}));
+    EXPECT_EQ(choice.chosenPaths(), (Texts{host.path("page1.MUS"), host.path("PAGE10.MUS")}));
     EXPECT_EQ(choice.longestPath(), host.path("PAGE10.MUS"));
 
     choice.setPart("e1.");
-    EXPECT_EQ(choice.chosenPaths(), Names{host.path("page1.MUS")});
+    EXPECT_EQ(choice.chosenPaths(), Texts{host.path("page1.MUS")});
     EXPECT_EQ(choice.hidden(), 1U);
     choice.setPart("mus");
     EXPECT_EQ(choice.rows(), 0U) << "all of them end in it";
@@ -62,15 +53,15 @@ TEST_F(Choosing, TakesWhatTheListShowsInItsOrder) {
     EXPECT_EQ(choice.rows(), 1U);
     choice.setPart("e1.");
     choice.setSuffix("");
-    EXPECT_EQ(shownNames(choice), (Names{"page1.MUS", "PAGE1.PMX"}));
+    EXPECT_EQ(shownNames(choice), (Texts{"page1.MUS", "PAGE1.PMX"}));
     choice.setPart("");
-    EXPECT_EQ(choice.chosenPaths(), (Names{host.path("page1.MUS"), host.path("PAGE10.MUS")}));
+    EXPECT_EQ(choice.chosenPaths(), (Texts{host.path("page1.MUS"), host.path("PAGE10.MUS")}));
     EXPECT_FALSE(choice.open(host.path("none")));
     EXPECT_EQ(choice.rows() + choice.chosen() + choice.hidden(), 0U);
 }
 
 TEST_F(Choosing, BeginsWithThePresentSelectionOfItsFolder) {
-    std::filesystem::create_directory(host.nativeFolder() / "other");
+    host.makeFolder("other");
     host.write("other/PAGE2.MUS", "1");
     host.write("PAGE2.MUS", "differs in letter case only");
     host.write("NAMES.TUL",
@@ -79,7 +70,7 @@ TEST_F(Choosing, BeginsWithThePresentSelectionOfItsFolder) {
     FileChoice choice(readNames(host.path("NAMES.TUL")));
     choice.setSuffix("MUS");
     choice.open(host.folder());
-    EXPECT_EQ(choice.chosenPaths(), (Names{host.path("Page2.mus"), host.path("PAGE10.MUS")}));
+    EXPECT_EQ(choice.chosenPaths(), (Texts{host.path("Page2.mus"), host.path("PAGE10.MUS")}));
     EXPECT_EQ(choice.hidden(), 0U) << "what the list does not show at first is not chosen behind it";
     choice.open(host.path("other"));
     EXPECT_EQ(choice.chosen(), 0U);
@@ -95,8 +86,8 @@ TEST_F(Choosing, LooksFirstWhereItIsToldThenAtTheSelection) {
             .folder;
     };
     EXPECT_EQ(folderFor(""), host.folder());
-    std::filesystem::create_directory(host.nativeFolder() / "other");
-    host.write("NAMES.TUL", crlf({host.path("other\\A.MUS") + " 1"}));
+    host.makeFolder("other");
+    writeNames({"other\\A.MUS"});
     EXPECT_EQ(folderFor(""), host.path("other"));
     EXPECT_EQ(folderFor(host.path("none")), host.path("other"));
     EXPECT_EQ(folderFor(host.folder()), host.path("other")) << "nobody has set it";

@@ -1,8 +1,5 @@
 #include "companions/recovery.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <optional>
@@ -12,18 +9,10 @@
 #include "music/mus_reader.h"
 #include "samples/many.h"
 #include "samples/scores.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::recovery {
 namespace {
-
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::trailer;
-using testing::words;
-
-using Texts = std::vector<std::string>;
 
 float wordIn(const std::string& bytes, std::size_t at) {
     float value = 0;
@@ -72,7 +61,7 @@ struct Damage {
     std::size_t to = 0;
 };
 
-class Recovering : public ::testing::Test {
+class Recovering : public HostTest {
   protected:
     Recovering() {
         for (const samples::Sample& sample : samples::scores()) pages.push_back(sample.bytes);
@@ -151,8 +140,7 @@ class Recovering : public ::testing::Test {
         EXPECT_FALSE(promise && result.sound);
     }
 
-    ScriptedHost host;
-    std::vector<std::string> pages;
+    Texts pages;
     int missing = 0;  // over all that was recovered
     int damagedItems = 0;
 };

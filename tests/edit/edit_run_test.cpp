@@ -1,26 +1,13 @@
 #include "edit/edit_run.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
 #include "edit/edit_profile.h"
 #include "edit/general_edit.h"
 #include "edit/text_fonts.h"
 #include "edit/text_search.h"
-#include "shared/records.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::edit {
 namespace {
-
-using testing::crlf;
-using testing::endOf;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::words;
-
-using Texts = std::vector<std::string>;
 
 const std::string staff = words({2, 8, 1});
 
@@ -29,16 +16,16 @@ std::string text8(const std::string& text, float count = 8) {
     return words({15, 16, 1, 0, 0, 0, 1, 0, 0, 0, 0, 0, count, 0}) + text;
 }
 
-class EditRun : public ::testing::Test {
+class EditRun : public HostTest {
   protected:
     /// Pages by name, which become the selection.
     void select(const std::vector<std::pair<std::string, std::string>>& pages) {
-        Texts lines;
+        Texts names;
         for (const auto& [name, bytes] : pages) {
             host.write(name, bytes);
-            lines.push_back(host.path(name) + " 1");
+            names.push_back(name);
         }
-        host.write("NAMES.TUL", crlf(lines));
+        writeNames(names);
     }
     /// The report of a run.
     std::string run(int tab) {
@@ -55,7 +42,7 @@ class EditRun : public ::testing::Test {
         std::size_t longest = 4;
         Texts paths;
         for (const std::string& name : names) {
-            paths.push_back(upperCase(host.path(name)));
+            paths.push_back(upper(name));
             longest = std::max(longest, paths.back().size());
         }
         Texts lines = {"TUL Edit run 11-21-2026 09:05:07", " ", padRight("File", longest),
@@ -71,8 +58,6 @@ class EditRun : public ::testing::Test {
         textSearch.txtEditSearchString1 = string1;
         textSearch.txtEditSearchString2 = string2;
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(EditRun, RewritesOnlyWhatChangedWithoutTheBackupBox) {
@@ -165,11 +150,9 @@ TEST_F(EditRun, TheGeneralHeadStandsUnderTheFirstFile) {
     editing.chkEditBackup = false;
     const std::string report = run(tabGeneral);
     const std::string item = "              Item=1         Par1=8        Par2=1        Par3=0\r\n";
-    EXPECT_NE(report.find(upperCase(host.path("a.mus")) + "\r\nTulEdit General for CHANGE\r\n"), report.npos);
-    EXPECT_NE(report.find("First 3 params of changed item\r\n" + item + upperCase(host.path("b.mus")) +
-                          "\r\n" + item + " \r\nNumber general updates. . . . . . . . . 2\r\n \r\n"),
-              report.npos)
-        << report;
+    EXPECT_TRUE(contains(report, upper("a.mus") + "\r\nTulEdit General for CHANGE\r\n"));
+    EXPECT_TRUE(contains(report, "First 3 params of changed item\r\n" + item + upper("b.mus") + "\r\n" +
+                                     item + " \r\nNumber general updates. . . . . . . . . 2\r\n \r\n"));
     EXPECT_EQ(host.read("b.mus"), pageOf(words({9, 8, 1, 0, 0, 0, 0, 0, 0, 12})));
 
     generalEdit.txtp4 = "21";
@@ -201,10 +184,10 @@ TEST_F(EditRun, ADamagedFileIsRewrittenOnlyWithAChange) {
     editing.chkEditBackup = false;
     searchFor("zz", "y");
     run(tabText);
-    EXPECT_EQ(host.messages, Texts{"Structural error in MUS file. Try to recover with TulValid/TulRecover."});
+    EXPECT_EQ(host.messages, Texts{structuralError});
     EXPECT_EQ(host.read("a.mus"), damaged);
     searchFor("bc", "y");
-    EXPECT_NE(run(tabText).find("Rewritten from an incomplete reading"), std::string::npos);
+    EXPECT_TRUE(contains(run(tabText), "Rewritten from an incomplete reading"));
     EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00ayde ", 7)));
 }
 

@@ -1,35 +1,18 @@
 #include "edit/general_edit.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <cmath>
-#include <limits>
 
-#include "base/text.h"
 #include "edit/edit_run.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::edit {
 namespace {
 
-using testing::crlf;
-using testing::endOf;
-using testing::ScriptedHost;
-
-using Texts = std::vector<std::string>;
-
-class General : public ::testing::Test {
+class General : public HostTest {
   protected:
     General() { editing.txtEditFile = "C:\\PAGE.MUS"; }
 
-    void add(std::initializer_list<float> pars, const std::string& text = {}) {
-        ItemRow& row = musItemTable[++musItemTable.itemCount];
-        row = {};
-        int par = 1;
-        for (const float value : pars) row.pars[par++] = value;
-        row.text = text;
-    }
     void condition(std::size_t number, const char* par, const char* relation, const char* value) {
         generalEdit.txtp[number] = par;
         generalEdit.lstr[number].choose(relation);
@@ -55,7 +38,7 @@ class General : public ::testing::Test {
     bool selects(float par3) {
         reportInstead();
         musItemTable.itemCount = 0;
-        add({1, 1, par3});
+        addItem({1, 1, par3});
         return run(2) != "";
     }
     /// Which items are selected, such as "13".
@@ -63,7 +46,7 @@ class General : public ::testing::Test {
         reportInstead();
         const std::string report = run(2);
         std::string items;
-        for (const std::string_view line : linesOf(report)) items += line[line.find('=') + 1];
+        for (const std::string& line : linesIn(report)) items += line[line.find('=') + 1];
         return items;
     }
     /// What the checks say, in order.
@@ -73,30 +56,21 @@ class General : public ::testing::Test {
         EXPECT_EQ(runs, host.messages.empty());
         return host.messages;
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(General, RelationsAtBothEdgesOfTheMargin) {
-    constexpr float infinity = std::numeric_limits<float>::infinity();
     const float low = 10.0F - 0.001F;
     const float high = 10.0F + 0.001F;
-    const std::array<float, 9> values = {std::nextafter(low, -infinity),
-                                         low,
-                                         std::nextafter(low, infinity),
-                                         std::nextafter(10.0F, -infinity),
-                                         10.0F,
-                                         std::nextafter(10.0F, infinity),
-                                         high,
-                                         std::nextafter(high, infinity),
-                                         std::numeric_limits<float>::quiet_NaN()};
-    for (const auto& [relation, expected] :
-         std::vector<std::pair<const char*, std::string>>{{"=", "011111100"},
-                                                          {"<>", "100000010"},
-                                                          {"<", "111111000"},
-                                                          {"<=", "111110000"},
-                                                          {">", "001111110"},
-                                                          {">=", "000011110"}}) {
+    const auto below = [](float value) { return std::nextafter(value, -infinity); };
+    const auto above = [](float value) { return std::nextafter(value, infinity); };
+    const std::array<float, 9> values = {below(low), low,  above(low),  below(10), 10,
+                                         above(10),  high, above(high), notANumber};
+    for (const auto& [relation, expected] : {std::pair{"=", "011111100"},
+                                             {"<>", "100000010"},
+                                             {"<", "111111000"},
+                                             {"<=", "111110000"},
+                                             {">", "001111110"},
+                                             {">=", "000011110"}}) {
         condition(0, "3", relation, "10");
         std::string selected;
         for (const float value : values) selected += selects(value) ? '1' : '0';
@@ -108,10 +82,10 @@ TEST_F(General, RelationsAtBothEdgesOfTheMargin) {
 }
 
 TEST_F(General, JoinsConditionsFromLeftToRight) {
-    add({1, 1, 1});
-    add({1, 2, 2});
-    add({2, 1, 1});
-    add({2, 2, 2});
+    addItem({1, 1, 1});
+    addItem({1, 2, 2});
+    addItem({2, 1, 1});
+    addItem({2, 2, 2});
     condition(0, "1", "=", "1");
     EXPECT_EQ(selected(), "12") << "lists that were never clicked join nothing";
     condition(1, "2", "=", "1");
@@ -121,22 +95,24 @@ TEST_F(General, JoinsConditionsFromLeftToRight) {
         generalEdit.lstl[1].choose(third);
         return selected();
     };
-    EXPECT_EQ(joined("AND", "--------"), "1");
-    EXPECT_EQ(joined("OR", "--------"), "123");
-    EXPECT_EQ(joined("&not", "--------"), "2");
-    EXPECT_EQ(joined("OR", "AND"), "2") << "(first or second) and third";
-    EXPECT_EQ(joined("AND", "OR"), "124");
-    EXPECT_EQ(joined("OR", "&not"), "13");
-    EXPECT_EQ(joined("--------", "AND"), "2");
+    for (const auto& [second, third, items] :
+         std::vector<std::array<const char*, 3>>{{"AND", "--------", "1"},
+                                                 {"OR", "--------", "123"},
+                                                 {"&not", "--------", "2"},
+                                                 {"OR", "AND", "2"},
+                                                 {"AND", "OR", "124"},
+                                                 {"OR", "&not", "13"},
+                                                 {"--------", "AND", "2"}})
+        EXPECT_EQ(joined(second, third), items) << second << third;
     generalEdit.lstr[1].choose("");
     EXPECT_EQ(joined("--------", "--------"), "12");
 }
 
 TEST_F(General, ComparesTextsAndSymbolLibrariesInTheFirstCondition) {
-    add({16, 1}, "_00ab");
-    add({16, 1}, "_00abc");
-    add({9, 1, 0, 0, 27});
-    add({9, 1, 0, 0, 105});
+    addItem({16, 1}, "_00ab");
+    addItem({16, 1}, "_00abc");
+    addItem({9, 1, 0, 0, 27});
+    addItem({9, 1, 0, 0, 105});
     condition(0, "1", "=", "16");
     EXPECT_EQ(selected(), "12");
     generalEdit.txtGeneralEdit = " _00ab ";
@@ -157,8 +133,8 @@ TEST_F(General, ComparesTextsAndSymbolLibrariesInTheFirstCondition) {
 }
 
 TEST_F(General, SetsParametersAndTexts) {
-    add({16, 1, 5}, "_00ab");
-    add({1, 1, 5});
+    addItem({16, 1, 5}, "_00ab");
+    addItem({1, 1, 5});
     condition(0, "3", "=", "5");
     set("4", "-1.5");
     run();
@@ -182,7 +158,7 @@ TEST_F(General, SetsParametersAndTexts) {
 }
 
 TEST_F(General, AParameterThatNoItemHasEndsTheProgram) {
-    add({1, 1, 5});
+    addItem({1, 1, 5});
     condition(0, "3", "=", "5");
     set("21", "1");
     EXPECT_EQ(endOf([&] { run(); }), 1);
@@ -196,8 +172,8 @@ TEST_F(General, AParameterThatNoItemHasEndsTheProgram) {
 }
 
 TEST_F(General, WritesTheHeadOnceAndALineForEachItem) {
-    add({16, 1, 5}, "_00ab");
-    add({8, 12, 1234567});
+    addItem({16, 1, 5}, "_00ab");
+    addItem({8, 12, 1234567});
     condition(0, "3", ">=", "5");
     condition(1, "1", "<>", "-.25");
     generalEdit.lstl[0].choose("&not");
@@ -240,63 +216,53 @@ TEST_F(General, TheHeadTellsWhatIsDone) {
     set("2.5", "998");
     EXPECT_EQ(action(), "Par2.5 to 998");
     condition(0, "2.5", "=", "5");
-    add({1, 5});
+    addItem({1, 5});
     const std::string report = run();
-    EXPECT_NE(report.find("Par2.5 = 5.\r\n"), report.npos) << report;
+    EXPECT_TRUE(contains(report, "Par2.5 = 5.\r\n"));
     EXPECT_EQ(musItemTable[1].pars[2], 998) << "rounded";
 }
 
 TEST_F(General, ChecksItsFieldsInOrder) {
-    EXPECT_EQ(refusals(), Texts{"Result parameter not numeric: "});
-    set("4x", "");
-    EXPECT_EQ(refusals(), Texts{"Result parameter not numeric: 4x"});
-    set("1", "");
-    EXPECT_EQ(refusals(), Texts{"Changing Par1 is quite drastic. Are you sure?"}) << "answered No";
-    set("4", "1e");
-    EXPECT_EQ(refusals(), Texts{"Invalid set to value: 1e"});
-    set("4", "1");
-    for (const char* par : {"", "0.9", "19", "x"}) {
-        generalEdit.txtp[0] = par;
-        EXPECT_EQ(refusals(), Texts{std::string("Invalid parameter in first condition: ") + par});
-    }
-    generalEdit.txtp[0] = "18";
-    EXPECT_EQ(refusals(), Texts{"Invalid value in first condition: "});
-    generalEdit.txtv[0] = "16";
-    EXPECT_EQ(refusals(), Texts{"No relation selected in first condition"});
-    generalEdit.lstr[0].choose("=");
-    EXPECT_EQ(refusals(), Texts());
+    const auto expectRefusal = [this](std::string& field, const char* text, const std::string& refusal) {
+        field = text;
+        EXPECT_EQ(refusals(), refusal.empty() ? Texts() : Texts{refusal}) << text;
+    };
+    GeneralEdit& fields = generalEdit;
+    const auto choose = [this](ChoiceList& list, const char* entry, const std::string& refusal) {
+        list.choose(entry);
+        EXPECT_EQ(refusals(), refusal.empty() ? Texts() : Texts{refusal}) << entry;
+    };
+    expectRefusal(fields.txtp4, "", "Result parameter not numeric: ");
+    expectRefusal(fields.txtp4, "4x", "Result parameter not numeric: 4x");
+    expectRefusal(fields.txtp4, "1", "Changing Par1 is quite drastic. Are you sure?");  // answered No
+    fields.txtp4 = "4";
+    expectRefusal(fields.txtv4, "1e", "Invalid set to value: 1e");
+    fields.txtv4 = "1";
+    for (const char* par : {"", "0.9", "19", "x"})
+        expectRefusal(fields.txtp[0], par, std::string("Invalid parameter in first condition: ") + par);
+    expectRefusal(fields.txtp[0], "18", "Invalid value in first condition: ");
+    expectRefusal(fields.txtv[0], "16", "No relation selected in first condition");
+    choose(fields.lstr[0], "=", "");
 
-    generalEdit.txtGeneralEdit = "__00a";
-    EXPECT_EQ(refusals(), Texts{"The compare string is not preceded by a font"});
-    generalEdit.txtGeneralEdit = "_00a";
-    set("", "_00b");
-    EXPECT_EQ(refusals(), Texts());
-    generalEdit.txtv[0] = "8";
-    EXPECT_EQ(refusals(), Texts{"A compare string was provided but the operator is not '=16' or '=9'"});
-    generalEdit.lstr[0].choose("<>");
-    EXPECT_EQ(refusals(), Texts());
+    expectRefusal(fields.txtGeneralEdit, "__00a", "The compare string is not preceded by a font");
+    fields.txtGeneralEdit = "_00a";
+    fields.txtp4 = "";
+    expectRefusal(fields.txtv4, "_00b", "");
+    expectRefusal(fields.txtv[0], "8", "A compare string was provided but the operator is not '=16' or '=9'");
+    choose(fields.lstr[0], "<>", "");
     reportInstead();
-    generalEdit.lstr[0].choose("=");
-    EXPECT_EQ(refusals(), Texts()) << "asked in change mode only";
+    choose(fields.lstr[0], "=", "");  // asked in change mode only
 
-    generalEdit.lstl[0].choose("AND");
-    EXPECT_EQ(refusals(), Texts{"Invalid parameter in second condition:"});
-    generalEdit.txtp[1] = "25";
-    EXPECT_EQ(refusals(), Texts{"Invalid value in second condition: "});
-    generalEdit.txtv[1] = "2";
-    EXPECT_EQ(refusals(), Texts{"No relation selected in second condition"});
-    generalEdit.lstr[1].choose("<");
-    EXPECT_EQ(refusals(), Texts());
-    generalEdit.lstl[1].choose("OR");
-    generalEdit.txtp[2] = "3.5";
-    EXPECT_EQ(refusals(), Texts{"Invalid parameter in third condition:25"}) << "the second's fields";
-    generalEdit.txtp[2] = "3";
-    generalEdit.txtv[2] = "x";
-    EXPECT_EQ(refusals(), Texts{"Invalid value in third condition: 2"});
-    generalEdit.txtv[2] = "1";
-    EXPECT_EQ(refusals(), Texts{"No relation selected in third condition"});
-    generalEdit.lstl[1].choose("--------");
-    EXPECT_EQ(refusals(), Texts());
+    choose(fields.lstl[0], "AND", "Invalid parameter in second condition:");
+    expectRefusal(fields.txtp[1], "25", "Invalid value in second condition: ");
+    expectRefusal(fields.txtv[1], "2", "No relation selected in second condition");
+    choose(fields.lstr[1], "<", "");
+    fields.lstl[1].choose("OR");
+    expectRefusal(fields.txtp[2], "3.5", "Invalid parameter in third condition:25");  // the second's fields
+    fields.txtp[2] = "3";
+    expectRefusal(fields.txtv[2], "x", "Invalid value in third condition: 2");
+    expectRefusal(fields.txtv[2], "1", "No relation selected in third condition");
+    choose(fields.lstl[1], "--------", "");
 }
 
 }  // namespace

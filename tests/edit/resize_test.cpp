@@ -1,27 +1,13 @@
 #include "edit/resize.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
 #include "centre/names_file.h"
 #include "music/pipeline.h"
-#include "shared/records.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::resize {
 namespace {
 
-using testing::crlf;
-using testing::endOf;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::trailer;
-using testing::words;
-
-using Texts = std::vector<std::string>;
-
-class Resizing : public ::testing::Test {
+class Resizing : public HostTest {
   protected:
     Resizing() {
         projectSettings.LyricsSize = "1.2";
@@ -31,44 +17,34 @@ class Resizing : public ::testing::Test {
         projectSettings.BarNumberFont = "01";
         options.chkResizBackup = false;
     }
-    std::string file(const std::string& name) const { return upperCase(host.path(name)); }
     void run(const Texts& names) {
-        std::string text;
-        for (const std::string& name : names) text += namesFileLine(host.path(name));
-        host.write("NAMES.TUL", text);
+        writeNames(names);
         host.messages.clear();
         host.shown.clear();
         cmdResizeRun();
     }
-    /// The report over these files; `counts` in the order of its lines.
-    std::string report(const Texts& names, const Texts& counts, const Texts& behind = {}) const {
-        Texts lines = {"TUL Rezise run 11-21-2026 09:05:07", " ",
-                       "File" + std::string(file(names[0]).size() - 4, ' '),
-                       std::string(file(names[0]).size(), '-')};
-        for (const std::string& name : names) lines.push_back(file(name));
-        lines.insert(lines.end(), {
-                                      " ",
-                                      "Number of note        sizes changed . . . . " + counts[0],
-                                      "Number of staff       sizes changed . . . . " + counts[1],
-                                      "Number of slur        sizes changed . . . . " + counts[2],
-                                      "Number of lyrics/text sizes changed . . . . " + counts[3],
-                                      "Number of page number sizes changed . . . . " + counts[4],
-                                      "Number of symbol      sizes changed . . . . " + counts[5],
-                                      "Number of symbol      Par4  changed . . . . " + counts[6],
-                                      "Number of bar number  sizes changed . . . . " + counts[7],
-                                      "Number of placeholders set/reset. . . . . . " + counts[8],
-                                      " ",
-                                      "Number of files processed: " + std::to_string(names.size()),
-                                  });
-        lines.insert(lines.end(), behind.begin(), behind.end());
-        return crlf(lines);
+    /// The report over these files; `counts` in the order of its lines, those that are not given 0.
+    std::string report(const Texts& names, std::vector<int> counts, const std::string& behind = {}) const {
+        counts.resize(9);
+        const std::size_t width = upper(names[0]).size();
+        Texts all = {"TUL Rezise run 11-21-2026 09:05:07", " ", padRight("File", width),
+                     std::string(width, '-')};
+        for (const std::string& name : names) all.push_back(upper(name));
+        all.emplace_back(" ");
+        std::size_t kind = 0;
+        for (const char* counted :
+             {"note        sizes changed . . . . ", "staff       sizes changed . . . . ",
+              "slur        sizes changed . . . . ", "lyrics/text sizes changed . . . . ",
+              "page number sizes changed . . . . ", "symbol      sizes changed . . . . ",
+              "symbol      Par4  changed . . . . ", "bar number  sizes changed . . . . ",
+              "placeholders set/reset. . . . . . "})
+            all.push_back(std::string("Number of ") + counted + std::to_string(counts[kind++]));
+        return crlf(all) + lines(" |Number of files processed: " + std::to_string(names.size())) + behind;
     }
 
-    ScriptedHost host;
     ResizeOptions& options = resizing.options;
 };
 
-const std::string structuralError = "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
 const std::string marginLine = "\r\nNote that a 0.001 margin was applied on the size attribute.";
 // A staff of size 1, and the same of 0.65.
 const std::string staff = words({6, 8, 1, 0, 0, 1, 200});
@@ -142,49 +118,39 @@ TEST_F(Resizing, ReplacesTheFilesAndReports) {
     EXPECT_EQ(host.read("ONE.BKU"), first);
     EXPECT_EQ(host.read("TWO.BKU"), second);
     const Texts names = {"one.mus", "TWO.MUS"};
-    EXPECT_EQ(host.shown, Texts{report(names, {"0", "3", "0", "0", "0", "1", "1", "0", "0"})});
+    EXPECT_EQ(host.shown, Texts{report(names, {0, 3, 0, 0, 0, 1, 1})});
     EXPECT_FALSE(host.exists("TULWORK.PRN"));
     EXPECT_EQ(host.messages, Texts{});
 
     options.chkSymbolResize = options.chkSymbolIntegerPar4 = false;
     run({"TWO.MUS"});
-    EXPECT_EQ(host.shown, Texts{report({"TWO.MUS"}, {"0", "2", "0", "0", "0", "0", "0", "0", "0"})})
-        << "counted anew, and changed or not";
+    EXPECT_EQ(host.shown, Texts{report({"TWO.MUS"}, {0, 2})}) << "counted anew, and changed or not";
     EXPECT_TRUE(host.exists("TWO.BKV"));
 }
 
 TEST_F(Resizing, ReportsEachKindOnItsLine) {
-    const auto counted = [this](Tab tab, const std::string& page) {
+    const auto expectCounted = [this](Tab tab, const std::string& page, const std::vector<int>& counts) {
         options.tabResiz = tab;
         host.write("A.MUS", pageOf(page));
         run({"A.MUS"});
-        return host.shown.at(0);
+        EXPECT_EQ(host.shown.at(0), report({"A.MUS"}, counts));
     };
-    const auto expected = [this](const Texts& counts) { return report({"A.MUS"}, counts); };
-    options.chkResizeBlack = options.chkResizeHalf = true;
-    const std::string black = words({7, 1, 1, 9, 5, 0, 0, 1});
+    options.chkResizeBlack = options.chkResizeHalf = options.chkPlaceholderSet = true;
     const std::string half = words({7, 1, 1, 9, 5, 0, 1, 1});
-    EXPECT_EQ(counted(tabNotes, black + half + half),
-              expected({"3", "0", "0", "0", "0", "0", "0", "0", "0"}));
+    expectCounted(tabNotes, words({7, 1, 1, 9, 5, 0, 0, 1}) + half + half, {3});
     const std::string slur = words({6, 5, 1, 0, 1, 1, 9});
-    EXPECT_EQ(counted(tabSlurs, slur + slur), expected({"0", "0", "2", "0", "0", "0", "0", "0", "0"}));
-    const std::string pageNumber = words({6, 10, 1, 0, 0, 1, 201.1F});
-    options.txtResizePageNumberSize = "2";
-    EXPECT_EQ(counted(tabNumbers, pageNumber), expected({"0", "0", "0", "0", "1", "0", "0", "0", "0"}));
+    expectCounted(tabSlurs, slur + slur, {0, 0, 2});
+    options.txtResizePageNumberSize = options.txtResizeBarNumberSize = options.txtResizeTextNew = "2";
+    expectCounted(tabNumbers, words({6, 10, 1, 0, 0, 1, 201.1F}), {0, 0, 0, 0, 1});
     options.optResizePageNumber = false;
     options.optResizeBarNumber = true;
-    options.txtResizeBarNumberSize = "2";
-    const std::string barNumber = words({7, 10, 1, 0, 0, 1, 201, 1});
-    EXPECT_EQ(counted(tabNumbers, barNumber), expected({"0", "0", "0", "0", "0", "0", "0", "1", "0"}));
+    expectCounted(tabNumbers, words({7, 10, 1, 0, 0, 1, 201, 1}), {0, 0, 0, 0, 0, 0, 0, 1});
     options.optResizeLyrics = false;
     options.optTextResizeTextSize = true;
     options.txtResizeTextResize = "_00Ah";
-    options.txtResizeTextNew = "2";
     const std::string text = words({15, 16, 1, 2, 3, 0, 1, 0, 0, 0, 0, 0, 5, 0}) + "_00Ah   ";
-    EXPECT_EQ(counted(tabTexts, text + text), expected({"0", "0", "0", "2", "0", "0", "0", "0", "0"}));
-    options.chkPlaceholderSet = true;
-    EXPECT_EQ(counted(tabPlaceholders, words({6, 1, 1, 9, 5, 0, 901})),
-              expected({"0", "0", "0", "0", "0", "0", "0", "0", "1"}));
+    expectCounted(tabTexts, text + text, {0, 0, 0, 2});
+    expectCounted(tabPlaceholders, words({6, 1, 1, 9, 5, 0, 901}), {0, 0, 0, 0, 0, 0, 0, 0, 1});
 }
 
 TEST_F(Resizing, GoesOnBehindDamageAndTellsWhichFilesToLookAt) {
@@ -204,9 +170,8 @@ TEST_F(Resizing, GoesOnBehindDamageAndTellsWhichFilesToLookAt) {
     EXPECT_EQ(host.read("A.BKU"), broken);
     EXPECT_EQ(host.read("B.BKU"), tooLong);
     EXPECT_EQ(host.shown,
-              Texts{report({"A.MUS", "B.MUS", "C.MUS"}, {"0", "3", "0", "0", "0", "0", "0", "0", "0"},
-                           {"Rewritten from an incomplete reading, items may be missing: "
-                            "A.MUS, B.MUS"})});
+              Texts{report({"A.MUS", "B.MUS", "C.MUS"}, {0, 3},
+                           "Rewritten from an incomplete reading, items may be missing: A.MUS, B.MUS\r\n")});
     EXPECT_FALSE(pipeline.progress.visible);
     EXPECT_EQ(pipeline.activity, "");
 
@@ -218,16 +183,13 @@ TEST_F(Resizing, GoesOnBehindDamageAndTellsWhichFilesToLookAt) {
     EXPECT_FALSE(host.exists("D.BKU"));
 }
 
-TEST_F(Resizing, EndsTheProgramAtWhatItCannotWrite) {
+TEST_F(Resizing, EndsTheProgramAtAReportThatCannotBeWritten) {
     options.tabResiz = tabStaves;
     host.write("A.MUS", pageOf(staff));
-    host.faultyFiles().refusals["A.MUS"] = FileError::permissionDenied;
-    EXPECT_EQ(endOf([this] { run({"A.MUS"}); }), 1);
-    EXPECT_EQ(host.messages, Texts{"Open of output MUS file failed. Hit OK to terminate"});
-    EXPECT_EQ(host.read("A.MUS"), pageOf(staff));
     host.faultyFiles().refusals["TULWORK.PRN"] = FileError::permissionDenied;
     EXPECT_EQ(endOf([this] { run({"A.MUS"}); }), 1);
     EXPECT_EQ(host.messages, Texts{"Failed to open " + host.path("TULWORK.PRN") + " for output"});
+    EXPECT_EQ(host.read("A.MUS"), pageOf(staff));
 }
 
 }  // namespace

@@ -1,101 +1,65 @@
-#include <gtest/gtest.h>
 
-#include "base/text.h"
 #include "edit/edit_run.h"
 #include "edit/general_edit.h"
 #include "edit/text_fonts.h"
 #include "edit/text_search.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul::edit {
 namespace {
 
-using testing::crlf;
-using testing::endOf;
-using testing::ScriptedHost;
-
-using Texts = std::vector<std::string>;
-
 // --- Fields
 
-TEST(EditFields, KeepFontsSizesAndStrings) {
-    ScriptedHost host;
+using EditFields = HostTest;
+
+TEST_F(EditFields, KeepFontsSizesAndStrings) {
     const auto present = [](auto keep) {
         return [keep](const std::string& typed) { return keep(typed, "present"); };
     };
-    const std::string size = "Value not numeric or out of range. Assumed 1.";
-    const std::string string = "Different begin and end delimiters.";
-    const std::string replacement = "Beginning and ending delimiter are different.";
-    const std::string bare =
-        "String contains one or more apostrophes and/or quotes but it is not within delimiters.";
-    struct Case {
-        std::function<std::string(const std::string&)> keep;
-        std::string typed;
-        std::string kept;
-        std::string told = {};
+    const auto refused = [](const Texts& typed, const char* assumed) {
+        std::map<std::string, std::string> kept;
+        for (const std::string& text : typed) kept[text] = assumed;
+        return kept;
     };
-    for (const Case& field : std::vector<Case>{
-             {present(keepFontDigits), " 07 ", "07"},
-             {present(keepFontDigits), "  ", ""},
-             {present(keepFontDigits), "7", "present", "I said two digits..."},
-             {present(keepFontDigits), "7a", "present", "I said two digits..."},
-             {keepSearchSize, ".75", "0.75"},
-             {keepSearchSize, "9.99", "9.99"},
-             {keepSearchSize, "10", "1.", size},
-             {keepSearchSize, "0", "1.", size},
-             {keepSearchSize, "", "1.", size},
-             {keepSearchMargin, "0", "0"},
-             {keepSearchMargin, ".0", ".0"},
-             {keepSearchMargin, "none", "1.", size},
-             {keepSearchMargin, "10", "1.", size},
-             {keepGeneralMargin, "-2", "-2"},
-             {keepGeneralMargin, "wide", ".001", "Margin should be numeric. Assumed .001"},
-             {present(keepSearchString), "", "present", "Empty string not allowed as search argument."},
-             {present(keepSearchString), "''", "present", "Empty string not allowed as search argument."},
-             {present(keepSearchString), "\"", "present", "Invalid search string (Delimiter only)."},
-             {present(keepSearchString), "\"a'", "present", string},
-             {present(keepSearchString), "'a", "present", string},
-             {present(keepSearchString), "a'", "a'"},
-             {present(keepSearchString), "\"a\"b\"", "present",
-              "Quote in search argument when embedded by quotes not allowed."},
-             {present(keepSearchString), "'a\"b'", "present",
-              "Apostrophe in search argument when embedded by apostrophe not allowed."},
-             {present(keepSearchString), "'a'b'", "'a'b'"},
-             {present(keepReplacement), "", "present"},
-             {present(keepReplacement), "ab", "ab"},
-             {present(keepReplacement), "a'b", "present", replacement},
-             {present(keepReplacement), "'ab\"", "present", replacement},
-             {present(keepReplacement), "''", "present", bare},
-             {present(keepReplacement), "' '", "' '"},
-         }) {
-        host.messages.clear();
-        EXPECT_EQ(field.keep(field.typed), field.kept) << field.typed;
-        EXPECT_EQ(host.messages, field.told.empty() ? Texts() : Texts{field.told}) << field.typed;
-    }
+    const Texts size = {"Value not numeric or out of range. Assumed 1."};
+    expectKept(present(keepFontDigits), {{" 07 ", "07"}, {"  ", ""}});
+    expectKept(present(keepFontDigits), refused({"7", "7a"}, "present"), {"I said two digits..."});
+    expectKept(keepSearchSize, {{".75", "0.75"}, {"9.99", "9.99"}});
+    expectKept(keepSearchSize, refused({"10", "0", ""}, "1."), size);
+    expectKept(keepSearchMargin, {{"0", "0"}, {".0", ".0"}});
+    expectKept(keepSearchMargin, refused({"none", "10"}, "1."), size);
+    expectKept(keepGeneralMargin, {{"-2", "-2"}});
+    expectKept(keepGeneralMargin, {{"wide", ".001"}}, {"Margin should be numeric. Assumed .001"});
+
+    expectKept(present(keepSearchString), {{"a'", "a'"}, {"'a'b'", "'a'b'"}});
+    for (const auto& [typed, told] : std::vector<std::pair<Texts, std::string>>{
+             {{"", "''"}, "Empty string not allowed as search argument."},
+             {{"\""}, "Invalid search string (Delimiter only)."},
+             {{"\"a'", "'a"}, "Different begin and end delimiters."},
+             {{"\"a\"b\""}, "Quote in search argument when embedded by quotes not allowed."},
+             {{"'a\"b'"}, "Apostrophe in search argument when embedded by apostrophe not allowed."}})
+        expectKept(present(keepSearchString), refused(typed, "present"), {told});
+    expectKept(present(keepReplacement), {{"", "present"}, {"ab", "ab"}, {"' '", "' '"}});
+    expectKept(present(keepReplacement), refused({"a'b", "'ab\""}, "present"),
+               {"Beginning and ending delimiter are different."});
+    expectKept(present(keepReplacement), {{"''", "present"}},
+               {"String contains one or more apostrophes and/or quotes but it is not within delimiters."});
 }
 
 // --- Items
 
-class TextEdit : public ::testing::Test {
+class TextEdit : public HostTest {
   protected:
     TextEdit() { editing.txtEditFile = "C:\\PAGE.MUS"; }
 
-    void add(float code, const std::string& text, float par6 = 1, float par7 = 0) {
-        ItemRow& row = musItemTable[++musItemTable.itemCount];
-        row = {};
-        row.pars[1] = code;
-        row.pars[6] = par6;
-        row.pars[7] = par7;
-        row.text = text;
-    }
-    static Report& report() {
-        static Report unwritten("");
-        return unwritten;
+    static void add(float code, const std::string& text, float par6 = 1, float par7 = 0) {
+        addItem({code, 0, 0, 0, 0, par6, par7}, text);
     }
     void run(const Family& family) {
         editing.counters = {};
         if (family.begin) family.begin();
-        family.updateFile({report(), 1});
+        Report unwritten("");
+        family.updateFile({unwritten, 1});
     }
     /// What becomes of one text; "gone" when it is deleted.
     std::string search(const std::string& text, const std::string& string1, const std::string& string2) {
@@ -118,8 +82,6 @@ class TextEdit : public ::testing::Test {
     }
     int changed() const { return editing.counters.countChanged; }
     int fileChanges() const { return editing.counters.fileChanges; }
-
-    ScriptedHost host;
 };
 
 TEST_F(TextEdit, ReplacesBehindTheFontPrefix) {
@@ -130,28 +92,26 @@ TEST_F(TextEdit, ReplacesBehindTheFontPrefix) {
         const char* result;
         int count;
     };
-    for (const Case& item : std::vector<Case>{
-             {"_00glo-ria", "glo", "Glo", "_00Glo-ria", 1},
-             {"__00glo glo", "glo", "glo-glo", "__00glo-glo glo-glo", 2},
-             {"_00aaa", "aa", "a", "_00aa", 1},
-             {"_00gloria", "Glo", "x", "_00gloria", 0},
-             {"_00", "00", "x", "_00", 0},
-             {"_00a_00b", "_00", "_01", "_00a_01b", 1},
-             {"abcab", "ab", "x", "xcx", 2},
-             {"abc", "ab", "x", "abc", 0},
-             {"_00xaabbx", "ab", "", "_00xx", 2},
-             {"_00ab", "ab", "", "gone", 1},
-             {"__00abab", "ab", "", "gone", 2},
-             {"abab", "ab", "", "", 2},
-             {"_00ab", "ab", "_05", "_00_05", 1},
-             {"_00C3", "$barre$", "", "_24III", 1},
-             {"_24C20", "$barre$", "", "_24XX", 1},
-             {"__24C19", "$barre$", "", "_24IXX", 1},
-             {"C3", "$barre$", "", "C3", 0},
-             {"_00D3", "$barre$", "x", "_00D3", 0},
-             {"_00D$barre$", "$barre$", "x", "_00Dx", 1},
-             {"_00anything", "$cyrillic$", "", "_55\xC3", 1},
-         }) {
+    for (const Case& item : std::vector<Case>{{"_00glo-ria", "glo", "Glo", "_00Glo-ria", 1},
+                                              {"__00glo glo", "glo", "glo-glo", "__00glo-glo glo-glo", 2},
+                                              {"_00aaa", "aa", "a", "_00aa", 1},
+                                              {"_00gloria", "Glo", "x", "_00gloria", 0},
+                                              {"_00", "00", "x", "_00", 0},
+                                              {"_00a_00b", "_00", "_01", "_00a_01b", 1},
+                                              {"abcab", "ab", "x", "xcx", 2},
+                                              {"abc", "ab", "x", "abc", 0},
+                                              {"_00xaabbx", "ab", "", "_00xx", 2},
+                                              {"_00ab", "ab", "", "gone", 1},
+                                              {"__00abab", "ab", "", "gone", 2},
+                                              {"abab", "ab", "", "", 2},
+                                              {"_00ab", "ab", "_05", "_00_05", 1},
+                                              {"_00C3", "$barre$", "", "_24III", 1},
+                                              {"_24C20", "$barre$", "", "_24XX", 1},
+                                              {"__24C19", "$barre$", "", "_24IXX", 1},
+                                              {"C3", "$barre$", "", "C3", 0},
+                                              {"_00D3", "$barre$", "x", "_00D3", 0},
+                                              {"_00D$barre$", "$barre$", "x", "_00Dx", 1},
+                                              {"_00anything", "$cyrillic$", "", "_55\xC3", 1}}) {
         EXPECT_EQ(search(item.text, item.string1, item.string2), item.result) << item.text;
         EXPECT_EQ(changed(), item.count) << item.text;
         EXPECT_EQ(fileChanges(), item.count == 0 ? 0 : item.count + 1) << item.text;
@@ -184,8 +144,8 @@ TEST_F(TextEdit, WholeWordsPassARefusedOneByTheLengthOfTheReplacement) {
 TEST_F(TextEdit, FiltersByFontAndSize) {
     textSearch.chkEditSearchFont = true;
     textSearch.txtEditSearchFont = "05";
-    for (const auto& [text, result] : std::vector<std::pair<std::string, std::string>>{
-             {"_05aa", "_05x"}, {"__05aa", "__05x"}, {"_06aa", "_06aa"}, {"aa_05aa", "aa_05aa"}})
+    for (const auto& [text, result] :
+         {std::pair{"_05aa", "_05x"}, {"__05aa", "__05x"}, {"_06aa", "_06aa"}, {"aa_05aa", "aa_05aa"}})
         EXPECT_EQ(search(text, "aa", "x"), result);
 
     textSearch.chkEditSearchFont = false;
@@ -198,13 +158,10 @@ TEST_F(TextEdit, FiltersByFontAndSize) {
         run(textSearchFamily);
         return changed() == 1;
     };
-    EXPECT_TRUE(passes(0.75F, ".75", "0"));
-    EXPECT_TRUE(passes(100.75F, ".75", "0"));
-    EXPECT_TRUE(passes(300.75F, ".75", "0"));
+    for (const float size : {0.75F, 100.75F, 300.75F}) EXPECT_TRUE(passes(size, ".75", "0")) << size;
     EXPECT_FALSE(passes(0.7500001F, ".75", "0"));
     EXPECT_TRUE(passes(1.25F, "1", ".25"));
-    EXPECT_FALSE(passes(1.2500001F, "1", ".25"));
-    EXPECT_FALSE(passes(0.7F, "1", ".25"));
+    for (const float size : {1.2500001F, 0.7F}) EXPECT_FALSE(passes(size, "1", ".25")) << size;
 }
 
 TEST_F(TextEdit, ComparesWholeTextsAsTheFieldsStand) {
@@ -229,9 +186,7 @@ TEST_F(TextEdit, AsksAtEveryItemAndCancels) {
         host.messages[1] + "\r\n",
         crlf({"Found string: a", "in text string: _00ba", "in file: C:\\PAGE.MUS", "replace by string: ' '",
               "Item number: 2", "", "Replace? (Cancel will stop any further search/replace)"}));
-    EXPECT_EQ(musItemTable[1].text, "_00a");
-    EXPECT_EQ(musItemTable[2].text, "_00b ");
-    EXPECT_EQ(musItemTable[4].text, "_00da");
+    EXPECT_EQ(musItemTable[1].text + musItemTable[2].text + musItemTable[4].text, "_00a_00b _00da");
     EXPECT_TRUE(isCancelled());
     EXPECT_EQ(fileChanges(), 2);
 }
@@ -282,10 +237,7 @@ TEST_F(TextEdit, FontsOfNumbersKeepTheirFlags) {
         run(textFontsFamily);
         return musItemTable[1].pars[7];
     };
-    EXPECT_EQ(font(5), 7);
-    EXPECT_EQ(font(105), 107);
-    EXPECT_EQ(font(1005), 1007);
-    EXPECT_EQ(font(1105), 1107);
+    for (const float flags : {0.0F, 100.0F, 1000.0F, 1100.0F}) EXPECT_EQ(font(flags + 5), flags + 7);
     EXPECT_EQ(changed(), 1);
     EXPECT_EQ(font(205), 205);
     textFonts.chkEditModifyInclude = false;
@@ -322,8 +274,7 @@ TEST_F(TextEdit, DeletesByFontAndEndOfText) {
                                    "Answering NO will terminate the session."})
         << "asked once in a run";
     host.answers = {Answer::no};
-    EXPECT_EQ(endOf([&] { deleted(); }), 1);
-    EXPECT_EQ(host.messages.back(), "TUL needs to close after selecting NO to this prompt.");
+    EXPECT_EQ(host.fatal([&] { deleted(); }), "TUL needs to close after selecting NO to this prompt.");
 }
 
 }  // namespace

@@ -1,14 +1,9 @@
 #include "music/backup.h"
 
-#include <gtest/gtest.h>
-
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
-
-using testing::endOf;
-using testing::ScriptedHost;
 
 TEST(BackupSeries, IsNamedUpToTheFirstFullStop) {
     EXPECT_EQ(backupSeriesOf("C:\\Music\\Foo.mus").path('U'), "C:\\Music\\FOO.BKU");
@@ -30,8 +25,8 @@ TEST(TakingABackup, FillsTheLowestFreeGeneration) {
     EXPECT_EQ(backupSeriesOf(host.path("page.mus")).letters(), "UVW");
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(TakeBackup(host.path("page.mus")));
     EXPECT_EQ(endOf([&] { TakeBackup(host.path("page.mus")); }), 1);
-    EXPECT_EQ(host.messages, std::vector<std::string>{"The maximum number of backups exists. Use Explore to "
-                                                      "remove old generations."});
+    EXPECT_EQ(host.messages, Texts{"The maximum number of backups exists. Use Explore to "
+                                   "remove old generations."});
     EXPECT_EQ(host.read("PAGE.BKU"), "u");
     EXPECT_EQ(host.read("page.bkw"), "w");
 }
@@ -40,8 +35,7 @@ TEST(TakingABackup, OfABackupEndsTheProgram) {
     ScriptedHost host;
     host.write("page.bku", "music");
     const std::string path = host.path("page.bku");
-    EXPECT_EQ(endOf([&] { TakeBackup(path); }), 1);
-    EXPECT_EQ(host.messages.back(),
+    EXPECT_EQ(host.fatal([&] { TakeBackup(path); }),
               "Invalid suffix in filename [" + path +
                   "].\r\nBackup files may not be used as input when editing with the backup feature.");
 }
@@ -53,7 +47,7 @@ TEST(TakingABackup, ThatFailsIsToldWithItsReason) {
     EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + " Error code = 53");
     host.write("PAGE.MUS", "music");
     // There, but not to be opened: it is not overwritten.
-    std::filesystem::create_directory(host.nativeFolder() / "PAGE.BKU");
+    host.makeFolder("PAGE.BKU");
     EXPECT_FALSE(TakeBackup(path));
     EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + " Error code = 58");
     host.faultyFiles().refusals["PAGE.BKU"] = FileError::diskFull;

@@ -1,29 +1,18 @@
 #include "music/bar_file.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <random>
 
 #include "music/item_table.h"
 #include "music/pipeline.h"
 #include "samples/page_builder.h"
-#include "shared/records.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
 using samples::PageBuilder;
-using testing::endOf;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::words;
 
-constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
-
-class BarFile : public ::testing::Test {
+class BarFile : public HostTest {
   protected:
     BarFile() {
         pipeline.currentPath = host.path("PAGE.MUS");
@@ -36,19 +25,11 @@ class BarFile : public ::testing::Test {
         host.write("PAGE.MUS", bytes);
         MusStoreBarFile(reader);
     }
-    void add(std::initializer_list<float> pars, const std::string& text = {}) {
-        musItem = {};
-        int par = 1;
-        for (const float value : pars) musItem.MusPar[par++] = value;
-        musItem.MusText = text;
-        MusStoreItem();
-    }
-    std::vector<std::string> textsOfTable() {
-        std::vector<std::string> texts;
+    Texts textsOfTable() {
+        Texts texts;
         for (int item = 1; item <= musItemTable.itemCount; ++item) texts.push_back(musItemTable[item].text);
         return texts;
     }
-    ScriptedHost host;
 };
 
 TEST_F(BarFile, TakesWhatBarsAreFoundBy) {
@@ -71,14 +52,10 @@ TEST_F(BarFile, ListsTheTextsOnAndAboveAStaff) {
     page.text(16, {3.5, 33, 0.1}, "_00Ossia").text(16, {1, 34, 5}, "ossia 2").text(16, {1, 34, 5}, "o?ssia");
     page.text(16, {1e9, 35, 5}, "nowhere");
     read(page.bytes());
-    ASSERT_EQ(barTexts.size(), 4U);
-    EXPECT_EQ(barTexts[0].staff, 2);
-    EXPECT_EQ(barTexts[0].position, 30);
-    EXPECT_EQ(barTexts[0].text, "_00Fl-te");
-    EXPECT_EQ(barTexts[1].staff, 4);
-    EXPECT_EQ(barTexts[1].text, "_00Ossia");
-    EXPECT_EQ(barTexts[2].text, "o\xDFsia");
-    EXPECT_EQ(barTexts[3].staff, 0);
+    std::string listed;
+    for (const BarText& text : barTexts)
+        listed += plain(static_cast<float>(text.staff)) + " " + plain(text.position) + " " + text.text + "|";
+    EXPECT_EQ(listed, "2 30 _00Fl-te|4 33 _00Ossia|1 34 o\xDFsia|0 35 nowhere|");
     read(pageOf(words({2, 14, 1})));
     EXPECT_TRUE(barTexts.empty());
 }
@@ -86,12 +63,12 @@ TEST_F(BarFile, ListsTheTextsOnAndAboveAStaff) {
 TEST_F(BarFile, StopsAtDamageAndAtAFullTable) {
     read(pageOf(words({2, 14, 1, 1, 14, 1, 2, 14, 1})), BarReader::renum);
     EXPECT_EQ(musItemTable.itemCount, 1);
-    EXPECT_EQ(host.messages.back(), "Structural error in MUS file. Try to recover with TulValid/TulRecover.");
+    EXPECT_EQ(host.messages.back(), structuralError);
     EXPECT_GT(pipeline.progress.percent, 0);
     PageBuilder page;
     for (int i = 0; i < 2001; ++i) page.item({14, 1});
-    EXPECT_EQ(endOf([&] { read(page.bytes()); }), 1);
-    EXPECT_EQ(host.messages.back(), "MUS file too big for bar renumber operation. Hit OK to terminate.");
+    EXPECT_EQ(host.fatal([&] { read(page.bytes()); }),
+              "MUS file too big for bar renumber operation. Hit OK to terminate.");
 }
 
 TEST_F(BarFile, ReplacesEscapesUntilNoneIsLeft) {
@@ -128,34 +105,34 @@ TEST_F(BarFile, SortsFromTheHighestStaffAndFromTheLeft) {
     for (int i = 0; i < 300; ++i) {
         const auto bits = static_cast<std::uint32_t>(random());
         const float position = bits % 7 == 0 ? notANumber : static_cast<float>(bits / 8 % 40);
-        add({14, static_cast<float>(bits / 1024 % 4), position}, std::to_string(i));
+        addItem({14, static_cast<float>(bits / 1024 % 4), position}, std::to_string(i));
         rows.push_back(musItemTable[musItemTable.itemCount]);
     }
     exchangeNeighbours(rows);
     SortItemTable();
-    std::vector<std::string> expected;
+    Texts expected;
     for (const ItemRow& row : rows) expected.push_back(row.text);
     EXPECT_EQ(textsOfTable(), expected);
 }
 
 TEST_F(BarFile, SortingEndsWhateverTheNumbersAre) {
-    for (const float staff : {2.0F, notANumber, 3.0F, notANumber, 1.0F}) add({8, staff, notANumber});
+    for (const float staff : {2.0F, notANumber, 3.0F, notANumber, 1.0F}) addItem({8, staff, notANumber});
     SortItemTable();
     EXPECT_EQ(musItemTable.itemCount, 5);
     EXPECT_EQ(musItemTable[1].pars[2], 2);
 }
 
 TEST_F(BarFile, MarksStavesAndTheirBarlines) {
-    add({8, 1, 10});                  // 1: lowest of a system of two
-    add({14, 1, 10.9F, 2.4F, 0});     // 2: at its left end
-    add({14, 1, 50, 1, 7});           // 3: elsewhere
-    add({14, 1, 10, 0, 8});           // 4: a bracket
-    add({8, 2, 10});                  // 5: inside the system
-    add({14, 2, 10, 5});              // 6
-    add({8, 3, 10});                  // 7: without barlines
-    add({10, 3, 10, 0, 0});           // 8
-    add({8, 33, 10});                 // 9: beyond the staves
-    musItemTable[3].pars[20] = 0.5F;  // came from the file
+    addItem({8, 1, 10});               // 1: lowest of a system of two
+    addItem({14, 1, 10.9F, 2.4F, 0});  // 2: at its left end
+    addItem({14, 1, 50, 1, 7});        // 3: elsewhere
+    addItem({14, 1, 10, 0, 8});        // 4: a bracket
+    addItem({8, 2, 10});               // 5: inside the system
+    addItem({14, 2, 10, 5});           // 6
+    addItem({8, 3, 10});               // 7: without barlines
+    addItem({10, 3, 10, 0, 0});        // 8
+    addItem({8, 33, 10});              // 9: beyond the staves
+    musItemTable[3].pars[20] = 0.5F;   // came from the file
     MarkStaffBarlines();
     const auto mark = [](int item, int par) { return musItemTable[item].pars[par]; };
     EXPECT_EQ(mark(1, 19), 2);
@@ -171,9 +148,9 @@ TEST_F(BarFile, MarksStavesAndTheirBarlines) {
 }
 
 TEST_F(BarFile, AnEndlessSystemEndsTheMarking) {
-    add({8, 1, 0});
-    add({14, 1, 0, std::numeric_limits<float>::infinity()});
-    add({8, 2, 0});
+    addItem({8, 1, 0});
+    addItem({14, 1, 0, infinity});
+    addItem({8, 2, 0});
     MarkStaffBarlines();
     EXPECT_EQ(musItemTable[3].pars[20], 0);
     EXPECT_EQ(musItemTable[2].pars[20], 1);

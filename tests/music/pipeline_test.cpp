@@ -1,37 +1,21 @@
 #include "music/pipeline.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
-
-#include "base/text.h"
 #include "music/item_table.h"
 #include "music/mus_writer.h"
 #include "samples/many.h"
 #include "samples/page_builder.h"
 #include "samples/scores.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
 using samples::PageBuilder;
-using testing::endOf;
-using testing::header;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::trailer;
-using testing::words;
-
-constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
-const std::string structuralError = "Structural error in MUS file. Try to recover with TulValid/TulRecover.";
-const std::string openFailure = "Open of output MUS file failed. Hit OK to terminate";
 
 const std::string staff = words({6, 8, 1, 0, 0, 0.75F, 200});
 const std::string barline = words({3, 14, 1, 20});
 
-class PipelineRun : public ::testing::Test {
+class PipelineRun : public HostTest {
   protected:
     PipelineRun() { pipeline.currentPath = host.path("PAGE.MUS"); }
 
@@ -44,14 +28,6 @@ class PipelineRun : public ::testing::Test {
         writeFile(form);
         return host.read("PAGE.MUS");
     }
-    /// A row as a tool leaves it in the table.
-    void add(std::initializer_list<float> pars, const std::string& text = {}) {
-        musItem = {};
-        int par = 1;
-        for (const float value : pars) musItem.MusPar[par++] = value;
-        musItem.MusText = text;
-        MusStoreItem();
-    }
     std::string written(const ToolForm& form = resizForm) {
         host.write("PAGE.MUS", "old");
         writeFile(form);
@@ -63,15 +39,13 @@ class PipelineRun : public ::testing::Test {
         lines.close();
         return host.read("REPORT.PRN");
     }
-
-    ScriptedHost host;
 };
 
 TEST_F(PipelineRun, WritesItemsWithoutTrailingZeros) {
-    add({8, 1, 0, 0, 0.75F, 200});
-    add({14, 1, 20, -0.0F, 0});
-    add({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
-    add({16.5F, 1, notANumber}, "no text for this code");
+    addItem({8, 1, 0, 0, 0.75F, 200});
+    addItem({14, 1, 20, -0.0F, 0});
+    addItem({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
+    addItem({16.5F, 1, notANumber}, "no text for this code");
     std::string all = staff + barline;
     all += words({20, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
     all += words({3, 16.5F, 1, notANumber});
@@ -79,9 +53,9 @@ TEST_F(PipelineRun, WritesItemsWithoutTrailingZeros) {
 }
 
 TEST_F(PipelineRun, PadsTextsByTheirCode) {
-    add({11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0}, "abc");
-    add({15, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}, "FILE.EPS");
-    add({16, 1, 20, 5, 0, 1, 0, 0, 0, 0, 0, 9}, "_00Animus");
+    addItem({11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0}, "abc");
+    addItem({15, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}, "FILE.EPS");
+    addItem({16, 1, 20, 5, 0, 1, 0, 0, 0, 0, 0, 9}, "_00Animus");
     EXPECT_EQ(written(),
               pageOf(words({15, 11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0}) + "abc     " +
                      words({19, 15, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}) + padRight("FILE.EPS", 24) +
@@ -89,9 +63,9 @@ TEST_F(PipelineRun, PadsTextsByTheirCode) {
 }
 
 TEST_F(PipelineRun, CountsTheWordsOfAnOddTextRounded) {
-    add({11, 1}, "nine char");
-    add({11, 1}, "ten chars.");
-    add({11, 1}, "eleven char");
+    addItem({11, 1}, "nine char");
+    addItem({11, 1}, "ten chars.");
+    addItem({11, 1}, "eleven char");
     const auto item = [](float length, const std::string& text) {
         return words({length, 11, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}) + text;
     };
@@ -103,13 +77,13 @@ TEST_F(PipelineRun, CountsTheWordsOfAnOddTextRounded) {
 
 TEST_F(PipelineRun, LeavesDeletedRowsOutAndAnEmptyTableAlone) {
     EXPECT_EQ(written(), "old");
-    add({999, 1, 2});
-    add({999}, "text");
+    addItem({999, 1, 2});
+    addItem({999}, "text");
     EXPECT_EQ(written(), header(6) + trailer());
     EXPECT_TRUE(pipeline.unreadable.empty());
     musItemTable.itemCount = 0;
-    add({13, 1});
-    add({14, 1});
+    addItem({13, 1});
+    addItem({14, 1});
     EXPECT_EQ(written(), pageOf(words({2, 13, 1, 2, 14, 1})));
     pipeline.dropsCode13 = true;
     EXPECT_EQ(written(wholeForm), pageOf(words({2, 13, 1, 2, 14, 1}))) << "a choice of one tool only";
@@ -117,24 +91,24 @@ TEST_F(PipelineRun, LeavesDeletedRowsOutAndAnEmptyTableAlone) {
 }
 
 TEST_F(PipelineRun, RowsThatNoReaderTakesAreWrittenAndTold) {
-    add({14, 1});
-    add({14});
+    addItem({14, 1});
+    addItem({14});
     EXPECT_EQ(written(), pageOf(words({2, 14, 1, 1, 14})));
     pipeline.currentPath = host.path("ZEROS.MUS");
     musItemTable.itemCount = 0;
-    add({0});
-    add({16, 1}, "");
+    addItem({0});
+    addItem({16, 1}, "");
     writeFile(resizForm);
     EXPECT_EQ(host.read("ZEROS.MUS"), pageOf(words({0, 13, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
     for (const float code : {0.5F, 19.0F}) {
         musItemTable.itemCount = 0;
-        add({code, 1});
+        addItem({code, 1});
         EXPECT_FALSE(canBeReadAgain(musItemTable[1]));
     }
     pipeline.readWhole = true;
     pipeline.currentPath = host.path("LONG.MUS");
     musItemTable.itemCount = 0;
-    for (int i = 0; i < 2000; ++i) add({16, 1}, std::string(64, 'x'));
+    for (int i = 0; i < 2000; ++i) addItem({16, 1}, std::string(64, 'x'));
     writeFile(resizForm);
     EXPECT_EQ(host.read("LONG.MUS").substr(0, 2), header(2000 * 30 + 6 - 65536)) << "the count wraps";
     EXPECT_EQ(pipeline.unreadable.size(), 3U);
@@ -142,17 +116,14 @@ TEST_F(PipelineRun, RowsThatNoReaderTakesAreWrittenAndTold) {
 }
 
 TEST_F(PipelineRun, CountsTheCharactersOfTextsForTheToolsThatEditThem) {
-    const auto textLength = [&](const ToolForm& form) {
+    const auto expectLength = [this](const ToolForm& form, float length) {
         musItemTable.itemCount = 0;
-        add({16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3}, "_00longer");
+        addItem({16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3}, "_00longer");
         writeFile(form);
-        return musItemTable[1].pars[12];
+        EXPECT_EQ(musItemTable[1].pars[12], length);
     };
-    EXPECT_EQ(textLength(resizForm), 3);
-    EXPECT_EQ(textLength(renumForm), 3);
-    EXPECT_EQ(textLength(wholeForm), 3);
-    EXPECT_EQ(textLength(editForm), 9);
-    EXPECT_EQ(textLength(barForm), 9);
+    for (const ToolForm& form : {resizForm, renumForm, wholeForm}) expectLength(form, 3);
+    for (const ToolForm& form : {editForm, barForm}) expectLength(form, 9);
 }
 
 TEST_F(PipelineRun, AppliesTheUnitOfTheLastTrailer) {
@@ -166,7 +137,7 @@ TEST_F(PipelineRun, AppliesTheUnitOfTheLastTrailer) {
 }
 
 TEST_F(PipelineRun, KeepsEveryItemOfAPageAndItsOwnPagesByteForByte) {
-    std::vector<std::string> pages;
+    Texts pages;
     for (const samples::Sample& sample : samples::scores()) pages.push_back(sample.bytes);
     for (int number = 1; number <= 20; ++number) pages.push_back(samples::manyPage(number, 6000));
     for (const ToolForm& form : {resizForm, barForm, wholeForm}) {
@@ -194,7 +165,7 @@ TEST_F(PipelineRun, KeepsEveryItemOfAPageAndItsOwnPagesByteForByte) {
 TEST_F(PipelineRun, DamageEndsTheReadingButNotTheRun) {
     const std::string damaged = pageOf(staff + barline + words({1, 14, 1}));
     EXPECT_EQ(rewrite(damaged), pageOf(staff + barline));
-    EXPECT_EQ(host.messages, std::vector<std::string>{structuralError});
+    EXPECT_EQ(host.messages, Texts{structuralError});
     EXPECT_EQ(report(), "Rewritten from an incomplete reading, items may be missing: PAGE.MUS\r\n");
     for (const ToolForm& form : {barForm, wholeForm}) {
         EXPECT_EQ(rewrite(damaged, form), pageOf(staff + barline));
@@ -221,10 +192,13 @@ TEST_F(PipelineRun, APageOfAnotherLengthThanItSaysIsTold) {
     EXPECT_TRUE(host.messages.empty());
 }
 
-TEST_F(PipelineRun, APageWhoseWritingWasInterruptedIsLeftAlone) {
-    const std::string begun = header(0) + staff + barline;
-    EXPECT_EQ(rewrite(begun), begun);
+TEST_F(PipelineRun, APageWithoutAReadableItemIsLeftAlone) {
+    // One whose writing was interrupted before the header, and one that is damaged in its first item.
+    EXPECT_EQ(rewrite(header(0) + staff + barline), header(0) + staff + barline);
     EXPECT_TRUE(host.messages.empty());
+    const std::string damaged = pageOf(words({1, 14, 1}) + barline);
+    EXPECT_EQ(rewrite(damaged), damaged);
+    EXPECT_EQ(report(), "");
 }
 
 TEST_F(PipelineRun, ATextWithoutACountOfCharactersKeepsThem) {
@@ -232,12 +206,6 @@ TEST_F(PipelineRun, ATextWithoutACountOfCharactersKeepsThem) {
         store(pageOf(words({16, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, count, 0}) + "_00Animus   "));
         EXPECT_EQ(musItemTable[1].text, "_00Animus   ");
     }
-}
-
-TEST_F(PipelineRun, DamageInTheFirstItemLeavesTheFileAlone) {
-    const std::string damaged = pageOf(words({1, 14, 1}) + barline);
-    EXPECT_EQ(rewrite(damaged), damaged);
-    EXPECT_EQ(report(), "");
 }
 
 TEST_F(PipelineRun, AnItemOfTooManyParametersAbandonsTheReadingWithoutAMessage) {
@@ -264,8 +232,10 @@ TEST_F(PipelineRun, CodesAreTakenAsReadWhereTheLoopIsTheToolsOwn) {
     EXPECT_NE(musItemTable[1].pars[14], 0.0F);
     EXPECT_EQ(host.messages.size(), 1U);
     for (const float code : {11.0F, 16.0F})
-        EXPECT_EQ(endOf([&] { store(pageOf(words({5, code, 1, 2, 3, 4})), barForm); }), 1);
-    EXPECT_EQ(host.messages.back(), "Invalid MUS file. Error type 7. Hit OK to terminate");
+        EXPECT_EQ(host.fatal([&] {
+            store(pageOf(words({5, code, 1, 2, 3, 4})), barForm);
+        }),
+                  "Invalid MUS file. Error type 7. Hit OK to terminate");
 }
 
 TEST_F(PipelineRun, TheTableIsFullAtTwoThousandItems) {
@@ -274,8 +244,7 @@ TEST_F(PipelineRun, TheTableIsFullAtTwoThousandItems) {
     store(page.bytes());
     EXPECT_EQ(musItemTable.itemCount, 2000);
     const std::string tooBig = page.item({14, 1}).bytes();
-    EXPECT_EQ(endOf([&] { rewrite(tooBig); }), 1);
-    EXPECT_EQ(host.messages.back(), "MUS file too big for operation. Hit OK to terminate.");
+    EXPECT_EQ(host.fatal([&] { rewrite(tooBig); }), "MUS file too big for operation. Hit OK to terminate.");
     EXPECT_EQ(host.read("PAGE.MUS"), tooBig);
     EXPECT_THROW(static_cast<void>(musItemTable[2001]), IndexFault);
     EXPECT_THROW(static_cast<void>(musItemTable[0]), IndexFault);
@@ -285,24 +254,22 @@ TEST_F(PipelineRun, AReadOnlyFileEndsTheProgramAndStays) {
     const std::string bytes = pageOf(staff + barline);
     pipeline.backup = true;
     store(bytes);
-    std::filesystem::permissions(host.nativeFolder() / "PAGE.MUS", std::filesystem::perms::owner_read);
-    EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
-    EXPECT_EQ(host.messages.back(),
+    host.makeReadOnly("PAGE.MUS");
+    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }),
               "Attempt to rewrite Read-only file\r\n" + pipeline.currentPath + "\r\nRun canceled");
     EXPECT_EQ(host.read("PAGE.MUS"), bytes);
     EXPECT_EQ(host.read("PAGE.BKU"), bytes) << "the backup stays";
 }
 
 TEST_F(PipelineRun, WhatCannotBeOpenedEndsTheProgramInTheToolsWords) {
-    std::filesystem::create_directory(host.nativeFolder() / "gone");
+    host.makeFolder("gone");
     host.write("gone/PAGE.MUS", pageOf(staff));
     pipeline.currentPath = host.path("gone\\PAGE.MUS");
     storeFile(resizForm);
-    std::filesystem::remove_all(host.nativeFolder() / "gone");
-    EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
-    EXPECT_EQ(host.messages.back(), openFailure);
-    EXPECT_EQ(endOf([] { writeFile(editForm); }), 1);
-    EXPECT_EQ(host.messages.back(), openFailure + ".");
+    host.remove("gone");
+    const std::string failure = "Open of output MUS file failed. Hit OK to terminate";
+    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }), failure);
+    EXPECT_EQ(host.fatal([] { writeFile(editForm); }), failure + ".");
 }
 
 TEST_F(PipelineRun, AFullDiskIsToldAndLeavesThePage) {
@@ -314,8 +281,7 @@ TEST_F(PipelineRun, AFullDiskIsToldAndLeavesThePage) {
     EXPECT_EQ(host.messages.back(),
               "Failed to take backup copy of file " + pipeline.currentPath + ". Drive full.");
     EXPECT_EQ(musItemTable.itemCount, 2) << "the run goes on";
-    EXPECT_EQ(endOf([] { writeFile(resizForm); }), 1);
-    EXPECT_EQ(host.messages.back(),
+    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }),
               "Failed to write file " + pipeline.currentPath +
                   ". Drive full.\r\nThe file is as it was before. Hit OK to terminate.");
     EXPECT_EQ(host.read("PAGE.MUS"), bytes);

@@ -1,62 +1,35 @@
-#include <gtest/gtest.h>
 
 #include <set>
 
 #include "edit/edit_run.h"
 #include "edit/general_edit.h"
 #include "edit/text_search.h"
-#include "panels/panel_list.h"
-#include "shared/records.h"
-#include "support/mus_bytes.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-using testing::crlf;
-using testing::pageOf;
-using testing::ScriptedHost;
-using testing::words;
-
-using Texts = std::vector<std::string>;
-
-class EditPanelTest : public ::testing::Test {
+class EditPanelTest : public PanelTest {
   protected:
     EditPanelTest() {
-        host.install();
         projectSettings.PlateNumber = " 1234";
         projectSettings.PlateNumberFont = "_00";
         projectSettings.PlateNumberSize = ".8";
         projectSettings.LyricsFont = "_05";
         host.write("page.mus", pageOf(words({2, 8, 1})));
-        host.write("NAMES.TUL", crlf({host.path("page.mus") + " 1"}));
-        panel = findPanel("edit")->make();
-        panel.load();
+        writeNames({"page.mus"});
+        open("edit");
     }
-    std::string shown(const char* field) { return panel.field(field)->text(); }
-    bool isEnabled(const char* field) { return panel.field(field)->enabled(); }
     bool runs() { return panel.command("cmdEditRun")->enabled(); }
-
-    ScriptedHost host;
-    Panel panel;
 };
 
 TEST_F(EditPanelTest, StartsAsItsTabsDo) {
-    for (const auto& [field, text] : std::vector<std::pair<const char*, const char*>>{
-             {"tabEdit", "0"},
-             {"chkEditBackup", "1"},
-             {"optEditSearch", "1"},
-             {"txtEditSearchMargin", "0.01"},
-             {"optEditDeleteText", "1"},
-             {"optOptionChange", "1"},
-             {"txtGeneralMargin", ".001"},
-             {"lstl2", "--------"},
-             {"lstr1", "=\r\n<>\r\n<\r\n<=\r\n>\r\n>="},
-             {"txtRVBwholeOffsetLeft", "-.5"},
-             {"txtCurrentPlateNr", "Current plate number=_00 1234, Size=.8"},
-             {"txtLJfont", "_05"},
-             {"lblEditStatus", "File being processed"},
-             {"txtEditFile", ""}})
+    for (const auto& [field, text] : {std::pair{"lstl2", "--------"},
+                                      {"lstr1", "=\r\n<>\r\n<\r\n<=\r\n>\r\n>="},
+                                      {"txtCurrentPlateNr", "Current plate number=_00 1234, Size=.8"},
+                                      {"txtLJfont", "_05"},
+                                      {"lblEditStatus", "File being processed"},
+                                      {"txtEditFile", ""}})
         EXPECT_EQ(shown(field), text) << field;
     EXPECT_TRUE(host.exists("TULEDIT.PRO"));
     EXPECT_EQ(panel.set("tabEdit", "13"), PanelAnswer::done);
@@ -139,9 +112,9 @@ TEST_F(EditPanelTest, ControlsOfLaterEditsAreDisabled) {
         EXPECT_EQ(panel.press(command), PanelAnswer::disabled) << command;
     EXPECT_EQ(panel.press("cmdEdit2"), PanelAnswer::disabled);
     identity.DeveloperMode = true;
-    host.programs["TULEDIT2.EXE"] = [](const std::string&) { return 0; };
+    host.mayRun("TULEDIT2.EXE");
     EXPECT_EQ(panel.press("cmdEdit2"), PanelAnswer::done);
-    EXPECT_NE(host.launches.back().find("TULEDIT2.EXE"), std::string::npos);
+    EXPECT_TRUE(contains(host.launches.back(), "TULEDIT2.EXE"));
 }
 
 TEST_F(EditPanelTest, TheDeveloperHidesButtonsByAClickOnTheBackground) {
@@ -161,15 +134,8 @@ TEST_F(EditPanelTest, TheDeveloperHidesButtonsByAClickOnTheBackground) {
               "RH finger alignment for Score4 (finger size taken from global setting: .8).");
 }
 
-TEST_F(EditPanelTest, AFamilyTakesItsControlsOverFromTheLaterOnes) {
-    std::set<std::string> names;
-    for (const Field& field : panel.fields) EXPECT_TRUE(names.insert(field.name).second) << field.name;
-    for (const Command& command : panel.commands)
-        EXPECT_TRUE(names.insert(command.name).second) << command.name;
-}
-
 TEST_F(EditPanelTest, ReturningKeepsTheProfile) {
-    std::filesystem::remove(host.nativeFolder() / "TULEDIT.PRO");
+    host.remove("TULEDIT.PRO");
     panel.press("cmdEditReturn");
     EXPECT_TRUE(host.exists("TULEDIT.PRO"));
     EXPECT_TRUE(panel.closed());

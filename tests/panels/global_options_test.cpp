@@ -1,30 +1,17 @@
 #include "centre/global_options.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-
-#include "base/text.h"
 #include "centre/main_panel.h"
 #include "centre/project_options.h"
 #include "centre/start_up.h"
-#include "panels/panel_list.h"
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
 
-using testing::crlf;
-using testing::endOf;
-using testing::ScriptedHost;
-using Lines = std::vector<std::string>;
-
-class OptionsPanel : public ::testing::Test {
+class OptionsPanel : public PanelTest {
   protected:
     OptionsPanel() {
-        host.install();
-        std::filesystem::create_directory(host.nativeFolder() / "LIB");
+        host.makeFolder("LIB");
         host.write("LIB/CODE9.DAT", "3001 dot\r\n3002 line\r\n");
         writeFont("LIB/FM05.PSC", "Sonata", '\x81', 694);
         writeFont("LIB/FM42.PSC", "Times Roman", '\x81', 694);
@@ -42,71 +29,40 @@ class OptionsPanel : public ::testing::Test {
         host.write(file, name);
     }
     /// A start of the program with this options file, and the panel opened.
-    void open(const Lines& options) {
+    void open(const Texts& options) {
         host.write("TULPROJ.PRO", crlf(options));
         open();
     }
     void open() {
         StartUp();
-        panel = findPanel("options")->make();
-        panel.load();
+        PanelTest::open("options");
     }
-    std::string shown(const std::string& name) { return panel.field(name)->text(); }
     /// What the file then says of a key; nothing when it has no such line.
     std::string written(const std::string& key) {
         panel.press("cmdGlobalOptionsReturn");
         panel.load();  // opened again for what follows
-        const std::string file = host.read("TULPROJ.PRO");
-        for (const std::string_view line : linesOf(file))
-            if (line.starts_with(key + "=")) return std::string(line.substr(key.size() + 1));
+        for (const std::string& line : linesIn(host.read("TULPROJ.PRO")))
+            if (line.starts_with(key + "=")) return line.substr(key.size() + 1);
         return "(no line)";
     }
-
-    ScriptedHost host;
-    Panel panel;
 };
 
 TEST_F(OptionsPanel, WritesEveryKeyInItsOrder) {
     open();
     panel.press("cmdGlobalOptionsReturn");
     EXPECT_EQ(host.read("TULPROJ.PRO"),
-              crlf({"* Global TUL Options last updated 11-21-2026 at 09:05:07 by v8.0.0.200",
-                    "Project=Installation verification",
-                    "MusDirectory=" + host.folder(),
-                    "Code9Path=" + host.path("LIB\\CODE9.DAT"),
-                    "NamesFile=NAMES.TUL",
-                    "PreferedSuffix=MUS",
-                    "PageNumberPlace=SideTop",
-                    "PageNumberFont=0",
-                    "PageNumberSize=201.1",
-                    "PageNumberLength=2",
-                    "BarNumberPlace=First",
-                    "BarNumberFont=1",
-                    "BarNumberSize=201",
-                    "RehearsalFont=0",
-                    "RehearsalSize=1",
-                    "PlateNumber=",
-                    "PlateNumberFont=_00",
-                    "PlateNumberSize=.8",
-                    "FingerFontLH=0",
-                    "FingerSizeLH=.75",
-                    "FingerFontRH=_26",
-                    "FingerSizeRH=.75",
-                    "LyricsFont=_00",
-                    "LyricsSize=1",
-                    "StaffRange=32",
-                    "PanelPreference=0",
-                    "BypassDecimalTest=0",
-                    "BypassPlatformTest=0",
-                    "TulSplitDOS=False",
-                    "TulSplitWindows=True",
-                    "TulInputDOS=True",
-                    "TulInputWindows=False",
-                    "WarnOnPathLength=0",
-                    "FontPreference=PSC",
-                    "ScoreEnginePreference=3"}));
+              lines("* Global TUL Options last updated 11-21-2026 at 09:05:07 by v8.0.0.200|"
+                    "Project=Installation verification|MusDirectory=" +
+                    host.folder() + "|Code9Path=" + host.path("LIB\\CODE9.DAT") +
+                    "|NamesFile=NAMES.TUL|PreferedSuffix=MUS|PageNumberPlace=SideTop|PageNumberFont=0|"
+                    "PageNumberSize=201.1|PageNumberLength=2|BarNumberPlace=First|BarNumberFont=1|"
+                    "BarNumberSize=201|RehearsalFont=0|RehearsalSize=1|PlateNumber=|PlateNumberFont=_00|"
+                    "PlateNumberSize=.8|FingerFontLH=0|FingerSizeLH=.75|FingerFontRH=_26|FingerSizeRH=.75|"
+                    "LyricsFont=_00|LyricsSize=1|StaffRange=32|PanelPreference=0|BypassDecimalTest=0|"
+                    "BypassPlatformTest=0|TulSplitDOS=False|TulSplitWindows=True|TulInputDOS=True|"
+                    "TulInputWindows=False|WarnOnPathLength=0|FontPreference=PSC|ScoreEnginePreference=3"));
     EXPECT_TRUE(panel.closed());
-    EXPECT_EQ(host.messages, Lines{});
+    EXPECT_EQ(host.messages, Texts{});
 }
 
 TEST_F(OptionsPanel, KeepsWhatAHandWroteIntoTheFile) {
@@ -116,12 +72,12 @@ TEST_F(OptionsPanel, KeepsWhatAHandWroteIntoTheFile) {
         {"FingerSizeRH", ".9"},        {"LyricsSize", "-12"},         {"PanelPreference", "2"},
         {"BypassDecimalTest", "1"},    {"TulInputWindows", "True"},   {"WarnOnPathLength", "1"},
         {"FontPreference", "FMT"},     {"ScoreEnginePreference", "4"}};
-    Lines lines;
+    Texts lines;
     for (const auto& [key, value] : kept) lines.push_back(upperCase(key) + "=" + value);
     open(lines);
     EXPECT_EQ(projectSettings.InputMode, "W");
     for (const auto& [key, value] : kept) EXPECT_EQ(written(key), value) << key;
-    EXPECT_EQ(host.messages, Lines{});
+    EXPECT_EQ(host.messages, Texts{});
     EXPECT_EQ(projectSettings.WarnOnPathLength, 1);
     EXPECT_EQ(written("RehearsalSize"), "1") << "a missing line comes back as in a new installation";
 }
@@ -129,14 +85,14 @@ TEST_F(OptionsPanel, KeepsWhatAHandWroteIntoTheFile) {
 TEST_F(OptionsPanel, TellsUnknownKeysAndPassesOverOthers) {
     open({"* Colour=red", " Colour=red", "Colour", "Display=1", "DisplayOptions=NO", "Pref=NO",
           "Resolution=600", "NamesFile=X", "Library=X"});
-    EXPECT_EQ(host.messages, (Lines{"ignored invalid command in TULPROJ.PRO: Display=1",
+    EXPECT_EQ(host.messages, (Texts{"ignored invalid command in TULPROJ.PRO: Display=1",
                                     "ignored invalid command in TULPROJ.PRO: Library=X"}));
     EXPECT_EQ(written("NamesFile"), "NAMES.TUL");
     EXPECT_EQ(written("Library"), "(no line)");
 }
 
 TEST_F(OptionsPanel, ReadsPlacesAndPreferencesInAnyCase) {
-    const auto placeAfter = [this](const Lines& options) {
+    const auto placeAfter = [this](const Texts& options) {
         open(options);
         return written("PageNumberPlace");
     };
@@ -148,12 +104,13 @@ TEST_F(OptionsPanel, ReadsPlacesAndPreferencesInAnyCase) {
           "ScoreEnginePreference=x", "PanelPreference=7"});
     EXPECT_EQ(projectSettings.FontPreference, "PSC");
     EXPECT_EQ(shown("opt99"), "1");
-    EXPECT_EQ(written("BarNumberPlace"), "Each");
-    EXPECT_EQ(written("StaffRange"), "200");
+    for (const auto& [key, value] : {std::pair{"BarNumberPlace", "Each"},
+                                     {"StaffRange", "200"},
+                                     {"FontPreference", "PSC"},
+                                     {"ScoreEnginePreference", "4"},
+                                     {"PanelPreference", "0"}})
+        EXPECT_EQ(written(key), value) << key;
     EXPECT_EQ(projectSettings.StaffRange, 200) << "the tools have the written value";
-    EXPECT_EQ(written("FontPreference"), "PSC");
-    EXPECT_EQ(written("ScoreEnginePreference"), "4");
-    EXPECT_EQ(written("PanelPreference"), "0");
     host.write("TULPROJ.PRO", "FontPreference=fmt\r\n");
     panel.load();
     EXPECT_EQ(written("FontPreference"), "FMT") << "changed on disk since the start";
@@ -161,22 +118,21 @@ TEST_F(OptionsPanel, ReadsPlacesAndPreferencesInAnyCase) {
 
 TEST_F(OptionsPanel, ChecksWhatIsTypedAndTellsTheToolsAtOnce) {
     open();
-    panel.set("txtBarSize", ".5");
-    panel.set("txtBarFont", "12");
-    panel.set("txtPageLength", "4");
-    panel.set("txtPreferredSuffix", "pag");
-    panel.set("txtLyricsFont", "_1");
-    panel.set("optTulInputWindows", "1");
+    using Setting = std::string ProjectSettings::*;
+    for (const auto& [field, typed, setting, kept] :
+         std::vector<std::tuple<const char*, const char*, Setting, const char*>>{
+             {"txtBarSize", ".5", &ProjectSettings::BarNumberSize, "200.5"},
+             {"txtBarFont", "12", &ProjectSettings::BarNumberFont, "12"},
+             {"txtPageLength", "4", &ProjectSettings::PageNumberLength, "4"},
+             {"txtPreferredSuffix", "pag", &ProjectSettings::PreferedSuffix, "PAG"},
+             {"txtLyricsFont", "_1", &ProjectSettings::LyricsFont, "_01"},
+             {"optTulInputWindows", "1", &ProjectSettings::InputMode, "W"}}) {
+        panel.set(field, typed);
+        EXPECT_EQ(projectSettings.*setting, kept) << field;
+    }
     panel.set("optFontPreferenceFMT", "1");
-    EXPECT_EQ(projectSettings.BarNumberSize, "200.5");
-    EXPECT_EQ(projectSettings.BarNumberFont, "12");
-    EXPECT_EQ(projectSettings.PageNumberLength, "4");
-    EXPECT_EQ(projectSettings.PreferedSuffix, "PAG");
-    EXPECT_EQ(projectSettings.LyricsFont, "_01");
-    EXPECT_EQ(projectSettings.InputMode, "W");
-    EXPECT_EQ(written("FontPreference"), "FMT");
-    EXPECT_EQ(written("TulInputDOS"), "False");
-    EXPECT_EQ(host.messages, Lines{});
+    EXPECT_EQ(written("FontPreference") + written("TulInputDOS"), "FMTFalse");
+    EXPECT_EQ(host.messages, Texts{});
 
     panel.set("txtPreferredSuffix", "p?g");
     EXPECT_EQ(shown("txtPreferredSuffix"), "PAG");
@@ -186,8 +142,6 @@ TEST_F(OptionsPanel, ChecksWhatIsTypedAndTellsTheToolsAtOnce) {
     EXPECT_EQ(host.messages.size(), 3U) << "the suffix, the prompt, the size";
     EXPECT_EQ(panel.click("txtCode9TextPath"), PanelAnswer::disabled);
     EXPECT_EQ(panel.set("optPanelPreference", "3"), PanelAnswer::invalid);
-    panel.field("txtPlateText")->visible = false;
-    EXPECT_EQ(panel.set("txtPlateText", "x"), PanelAnswer::disabled);
     panel.set("txtProjectName", "Opus 1\nStaffRange=200");
     EXPECT_EQ(written("StaffRange"), "32");
 }
@@ -195,7 +149,7 @@ TEST_F(OptionsPanel, ChecksWhatIsTypedAndTellsTheToolsAtOnce) {
 TEST_F(OptionsPanel, ChoosesFontsFromTheLibrary) {
     open();
     const ListBox& list = globalOptions.lstFont;
-    EXPECT_EQ(list.entries, (Lines{"(cancel)", "05 - Sonata", "42 - Times Roman"}));
+    EXPECT_EQ(list.entries, (Texts{"(cancel)", "05 - Sonata", "42 - Times Roman"}));
     EXPECT_FALSE(list.visible);
     EXPECT_EQ(panel.set("lstFont", "05 - Sonata"), PanelAnswer::done);
     EXPECT_EQ(projectSettings.LyricsFont, "_05");
@@ -218,7 +172,7 @@ TEST_F(OptionsPanel, SetsTheInitialFolderInThreeWays) {
     open();
     EXPECT_EQ(panel.press("cmdGlobalSetFolder"), PanelAnswer::disabled) << "nothing is selected";
     host.write("page.mus", "page");
-    host.write("NAMES.TUL", crlf({host.path("page.mus") + " 1"}));
+    writeNames({"page.mus"});
     open();
     panel.press("cmdGlobalSetFolder");
     EXPECT_EQ(projectSettings.MusDirectory, upperCase(host.folder()));
@@ -238,34 +192,28 @@ TEST_F(OptionsPanel, SetsTheInitialFolderInThreeWays) {
 }
 
 TEST_F(OptionsPanel, OffersTheVersionsThatAreThere) {
-    const Lines chosen = {"TulSplitDOS=True"};
-    const auto add = [this](const Lines& files) {
+    const auto openWith = [this](const Texts& files) {
         for (const std::string& file : files) host.write(file, "x");
+        open({"TulSplitDOS=True"});
+        return shown("fraTulSplit") + "/" + shown("fraTulInput");
     };
-    open(chosen);
-    EXPECT_EQ(shown("fraTulSplit"), "TulSplit - neither version is present");
-    EXPECT_EQ(shown("fraTulInput"), "TulInput (Windows) - is NOT present");
-    add({"TULSPLI5.EXE", "TULSPLI6.EXE", "TULINPUTW.EXE", "TULCW.EXE"});
-    open(chosen);
-    EXPECT_EQ(shown("fraTulSplit"), "TulSplit - only the Windows version is present");
+    const std::string input = "/TulInput (Windows) - is present";
+    EXPECT_EQ(openWith({}), "TulSplit - neither version is present/TulInput (Windows) - is NOT present");
+    EXPECT_EQ(openWith({"TULSPLI5.EXE", "TULSPLI6.EXE", "TULINPUTW.EXE", "TULCW.EXE"}),
+              "TulSplit - only the Windows version is present" + input);
     EXPECT_EQ(shown("optTulSplitWindows"), "1") << "whatever the file says";
-    EXPECT_EQ(shown("fraTulInput"), "TulInput (Windows) - is present");
     EXPECT_EQ(panel.set("optTulSplitDOS", "1"), PanelAnswer::disabled);
-    add({"TULSPLIT.BAT", "TULSPLI1.EXE", "TULSPLI2.EXE"});
-    open(chosen);
-    EXPECT_EQ(shown("fraTulSplit"), "TulSplit - both DOS and Windows version are present");
-    EXPECT_EQ(shown("optTulSplitDOS"), "1");
-    EXPECT_EQ(shown("optTulSplitWindows"), "0");
+    EXPECT_EQ(openWith({"TULSPLIT.BAT", "TULSPLI1.EXE", "TULSPLI2.EXE"}),
+              "TulSplit - both DOS and Windows version are present" + input);
+    EXPECT_EQ(shown("optTulSplitDOS") + shown("optTulSplitWindows"), "10");
     EXPECT_EQ(panel.set("optTulSplitWindows", "1"), PanelAnswer::done);
     EXPECT_EQ(written("TulSplitDOS"), "False");
-    std::filesystem::remove(host.nativeFolder() / "TULSPLI6.EXE");
-    open(chosen);
-    EXPECT_EQ(shown("fraTulSplit"), "TulSplit - only the DOS version is present");
+    host.remove("TULSPLI6.EXE");
+    EXPECT_EQ(openWith({}), "TulSplit - only the DOS version is present" + input);
 
     EXPECT_EQ(panel.set("optScoreEngine4", "1"), PanelAnswer::disabled) << "no SCORE is linked";
     host.write("ScoreEngineLinkProfile.TXT", "C:\\S4\\SCOR4.EXE,1005\r\nC:\\S3\\SCORE.EXE,1005\r\n");
-    open(chosen);
-    EXPECT_TRUE(panel.field("optScoreEngine4")->visible());
+    openWith({});
     EXPECT_FALSE(panel.field("optScoreEngine3")->visible());
     EXPECT_EQ(panel.set("optScoreEngine4", "1"), PanelAnswer::done);
     EXPECT_EQ(written("ScoreEnginePreference"), "4");
@@ -274,12 +222,12 @@ TEST_F(OptionsPanel, OffersTheVersionsThatAreThere) {
 TEST_F(OptionsPanel, ShowsTheFilesOfTheLibrary) {
     open();
     EXPECT_EQ(globalOptions.List1.entries,
-              (Lines{"3001 dot", "3002 line", "CODE9.DAT", "FM05.PSC", "FM42.PSC", "FM43.PSC", "FM44.PSC"}));
+              (Texts{"3001 dot", "3002 line", "CODE9.DAT", "FM05.PSC", "FM42.PSC", "FM43.PSC", "FM44.PSC"}));
     EXPECT_TRUE(globalOptions.List2.entries.empty());
     EXPECT_EQ(panel.command("cmdGlobalViewCode9")->toolTip(),
               "View/edit this file. Path is " + host.path("LIB\\CODE9.DAT"));
     panel.press("cmdGlobalViewCode9");
-    EXPECT_EQ(host.shown, Lines{"3001 dot\r\n3002 line\r\n"});
+    EXPECT_EQ(host.shown, Texts{"3001 dot\r\n3002 line\r\n"});
     EXPECT_EQ(panel.press("cmdGlobalViewPref"), PanelAnswer::disabled);
 }
 
@@ -287,14 +235,11 @@ TEST_F(OptionsPanel, LeavesTheOldFileWhereItCannotWrite) {
     open({"Project=Old"});
     panel.set("txtProjectName", "New");
     host.faultyFiles().refusals["TULPROJ.PRO"] = FileError::readOnly;
-    EXPECT_EQ(endOf([this] { panel.press("cmdGlobalOptionsReturn"); }), 1);
-    EXPECT_EQ(host.messages.back(),
+    EXPECT_EQ(host.fatal([this] { panel.press("cmdGlobalOptionsReturn"); }),
               host.path("TULPROJ.PRO") + " could not be opened for output. Hit Enter to abort");
     EXPECT_EQ(host.read("TULPROJ.PRO"), "Project=Old\r\n");
-
-    std::filesystem::remove(host.nativeFolder() / "TULPROJ.PRO");
-    EXPECT_EQ(endOf([this] { panel.load(); }), 1);
-    EXPECT_EQ(host.messages.back(),
+    host.remove("TULPROJ.PRO");
+    EXPECT_EQ(host.fatal([this] { panel.load(); }),
               host.path("TULPROJ.PRO") + " could not be opened for input. Hit Enter to abort");
 }
 

@@ -1,20 +1,11 @@
 #include "shared/panel.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 #include "base/numbers.h"
 #include "check/validation.h"
-#include "panels/panel_list.h"
-#include "shared/records.h"
-#include "support/scripted_host.h"
+#include "support/test.h"
 
 namespace tul {
 namespace {
-
-using testing::crlf;
-using testing::ScriptedHost;
 
 /// A record as a tool has it.
 struct Options {
@@ -97,7 +88,7 @@ TEST(PanelList, NamesEveryControlOnce) {
     for (const PanelEntry& entry : panelList()) {
         const Panel panel = entry.make();
         EXPECT_EQ(panel.name, entry.form);
-        std::vector<std::string> names;
+        Texts names;
         for (const Field& field : panel.fields) names.push_back(field.name);
         for (const Command& command : panel.commands) names.push_back(command.name);
         std::sort(names.begin(), names.end());
@@ -105,34 +96,27 @@ TEST(PanelList, NamesEveryControlOnce) {
     }
 }
 
-class ValidationPanel : public ::testing::Test {
+class ValidationPanel : public PanelTest {
   protected:
-    ValidationPanel() {
-        host.install();
-        panel = findPanel("valid")->make();
-    }
-    ScriptedHost host;
-    Panel panel;
+    ValidationPanel() { open("valid"); }
 };
 
 TEST_F(ValidationPanel, RunsOnlyWithASelection) {
-    panel.load();
     EXPECT_FALSE(panel.command("cmdValidateRun")->enabled());
     EXPECT_FALSE(panel.command("cmdValidateView")->enabled());
     EXPECT_EQ(panel.press("cmdValidateRun"), PanelAnswer::disabled);
-    EXPECT_EQ(panel.field("panValidFileName")->text(), "");
-    EXPECT_EQ(panel.field("txtValidRange")->text(), "32");
+    EXPECT_EQ(shown("panValidFileName"), "");
+    EXPECT_EQ(shown("txtValidRange"), "32");
 
     host.write("page.mus", "page");
-    host.write("NAMES.TUL", crlf({host.path("page.mus") + " 1"}));
+    writeNames({"page.mus"});
     panel.load();
     EXPECT_TRUE(panel.command("cmdValidateRun")->enabled());
-    EXPECT_TRUE(panel.field("panValidFileName")->text().ends_with("\\PAGE.MUS"));
-    host.showsTextItself = true;
-    std::filesystem::remove(host.nativeFolder() / "page.mus");
+    EXPECT_TRUE(shown("panValidFileName").ends_with("\\PAGE.MUS"));
+    host.remove("page.mus");
     panel.press("cmdValidateView");
     EXPECT_FALSE(panel.command("cmdValidateRun")->enabled()) << "the selection was discarded";
-    EXPECT_EQ(panel.field("panValidFileName")->text(), "");
+    EXPECT_EQ(shown("panValidFileName"), "");
 }
 
 TEST_F(ValidationPanel, ReturnsOrCancels) {

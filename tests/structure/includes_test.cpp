@@ -11,39 +11,26 @@
 namespace {
 
 namespace fs = std::filesystem;
-using Rooms = std::set<std::string>;
-
-/// The rooms that each room may include, beside itself.
-const std::map<std::string, Rooms>& allowedRooms() {
-    static const std::map<std::string, Rooms> allowed = [] {
-        const Rooms toMusic = {"base", "host", "shared"};
-        Rooms toCentre = toMusic;
-        toCentre.insert("music");
-        Rooms toTools = toCentre;
-        toTools.insert("centre");
-        Rooms readingPages = toTools;
-        readingPages.insert("bars");
-        Rooms toPanels = readingPages;
-        toPanels.insert({"check", "edit", "renumber", "extract", "input"});
-        Rooms toFaces = toPanels;
-        toFaces.insert("panels");
-        return std::map<std::string, Rooms>{
-            {"base", {}},
-            {"host", {"base"}},
-            {"shared", {"base", "host"}},
-            {"music", toMusic},
-            {"centre", toCentre},
-            {"check", toTools},
-            {"edit", toTools},
-            {"bars", toTools},
-            {"input", toTools},
-            {"renumber", readingPages},
-            {"extract", readingPages},
-            {"panels", toPanels},
-            {"desktop", toFaces},
-            {"command", toFaces},
-            {"companions", toCentre},
+/// The rooms that each room may include, beside itself, with all that those may.
+const std::map<std::string, std::set<std::string>>& allowedRooms() {
+    static const std::map<std::string, std::set<std::string>> allowed = [] {
+        std::map<std::string, std::set<std::string>> rooms;
+        const auto above = [&rooms](const char* room, const std::set<std::string>& used) {
+            for (const std::string& other : used)
+                rooms[room].insert(rooms[other].begin(), rooms[other].end());
+            rooms[room].insert(used.begin(), used.end());
         };
+        above("base", {});
+        above("host", {"base"});
+        above("shared", {"host"});
+        above("music", {"shared"});
+        above("centre", {"music"});
+        for (const char* tool : {"check", "edit", "bars", "input"}) above(tool, {"centre"});
+        for (const char* tool : {"renumber", "extract"}) above(tool, {"bars"});
+        above("panels", {"check", "edit", "bars", "input", "renumber", "extract"});
+        for (const char* face : {"desktop", "command"}) above(face, {"panels"});
+        above("companions", {"music"});
+        return rooms;
     }();
     return allowed;
 }

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 
@@ -157,6 +158,30 @@ std::string ScriptedHost::read(const std::string& name) const {
 }
 
 bool ScriptedHost::exists(const std::string& name) const { return fs::exists(nativeFolder_ / name); }
+
+void ScriptedHost::makeReadOnly(const std::string& name) {
+    fs::permissions(nativeFolder_ / name, fs::perms::owner_read);
+}
+
+void ScriptedHost::makeDriveC(const std::string& name) {
+    makeFolder(".wine/dosdevices");
+    fs::create_directory_symlink(nativeFolder_ / name, nativeFolder_ / ".wine/dosdevices/c:");
+}
+
+void ScriptedHost::mayRun(const std::string& program) {
+    programs[program] = [](const std::string&) { return 0; };
+}
+
+std::string ScriptedHost::fatal(const std::function<void()>& action) const {
+    const std::size_t before = messages.size();
+    const std::optional<int> status = endOf(action);
+    if (status != 1) return status ? "(ended without a failure)" : "(came back)";
+    return messages.size() == before ? "(no message)" : messages.back();
+}
+
+bool ScriptedHost::said(const std::string& text) const {
+    return std::find(messages.begin(), messages.end(), text) != messages.end();
+}
 
 void ScriptedHost::install() {
     for (const char* name : {"TULSCORE.EXE", "TULSKORE.EXE", "TULFOLDR.EXE", "TULNAMES.EXE", "TULOLE.EXE",

@@ -77,6 +77,19 @@ class ScriptedHost {
     void write(const std::string& name, const std::string& bytes);
     std::string read(const std::string& name) const;
     bool exists(const std::string& name) const;
+    void remove(const std::string& name) { std::filesystem::remove_all(nativeFolder_ / name); }
+    /// With the folders above it.
+    void makeFolder(const std::string& name) { std::filesystem::create_directories(nativeFolder_ / name); }
+    void makeReadOnly(const std::string& name);
+    /// A drive C, which is this folder of the test's own.
+    void makeDriveC(const std::string& name);
+
+    /// A program of this name starts and does nothing.
+    void mayRun(const std::string& program);
+    /// The last message of an action that ended the program with a failure; otherwise what happened instead.
+    std::string fatal(const std::function<void()>& action) const;
+    /// True when one of the messages was this.
+    bool said(const std::string& text) const;
 
     /// Puts the companions that start-up asks for into the folder, and a TULMONIT.EXE that reports one
     /// monitor of 1920 by 1040 pixels.

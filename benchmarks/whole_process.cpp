@@ -119,6 +119,19 @@ void compareRewriting(const fs::path& home, const fs::path& folder, const Words&
             "cp", copying, 11, "/dev/null", prepare);
     compare("resize, backups", withFiles(withFiles(resize, {"--set", "chkResizBackup=1", "resiz"}), pages),
             "cp", copying, 11, "/dev/null", prepare);
+    // The replacement is what is searched, in apostrophes: every round finds and rewrites the same.
+    const Words edit = withFiles(tulcmd, {"--set", "chkEditBackup=0", "edit"});
+    const Words texts = {
+        "--set", "tabEdit=3", "--set", "txtEditSearchString1=e", "--set", "txtEditSearchString2='e'"};
+    const Words conditions = {
+        "--set",   "tabEdit=6", "--set",     "txtp1=1",    "--set",    "lstr1==", "--set",
+        "txtv1=1", "--set",     "lstl2=AND", "--set",      "txtp2=3",  "--set",   "lstr2=>",
+        "--set",   "txtv2=100", "--set",     "lstl3=&not", "--set",    "txtp3=7", "--set",
+        "lstr3==", "--set",     "txtv3=0",   "--set",      "txtp4=15", "--set",   "txtv4=1.1"};
+    compare("search and replace", withFiles(withFiles(edit, texts), pages), "cp", copying, 11, "/dev/null",
+            prepare);
+    compare("three conditions", withFiles(withFiles(edit, conditions), pages), "cp", copying, 11, "/dev/null",
+            prepare);
     const Words quarter(pages.begin(), pages.begin() + static_cast<std::ptrdiff_t>(pages.size() / 4));
     copying = withFiles({"cp"}, quarter);
     copying.push_back(copies.string());

@@ -5,6 +5,7 @@
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <iostream>
+#include <utility>
 
 #include "centre/global_options.h"
 #include "centre/main_panel.h"
@@ -33,11 +34,12 @@ QPalette darkPalette() {
     const QColor text(0xE6, 0xE6, 0xE6);
     QPalette dark(QColor(0x3A, 0x3D, 0x42), window);
     dark.setColor(QPalette::Base, QColor(0x1F, 0x21, 0x24));
+    dark.setColor(QPalette::Disabled, QPalette::Base, window);
     dark.setColor(QPalette::AlternateBase, window);
     for (const auto role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
         dark.setColor(role, text);
-        dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x82, 0x86));
+        dark.setColor(QPalette::Disabled, role, QColor(0x9C, 0x9E, 0xA2));
     }
     dark.setColor(QPalette::PlaceholderText, QColor(0x90, 0x92, 0x96));
     dark.setColor(QPalette::Highlight, QColor(0x4C, 0x8D, 0xD6));
@@ -75,6 +77,17 @@ class Gallery {
     QString look_;
 };
 
+/// An example of the guide.
+constexpr std::pair<const char*, const char*> slursThinnerThan[] = {
+    {"tabEdit", "6"}, {"optEditGeneralLocate", "1"},
+    {"txtp1", "1"},   {"lstr1", "="},
+    {"txtv1", "5"},   {"lstl2", "AND"},
+    {"txtp2", "13"},  {"lstr2", "<"},
+    {"txtv2", ".8"},  {"lstl3", "&not"},
+    {"txtp3", "13"},  {"lstr3", "="},
+    {"txtv3", "0"},
+};
+
 /// What a panel looks like apart from its tabs.
 void takeStates(PanelWindow& window, Gallery& gallery) {
     if (window.panel().name == "frmValid") {
@@ -93,6 +106,11 @@ void takeStates(PanelWindow& window, Gallery& gallery) {
         window.refresh();
         gallery.take(window, "frmGlobalOptions-fonts");
         chooseFont({});
+    }
+    if (window.panel().name == "frmEdit") {
+        for (const auto& [field, value] : slursThinnerThan) window.panel().set(field, value);
+        window.refresh();
+        gallery.take(window, "frmEdit-example");
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QButtonGroup>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -31,12 +32,12 @@ Object* named(QWidget& form, const QString& name) {
     return form.findChild<Object*>(name);
 }
 
-/// The prefixes of the controls that hold a value or do something. What only decorates a form has others.
+/// Controls that hold a value or do something are known by their names. What only decorates a form has
+/// others.
 bool isControlName(const QString& name) {
-    static const QStringList prefixes = {"cmd", "cms", "opt", "chk", "txt",
-                                         "lst", "lbl", "tab", "mnu", "pan"};
-    return name.size() > 3 && prefixes.contains(name.left(3)) && !name.endsWith("Title") &&
-           (name[3].isUpper() || name[3].isDigit());
+    static const QRegularExpression control(
+        "^((cmd|cms|opt|chk|txt|lst|lbl|tab|mnu|pan)[a-z]{0,2}|[Oo]ption|Text)[A-Z0-9]");
+    return control.match(name).hasMatch() && !name.endsWith("Title");
 }
 
 /// The form's text carries the mnemonic. A caption that the form does not know gets its first letter.
@@ -223,6 +224,8 @@ void Binder::bindList(Field& field, QWidget& widget) {
         });
     if (auto* const list = qobject_cast<QListWidget*>(&widget)) {
         bindListWidget(field, *list);
+    } else if (auto* const choice = qobject_cast<QComboBox*>(&widget)) {
+        bindChoice(field, *choice);
     } else if (auto* const page = qobject_cast<QPlainTextEdit*>(&widget)) {
         refreshers_.push_back([&field, page, last = std::string()]() mutable {
             if (std::string text = field.text(); text != last) {
@@ -250,6 +253,16 @@ void Binder::bindListWidget(Field& field, QListWidget& list) {
     chooses_[list.viewport()] = field.name;
 }
 
+/// A list that drops down: it always shows the entry that is chosen.
+void Binder::bindChoice(Field& field, QComboBox& choice) {
+    for (const std::string& entry : std::get<ListBox*>(field.value)->entries) choice.addItem(shown(entry));
+    connect(&choice, &QComboBox::activated, this, [this, &field](int row) {
+        set(field.name, std::get<ListBox*>(field.value)->entries[static_cast<std::size_t>(row)]);
+    });
+    refreshers_.push_back(
+        [&field, &choice] { choice.setCurrentIndex(std::get<ListBox*>(field.value)->selected); });
+}
+
 void Binder::bindCommand(Command& command) {
     const QString name = QString::fromStdString(command.name);
     if (name.startsWith("Timer")) return;  // the face fires it
@@ -259,23 +272,14 @@ void Binder::bindCommand(Command& command) {
         QObject* const widget = target == form_.objectName() ? &form_ : named<QWidget>(form_, target);
         if (!widget) break;
         bound_ << target;
+        if (auto* const button = qobject_cast<QAbstractButton*>(widget)) return bindButton(command, *button);
         widget->installEventFilter(this);
         (*clicks)[widget] = [this, &command] { press(command.name); };
         return;
     }
     if (auto* const button = named<QAbstractButton>(form_, name)) {
         bound_ << name;
-        connect(button, &QAbstractButton::clicked, this, [this, &command] { press(command.name); });
-        refreshers_.push_back(
-            [&command, button, formText = button->text(), together = withItsLabel(form_, *button)] {
-                button->setText(captionOf(command.caption(), formText));
-                for (QWidget* const each : together) {
-                    each->setEnabled(command.enabled());
-                    each->setVisible(command.visible());
-                }
-                button->setToolTip(shown(command.toolTip()));
-            });
-        if (command.drop) bindDrop(command, *button);
+        bindButton(command, *button);
     } else if (auto* const entry = named<QAction>(form_, name)) {
         bound_ << name;
         connect(entry, &QAction::triggered, this, [this, &command] { press(command.name); });
@@ -288,6 +292,20 @@ void Binder::bindCommand(Command& command) {
     } else {
         mismatches_ << "the form has no " + name;
     }
+}
+
+void Binder::bindButton(Command& command, QAbstractButton& button) {
+    connect(&button, &QAbstractButton::clicked, this, [this, &command] { press(command.name); });
+    refreshers_.push_back(
+        [&command, &button, formText = button.text(), together = withItsLabel(form_, button)] {
+            button.setText(captionOf(command.caption(), formText));
+            for (QWidget* const each : together) {
+                each->setEnabled(command.enabled());
+                each->setVisible(command.visible());
+            }
+            button.setToolTip(shown(command.toolTip()));
+        });
+    if (command.drop) bindDrop(command, button);
 }
 
 void Binder::bindDrop(Command& command, QWidget& widget) {

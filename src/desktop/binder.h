@@ -12,6 +12,7 @@
 class QAbstractButton;
 class QAction;
 class QButtonGroup;
+class QComboBox;
 class QEvent;
 class QListWidget;
 class QWidget;
@@ -44,6 +45,8 @@ class Binder : public QObject {
     void bindTab(Field& field, QWidget& widget);
     void bindList(Field& field, QWidget& widget);
     void bindListWidget(Field& field, QListWidget& list);
+    void bindChoice(Field& field, QComboBox& choice);
+    void bindButton(Command& command, QAbstractButton& button);
     void bindDrop(Command& command, QWidget& widget);
     bool handleList(QListWidget& list, const QEvent& event);
     bool handleDrop(QWidget& widget, QEvent& event);

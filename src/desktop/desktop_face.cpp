@@ -74,15 +74,9 @@ void DesktopFace::showGuide(const std::string& path) {
 void DesktopFace::openPanel(const std::string& name) {
     for (PanelWindow* const window : windows_)
         if (window->panel().name == name) return;
-    const PanelEntry* const entry = findPanel(name);
-    if (!entry || !hasForm(entry->form)) {
-        const std::string hint = entry ? std::string("\r\nOpen it with: tulcmd ") + entry->shortName : "";
-        MsgBox("This version has no window for " + name + "." + hint, Buttons::ok, Icon::information);
-        return;
-    }
     PanelWindow* const before = front();
     auto* const window = new PanelWindow(
-        entry->make(), [this](const std::function<void()>& what) { act(what); }, run_);
+        findPanel(name)->make(), [this](const std::function<void()>& what) { act(what); }, run_);
     windows_.push_back(window);
     if (window->panel().load) window->panel().load();
     if (window->panel().closed()) return settle();

@@ -1,10 +1,8 @@
 #include "desktop/forms.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "ui_frmAbout.h"
 #include "ui_frmColor.h"
+#include "ui_frmEdit.h"
 #include "ui_frmGlobalOptions.h"
 #include "ui_frmLogo.h"
 #include "ui_frmNotepad.h"
@@ -26,30 +24,18 @@ struct FormEntry {
     void (*setUp)(QMainWindow&);
 };
 constexpr FormEntry forms[] = {
-    {"frmLogo", setUp<Ui::frmLogo>},   {"frmValid", setUp<Ui::frmValid>},
-    {"frmPmx", setUp<Ui::frmPmx>},     {"frmGlobalOptions", setUp<Ui::frmGlobalOptions>},
-    {"frmResiz", setUp<Ui::frmResiz>}, {"frmAbout", setUp<Ui::frmAbout>},
-    {"frmColor", setUp<Ui::frmColor>}, {"frmNotepad", setUp<Ui::frmNotepad>},
+    {"frmLogo", setUp<Ui::frmLogo>},       {"frmValid", setUp<Ui::frmValid>},
+    {"frmPmx", setUp<Ui::frmPmx>},         {"frmGlobalOptions", setUp<Ui::frmGlobalOptions>},
+    {"frmResiz", setUp<Ui::frmResiz>},     {"frmEdit", setUp<Ui::frmEdit>},
+    {"frmAbout", setUp<Ui::frmAbout>},     {"frmColor", setUp<Ui::frmColor>},
+    {"frmNotepad", setUp<Ui::frmNotepad>},
 };
-
-const FormEntry* findForm(std::string_view name) {
-    const auto* const found = std::find_if(std::begin(forms), std::end(forms),
-                                           [name](const FormEntry& form) { return form.name == name; });
-    return found == std::end(forms) ? nullptr : found;
-}
 
 }  // namespace
 
-std::vector<std::string_view> formNames() {
-    std::vector<std::string_view> names;
-    for (const FormEntry& form : forms) names.push_back(form.name);
-    return names;
-}
-
-bool hasForm(std::string_view name) { return findForm(name) != nullptr; }
-
 void setUpForm(std::string_view name, QMainWindow& window) {
-    if (const FormEntry* const form = findForm(name)) form->setUp(window);
+    for (const FormEntry& form : forms)
+        if (form.name == name) form.setUp(window);
 }
 
 }  // namespace tul::desktop

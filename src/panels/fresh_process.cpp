@@ -6,6 +6,7 @@
 #include "centre/score_launching.h"
 #include "check/pmx_export.h"
 #include "check/validation.h"
+#include "edit/edit_run.h"
 #include "edit/resize.h"
 #include "music/bar_file.h"
 #include "music/item_table.h"
@@ -28,6 +29,7 @@ void freshProcess() {
     valid::resetValidation();
     pmx::resetPmxRun();
     resize::resetResize();
+    edit::resetEdit();
 }
 
 }  // namespace tul

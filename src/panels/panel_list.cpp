@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "panels/about_panels.h"
+#include "panels/edit_panel.h"
 #include "panels/global_options_panel.h"
 #include "panels/logo_panel.h"
 #include "panels/notepad_panel.h"
@@ -20,6 +21,8 @@ const std::vector<PanelEntry>& panelList() {
         {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", "pmx.md", makePmxPanel},
         {"frmResiz", "resiz", "resize", "change sizes of notes, slurs, staves, symbols, numbers and texts",
          "resize.md", makeResizPanel},
+        {"frmEdit", "edit", "", "search and replace texts, change fonts, find and change items by conditions",
+         "edit.md", makeEditPanel},
         {"frmGlobalOptions", "globaloptions", "options",
          "the choices of a project: folder, suffix, fonts, sizes", "settings-options.md",
          makeGlobalOptionsPanel},

@@ -31,7 +31,10 @@ struct AsText {
     std::string operator()(const bool* flag) const { return *flag ? "1" : "0"; }
     std::string operator()(const int* number) const { return plain(*number); }
     std::string operator()(const Progress* progress) const { return plain(progress->percent); }
-    std::string operator()(const ListBox* list) const { return joinLines(list->entries); }
+    std::string operator()(const ListBox* list) const {
+        if (list->selected < 0) return joinLines(list->entries);
+        return list->entries.at(static_cast<std::size_t>(list->selected));
+    }
 };
 
 bool isBoolean(std::string_view text) {

@@ -21,6 +21,7 @@ struct ListBox {
     std::string title;
     std::vector<std::string> entries;
     bool visible = true;
+    int selected = -1;  // the entry that is chosen, from 0; -1 without one
 };
 
 enum class FieldKind {
@@ -54,8 +55,8 @@ struct Field {
     bool isPath = false;  // takes a path as the platform writes it, not text of music or settings
     int choices = 0;      // tabs, options in a row: how many there are; 0 sets no limit
 
-    /// The value as text: check and option "1" or "0", tab and progress a number, a list its entries by
-    /// lines.
+    /// The value as text: check and option "1" or "0", tab and progress a number, a list its
+    /// chosen entry, or all by lines.
     std::string text() const;
     /// Labels, progress, and texts that neither an input box nor a click fills.
     bool isReadOnly() const;

@@ -204,7 +204,8 @@ TEST(ToldInAWindow, ReportsKeepTheirColumns) {
         return static_cast<const QLabel*>(nullptr);
     };
     const MessageWindow report(false, "TULRECOV", "Kept:  56\nLost:   1\n");
-    EXPECT_TRUE(QFontInfo(labelOf(report)->font()).fixedPitch());
+    const QFontMetrics metrics(labelOf(report)->font());
+    EXPECT_EQ(metrics.horizontalAdvance("iii1"), metrics.horizontalAdvance("MMM "));
     const MessageWindow refusal(true, "TULSKORE", "no <SCORE> is linked: Z:\\a");
     EXPECT_EQ(labelOf(refusal)->text(), "No <SCORE> is linked: Z:\\a");
     EXPECT_EQ(labelOf(refusal)->textFormat(), Qt::PlainText);

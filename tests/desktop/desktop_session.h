@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QTest>
 #include <deque>
@@ -69,6 +70,16 @@ class DesktopSession : public ::testing::Test {
     void expectAnswer(QMessageBox::StandardButton button) {
         expectDialog(
             [button](QDialog& dialog) { dynamic_cast<QMessageBox&>(dialog).button(button)->click(); });
+    }
+
+    /// The next dialog is an input box with `present` in it; the user types `text`.
+    void expectInput(const QString& present, const QString& text) {
+        expectDialog([=](QDialog& dialog) {
+            auto& box = dynamic_cast<QInputDialog&>(dialog);
+            EXPECT_EQ(box.textValue(), present);
+            box.setTextValue(text);
+            box.accept();
+        });
     }
 
     ScriptedHost host;

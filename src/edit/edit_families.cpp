@@ -1,0 +1,15 @@
+#include <array>
+
+#include "edit/edit_family.h"
+#include "edit/general_edit.h"
+#include "edit/text_fonts.h"
+#include "edit/text_search.h"
+
+namespace tul::edit {
+
+std::span<const Family* const> families() {
+    static constexpr std::array all = {&textSearchFamily, &textFontsFamily, &generalFamily};
+    return all;
+}
+
+}  // namespace tul::edit

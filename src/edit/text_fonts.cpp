@@ -1,0 +1,172 @@
+#include "edit/text_fonts.h"
+
+#include <string_view>
+
+#include "base/text.h"
+#include "edit/edit_fields.h"
+#include "edit/edit_run.h"
+#include "edit/text_search.h"
+
+namespace tul::edit {
+
+TextFonts textFonts;
+
+namespace {
+
+const std::string newLine(CrLf);
+constexpr std::size_t prefixLength = 3;
+constexpr std::string_view replaceQuestion = "Replace? (Cancel will stop any further modifying)";
+
+bool deletionAgreed = false;  // to all items of the filter, in this run
+
+std::string inFile() { return "in file: " + editing.txtEditFile + newLine; }
+
+/// The end of a question, behind what was found.
+std::string behindFound(int item, std::string_view question) {
+    return itemNumberLine(item) + newLine + std::string(question);
+}
+
+// --- A change of the font
+
+std::string inputPrefix() { return "_" + textFonts.txtEditFontInput; }
+
+void setFont(std::string& text, std::size_t place) {
+    text.replace(place, prefixLength, "_" + textFonts.txtEditFontOutput);
+    countChange(editing.counters.countChanged);
+}
+
+/// The first of the fonts is changed, whichever was found: what a No has left behind is changed by the next
+/// Yes.
+void modifyFonts(int item, ItemRow& row) {
+    const std::string font = inputPrefix();
+    const bool fits = textFonts.txtModifySize.empty() || valueOf(textFonts.txtModifySize) == row.pars[6];
+    for (std::size_t from = 0; (from = row.text.find(font, from)) != std::string::npos;
+         from += prefixLength) {
+        const bool confirmed = !textSearch.chkEditVerify ||
+                               isConfirmed("Found text item with font: " + textFonts.txtEditFontInput +
+                                           newLine + "text item: " + row.text + newLine + inFile() +
+                                           "replace by font: " + textFonts.txtEditFontOutput + newLine +
+                                           behindFound(item, replaceQuestion));
+        if (isCancelled()) return;
+        if (confirmed && fits) setFont(row.text, row.text.find(font));
+    }
+}
+
+void modifyText(int item, ItemRow& row) {
+    const std::string_view filter = trim(textFonts.txtDelModFilter);
+    if (filter.empty()) return modifyFonts(item, row);
+    if (row.text == inputPrefix() + std::string(filter)) setFont(row.text, 0);
+}
+
+// --- Deletion
+
+void agreeToDeletion() {
+    if (textFonts.txtDelModFilter.empty() || deletionAgreed) return;
+    const Answer answer = MsgBox("Delete all the items with text '" + textFonts.txtDelModFilter + "'?" +
+                                     newLine + "Answering NO will terminate the session.",
+                                 Buttons::yesNo, Icon::question);
+    if (answer != Answer::yes) endWith("TUL needs to close after selecting NO to this prompt.");
+    deletionAgreed = true;
+}
+
+void deleteText(int item, ItemRow& row) {
+    agreeToDeletion();
+    if (!hasFont(row.text, textFonts.txtEditFontInput)) return;
+    if (textSearch.chkEditVerify &&
+        !isConfirmed("Found text item with leading font: " + textFonts.txtEditFontInput + newLine +
+                     "text item: " + row.text + newLine + inFile() +
+                     behindFound(item, "Delete? (Cancel will stop any further deletion)")))
+        return;
+    if (!row.text.ends_with(textFonts.txtDelModFilter)) return;
+    row.pars[1] = deletedItem;
+    countChange(editing.counters.countDeleted);
+}
+
+// --- Numbers
+
+/// A number is asked about even where it will not be changed; a Cancel counts all the same.
+void modifyNumber(int item, Parameters& pars) {
+    constexpr float thousand = 1000.0F;
+    constexpr float hundred = 100.0F;
+    float font = pars[7];
+    if (font >= thousand) font -= thousand;
+    if (font >= hundred) font -= hundred;
+    if (font != valueOf(textFonts.txtEditFontInput)) return;
+    if (textSearch.chkEditVerify &&
+        !isConfirmed("Found number with font in Par7:" + str(pars[7]) + newLine + inFile() +
+                     "replace by font: " + textFonts.txtEditFontOutput + newLine +
+                     behindFound(item, replaceQuestion)))
+        return;
+    if (textFonts.optEditDeleteText || !textFonts.chkEditModifyInclude) return;
+    pars[7] = valueOf(textFonts.txtEditFontOutput) + (pars[7] - font);
+    countChange(editing.counters.countChanged);
+}
+
+// --- The family
+
+bool mayRun() {
+    const TextFonts& fonts = textFonts;
+    if (!fonts.optEditDeleteModify) return true;
+    if (fonts.optEditDeleteText && fonts.txtEditFontInput.empty())
+        return refuse("The input font must be defined for Code16 deletion.");
+    if (!fonts.optEditModifyText) return true;
+    if (fonts.txtEditFontInput.empty() || fonts.txtEditFontOutput.empty())
+        return refuse("The input and output fonts must be defined for Code16 font modification.");
+    if (fonts.txtEditFontInput == fonts.txtEditFontOutput)
+        return refuse("Input and output font are equal. Run canceled.");
+    return true;
+}
+
+void updateFile(const FileOfRun&) {
+    if (!textFonts.optEditDeleteModify) return;
+    forEachItem([](int item, ItemRow& row) {
+        if (row.pars[1] == 10.0F) modifyNumber(item, row.pars);
+        if (row.pars[1] != 16.0F) return;
+        textFonts.optEditDeleteText ? deleteText(item, row) : modifyText(item, row);
+    });
+}
+
+void writeCounters(Report& report) {
+    const TextFonts& fonts = textFonts;
+    if (!fonts.optEditDeleteModify) return;
+    if (fonts.optEditDeleteText)
+        return writeCounter(report, "Number of Code16 items deleted  . . . . . . ",
+                            editing.counters.countDeleted, " (Font " + fonts.txtEditFontInput + ")");
+    writeCounter(report,
+                 fonts.chkEditModifyInclude ? "Number of Code16/Code10 fonts modified  . . "
+                                            : "Number of Code16 fonts modified . . . . . . ",
+                 editing.counters.countChanged,
+                 " (Font " + fonts.txtEditFontInput + " to " + fonts.txtEditFontOutput + ")");
+}
+
+// --- Fields
+
+std::vector<Field> fields() {
+    const auto modifies = [] { return textFonts.optEditModifyText; };
+    return {
+        optionField("fraEditText", "optEditDeleteModify", textFonts.optEditDeleteModify),
+        optionField("fraEditFont", "optEditDeleteText", textFonts.optEditDeleteText),
+        optionField("fraEditFont", "optEditModifyText", textFonts.optEditModifyText),
+        fontField("txtEditFontInput", textFonts.txtEditFontInput),
+        onlyIf(fontField("txtEditFontOutput", textFonts.txtEditFontOutput), modifies),
+        checkField("chkEditModifyInclude", textFonts.chkEditModifyInclude),
+        textField("txtDelModFilter", textFonts.txtDelModFilter,
+                  "Only items with this text behind the font. Empty for all."),
+        textField("txtModifySize", textFonts.txtModifySize,
+                  "Only text items of exactly this size (Par6). Empty for all."),
+    };
+}
+
+}  // namespace
+
+const Family textFontsFamily = {
+    .tab = tabText,
+    .fields = fields,
+    .reset = [] { textFonts = {}; },
+    .mayRun = mayRun,
+    .begin = [] { deletionAgreed = false; },
+    .updateFile = updateFile,
+    .writeCounters = writeCounters,
+};
+
+}  // namespace tul::edit

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "shared/panel.h"
+
+namespace tul {
+
+/// `frmEdit`: the general edit tool with its fourteen tabs.
+Panel makeEditPanel();
+
+}  // namespace tul

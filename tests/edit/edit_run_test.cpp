@@ -1,0 +1,237 @@
+#include "edit/edit_run.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "edit/edit_profile.h"
+#include "edit/general_edit.h"
+#include "edit/text_fonts.h"
+#include "edit/text_search.h"
+#include "shared/records.h"
+#include "support/mus_bytes.h"
+#include "support/scripted_host.h"
+
+namespace tul::edit {
+namespace {
+
+using testing::crlf;
+using testing::endOf;
+using testing::pageOf;
+using testing::ScriptedHost;
+using testing::words;
+
+using Texts = std::vector<std::string>;
+
+const std::string staff = words({2, 8, 1});
+
+/// A text of 8 characters, with a count that is written anew whenever the page is.
+std::string text8(const std::string& text, float count = 8) {
+    return words({15, 16, 1, 0, 0, 0, 1, 0, 0, 0, 0, 0, count, 0}) + text;
+}
+
+class EditRun : public ::testing::Test {
+  protected:
+    /// Pages by name, which become the selection.
+    void select(const std::vector<std::pair<std::string, std::string>>& pages) {
+        Texts lines;
+        for (const auto& [name, bytes] : pages) {
+            host.write(name, bytes);
+            lines.push_back(host.path(name) + " 1");
+        }
+        host.write("NAMES.TUL", crlf(lines));
+    }
+    /// The report of a run.
+    std::string run(int tab) {
+        editing.tabEdit = tab;
+        host.shown.clear();
+        host.messages.clear();
+        cmdEditRun();
+        EXPECT_FALSE(host.exists("TULEDIT.PRN"));
+        EXPECT_FALSE(editing.control.running);
+        return host.shown.empty() ? "" : host.shown.front();
+    }
+    /// The report of pages without lines of their own.
+    std::string reportOf(const Texts& names, const Texts& counters, const char* count) {
+        std::size_t longest = 4;
+        Texts paths;
+        for (const std::string& name : names) {
+            paths.push_back(upperCase(host.path(name)));
+            longest = std::max(longest, paths.back().size());
+        }
+        Texts lines = {"TUL Edit run 11-21-2026 09:05:07", " ", padRight("File", longest),
+                       std::string(longest, '-')};
+        lines.insert(lines.end(), paths.begin(), paths.end());
+        lines.push_back(" ");
+        lines.insert(lines.end(), counters.begin(), counters.end());
+        lines.push_back(" ");
+        lines.push_back(std::string("Number of files processed: ") + count);
+        return crlf(lines);
+    }
+    void searchFor(const char* string1, const char* string2) {
+        textSearch.txtEditSearchString1 = string1;
+        textSearch.txtEditSearchString2 = string2;
+    }
+
+    ScriptedHost host;
+};
+
+TEST_F(EditRun, RewritesOnlyWhatChangedWithoutTheBackupBox) {
+    const std::string with = pageOf(staff + text8("_00abcde", 9));
+    const std::string without = pageOf(staff + text8("_00xyzxy", 9));
+    select({{"a.mus", with}, {"long.mus", without}});
+    searchFor("bc", "BC");
+    editing.chkEditBackup = false;
+    EXPECT_EQ(run(tabText),
+              reportOf({"a.mus", "long.mus"},
+                       {"Number of replaces . . . . . . 1 (Find string: bc Replace string: BC)"}, "2"));
+    EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00aBCde")));
+    EXPECT_EQ(host.read("long.mus"), without);
+    EXPECT_FALSE(host.exists("A.BKU"));
+
+    editing.chkEditBackup = true;
+    EXPECT_EQ(run(tabText),
+              reportOf({"a.mus", "long.mus"},
+                       {"Number of replaces . . . . . . 0 (Find string: bc Replace string: BC)"}, "2"));
+    EXPECT_EQ(host.read("long.mus"), pageOf(staff + text8("_00xyzxy"))) << "rewritten in any case";
+    EXPECT_EQ(host.read("LONG.BKU"), without);
+}
+
+TEST_F(EditRun, ACancelKeepsTheFilesBeforeIt) {
+    const std::string page = pageOf(staff + text8("_00abcde") + text8("_00abcde"));
+    select({{"a.mus", page}, {"b.mus", page}, {"c.mus", page}});
+    searchFor("bc", "BC");
+    textSearch.chkEditVerify = true;
+    host.answers = {Answer::yes, Answer::no, Answer::yes, Answer::cancel};
+    EXPECT_EQ(run(tabText),
+              reportOf({"a.mus", "b.mus"},
+                       {"Number of replaces . . . . . . 2 (Find string: bc Replace string: BC)"}, "3"));
+    EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00aBCde") + text8("_00abcde")));
+    EXPECT_EQ(host.read("b.mus"), page);
+    EXPECT_EQ(host.read("c.mus"), page);
+    EXPECT_EQ(editing.lblEditStatus, "File being processed");
+    EXPECT_EQ(editing.counters.totalUpdates, 2);
+}
+
+TEST_F(EditRun, CountsFontsInTheirOwnWords) {
+    const std::string page = pageOf(staff + text8("_05abcde"));
+    textSearch.optEditSearch = false;
+    textFonts.optEditDeleteModify = true;
+    textFonts.txtEditFontInput = "05";
+    textFonts.txtEditFontOutput = "07";
+    const auto expectLine = [&](const char* line) {
+        select({{"a.mus", page}});
+        EXPECT_EQ(run(tabText), reportOf({"a.mus"}, {line}, "1"));
+    };
+    expectLine("Number of Code16 items deleted  . . . . . . 1 (Font 05)");
+    textFonts.optEditDeleteText = false;
+    textFonts.optEditModifyText = true;
+    expectLine("Number of Code16 fonts modified . . . . . . 1 (Font 05 to 07)");
+    textFonts.chkEditModifyInclude = true;
+    expectLine("Number of Code16/Code10 fonts modified  . . 1 (Font 05 to 07)");
+    EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_07abcde")));
+}
+
+TEST_F(EditRun, TextOptionsThatDoNotFitAreTold) {
+    select({{"a.mus", "untouched"}});
+    const auto told = [&] {
+        EXPECT_EQ(run(tabText), "");
+        return host.messages;
+    };
+    for (const char* empty : {"", "''", "\"\""}) {
+        searchFor(empty, "x");
+        EXPECT_EQ(told(), Texts{"No search string defined."});
+    }
+    searchFor("x", "x");
+    EXPECT_EQ(told(), Texts{"No use running search/replace with equal strings."});
+    textSearch.optEditSearch = false;
+    textFonts.optEditDeleteModify = true;
+    EXPECT_EQ(told(), Texts{"The input font must be defined for Code16 deletion."});
+    textFonts.optEditDeleteText = false;
+    textFonts.optEditModifyText = true;
+    textFonts.txtEditFontInput = "05";
+    EXPECT_EQ(told(), Texts{"The input and output fonts must be defined for Code16 font modification."});
+    textFonts.txtEditFontOutput = "05";
+    EXPECT_EQ(told(), Texts{"Input and output font are equal. Run canceled."});
+    EXPECT_EQ(host.read("a.mus"), "untouched");
+}
+
+TEST_F(EditRun, TheGeneralHeadStandsUnderTheFirstFile) {
+    select({{"a.mus", pageOf(staff)}, {"b.mus", pageOf(staff)}});
+    generalEdit.txtp[0] = "1";
+    generalEdit.lstr[0].choose("=");
+    generalEdit.txtv[0] = "8";
+    generalEdit.txtp4 = "9";
+    generalEdit.txtv4 = "12";
+    editing.chkEditBackup = false;
+    const std::string report = run(tabGeneral);
+    const std::string item = "              Item=1         Par1=8        Par2=1        Par3=0\r\n";
+    EXPECT_NE(report.find(upperCase(host.path("a.mus")) + "\r\nTulEdit General for CHANGE\r\n"), report.npos);
+    EXPECT_NE(report.find("First 3 params of changed item\r\n" + item + upperCase(host.path("b.mus")) +
+                          "\r\n" + item + " \r\nNumber general updates. . . . . . . . . 2\r\n \r\n"),
+              report.npos)
+        << report;
+    EXPECT_EQ(host.read("b.mus"), pageOf(words({9, 8, 1, 0, 0, 0, 0, 0, 0, 12})));
+
+    generalEdit.txtp4 = "21";
+    const std::string before = host.read("a.mus");
+    EXPECT_EQ(endOf([&] { cmdEditRun(); }), 1);
+    EXPECT_EQ(host.read("a.mus"), before);
+}
+
+TEST_F(EditRun, TabsWithoutEditsDoNotPretend) {
+    const std::string page = pageOf(staff + text8("_00abcde", 9));
+    select({{"a.mus", page}});
+    for (const int tab :
+         {tabClef, tabRest, tabStaff, tabNumbers, tabBarline, tabOffset, tabSlur, tabLine, tabLyrics}) {
+        EXPECT_EQ(run(tab), "") << tab;
+        EXPECT_EQ(host.messages, Texts{"This version has no edits for this tab yet. No file was touched."});
+    }
+    EXPECT_EQ(run(tabStems), "");
+    EXPECT_TRUE(host.messages.empty());
+    EXPECT_EQ(host.read("a.mus"), page);
+    for (const int tab : {tabFont, tabSpecial}) EXPECT_EQ(run(tab), reportOf({"a.mus"}, {}, "1"));
+    EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00abcde"))) << "read and rewritten";
+    select({});
+    EXPECT_EQ(run(tabFont), reportOf({}, {}, "0"));
+}
+
+TEST_F(EditRun, ADamagedFileIsRewrittenOnlyWithAChange) {
+    const std::string damaged = pageOf(staff + text8("_00abcde") + words({1}));
+    select({{"a.mus", damaged}});
+    editing.chkEditBackup = false;
+    searchFor("zz", "y");
+    run(tabText);
+    EXPECT_EQ(host.messages, Texts{"Structural error in MUS file. Try to recover with TulValid/TulRecover."});
+    EXPECT_EQ(host.read("a.mus"), damaged);
+    searchFor("bc", "y");
+    EXPECT_NE(run(tabText).find("Rewritten from an incomplete reading"), std::string::npos);
+    EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00ayde ", 7)));
+}
+
+TEST_F(EditRun, AReportThatCannotBeOpenedEndsTheProgram) {
+    const std::string page = pageOf(staff);
+    select({{"a.mus", page}});
+    host.faultyFiles().refusals["TULEDIT.PRN"] = FileError::permissionDenied;
+    editing.tabEdit = tabFont;
+    EXPECT_EQ(endOf([&] { cmdEditRun(); }), 1);
+    EXPECT_EQ(host.messages, Texts{"Failed to open " + host.path("TULEDIT.PRN") + " for output"});
+    EXPECT_FALSE(host.exists("A.BKU"));
+}
+
+TEST_F(EditRun, TheProfileKeepsTheBracketSettings) {
+    loadTulEditProfile();
+    EXPECT_EQ(host.read("TULEDIT.PRO"),
+              crlf({"* TulEdit profile created 11-21-2026 at 09:05:07", "RVBheightLine=14.0",
+                    "RVBheight=-1.0", "RVBdotCorr=0.6", "RVBwidth=1.0", "RVBhalfOffsetLeft=-2.0",
+                    "RVBhalfOffsetRite=4.0", "RVBwholeOffsetLeft=-.5", "RVBwholeOffsetRite=2.5"}));
+    host.write("TULEDIT.PRO", "rvbwidth=a=b\r\n RVBheight=1\r\n*RVBheight=2\r\nRVBheight\r\nOther=3\r\n");
+    loadTulEditProfile();
+    EXPECT_EQ(bracketSettings.txtRVBwidth, "a=b");
+    EXPECT_EQ(bracketSettings.txtRVBheight, "-1.0");
+    host.faultyFiles().refusals["TULEDIT.PRO"] = FileError::diskFull;
+    EXPECT_EQ(endOf(saveTulEditProfile), 1);
+    EXPECT_EQ(host.messages, Texts{"Failed to create TulEdit profile"});
+}
+
+}  // namespace
+}  // namespace tul::edit

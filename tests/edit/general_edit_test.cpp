@@ -1,0 +1,303 @@
+#include "edit/general_edit.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "base/text.h"
+#include "edit/edit_run.h"
+#include "support/scripted_host.h"
+
+namespace tul::edit {
+namespace {
+
+using testing::crlf;
+using testing::endOf;
+using testing::ScriptedHost;
+
+using Texts = std::vector<std::string>;
+
+class General : public ::testing::Test {
+  protected:
+    General() { editing.txtEditFile = "C:\\PAGE.MUS"; }
+
+    void add(std::initializer_list<float> pars, const std::string& text = {}) {
+        ItemRow& row = musItemTable[++musItemTable.itemCount];
+        row = {};
+        int par = 1;
+        for (const float value : pars) row.pars[par++] = value;
+        row.text = text;
+    }
+    void condition(std::size_t number, const char* par, const char* relation, const char* value) {
+        generalEdit.txtp[number] = par;
+        generalEdit.lstr[number].choose(relation);
+        generalEdit.txtv[number] = value;
+    }
+    void set(const char* par, const char* value) {
+        generalEdit.txtp4 = par;
+        generalEdit.txtv4 = value;
+    }
+    void reportInstead() {
+        generalEdit.optOptionChange = false;
+        generalEdit.optEditGeneralLocate = true;
+    }
+    /// The report of one file.
+    std::string run(int number = 1) {
+        editing.counters = {};
+        Report report(host.path("REPORT.PRN"));
+        generalFamily.updateFile({report, number});
+        report.close();
+        return host.read("REPORT.PRN");
+    }
+    /// True when the one item is selected.
+    bool selects(float par3) {
+        reportInstead();
+        musItemTable.itemCount = 0;
+        add({1, 1, par3});
+        return run(2) != "";
+    }
+    /// Which items are selected, such as "13".
+    std::string selected() {
+        reportInstead();
+        const std::string report = run(2);
+        std::string items;
+        for (const std::string_view line : linesOf(report)) items += line[line.find('=') + 1];
+        return items;
+    }
+    /// What the checks say, in order.
+    Texts refusals() {
+        host.messages.clear();
+        const bool runs = generalFamily.mayRun();
+        EXPECT_EQ(runs, host.messages.empty());
+        return host.messages;
+    }
+
+    ScriptedHost host;
+};
+
+TEST_F(General, RelationsAtBothEdgesOfTheMargin) {
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    const float low = 10.0F - 0.001F;
+    const float high = 10.0F + 0.001F;
+    const std::array<float, 9> values = {std::nextafter(low, -infinity),
+                                         low,
+                                         std::nextafter(low, infinity),
+                                         std::nextafter(10.0F, -infinity),
+                                         10.0F,
+                                         std::nextafter(10.0F, infinity),
+                                         high,
+                                         std::nextafter(high, infinity),
+                                         std::numeric_limits<float>::quiet_NaN()};
+    for (const auto& [relation, expected] :
+         std::vector<std::pair<const char*, std::string>>{{"=", "011111100"},
+                                                          {"<>", "100000010"},
+                                                          {"<", "111111000"},
+                                                          {"<=", "111110000"},
+                                                          {">", "001111110"},
+                                                          {">=", "000011110"}}) {
+        condition(0, "3", relation, "10");
+        std::string selected;
+        for (const float value : values) selected += selects(value) ? '1' : '0';
+        EXPECT_EQ(selected, expected) << relation;
+    }
+    generalEdit.txtGeneralMargin = "0";
+    condition(0, "3", "=", ".1");
+    EXPECT_TRUE(selects(0.1F)) << "compared in single precision";
+}
+
+TEST_F(General, JoinsConditionsFromLeftToRight) {
+    add({1, 1, 1});
+    add({1, 2, 2});
+    add({2, 1, 1});
+    add({2, 2, 2});
+    condition(0, "1", "=", "1");
+    EXPECT_EQ(selected(), "12") << "lists that were never clicked join nothing";
+    condition(1, "2", "=", "1");
+    condition(2, "3", "=", "2");
+    const auto joined = [&](const char* second, const char* third) {
+        generalEdit.lstl[0].choose(second);
+        generalEdit.lstl[1].choose(third);
+        return selected();
+    };
+    EXPECT_EQ(joined("AND", "--------"), "1");
+    EXPECT_EQ(joined("OR", "--------"), "123");
+    EXPECT_EQ(joined("&not", "--------"), "2");
+    EXPECT_EQ(joined("OR", "AND"), "2") << "(first or second) and third";
+    EXPECT_EQ(joined("AND", "OR"), "124");
+    EXPECT_EQ(joined("OR", "&not"), "13");
+    EXPECT_EQ(joined("--------", "AND"), "2");
+    generalEdit.lstr[1].choose("");
+    EXPECT_EQ(joined("--------", "--------"), "12");
+}
+
+TEST_F(General, ComparesTextsAndSymbolLibrariesInTheFirstCondition) {
+    add({16, 1}, "_00ab");
+    add({16, 1}, "_00abc");
+    add({9, 1, 0, 0, 27});
+    add({9, 1, 0, 0, 105});
+    condition(0, "1", "=", "16");
+    EXPECT_EQ(selected(), "12");
+    generalEdit.txtGeneralEdit = " _00ab ";
+    EXPECT_EQ(selected(), "1");
+    condition(0, "1", "<>", "16");
+    EXPECT_EQ(selected(), "34") << "no compare with another relation";
+    condition(0, "1", "=", "9");
+    generalEdit.txtGeneralEdit = " libvb";
+    EXPECT_EQ(selected(), "4");
+    generalEdit.txtGeneralEdit = "";
+    EXPECT_EQ(selected(), "");
+    condition(0, "2", "=", "1");
+    EXPECT_EQ(selected(), "1234");
+
+    for (const auto& [par5, name] : std::vector<std::pair<float, std::string>>{
+             {0, "LIBRA"}, {1, "LIBRB"}, {26, "LIBSA"}, {12.5F, "LIBRM"}, {1234, "LIBVT"}})
+        EXPECT_EQ(setSymbolLibe(par5), name) << par5;
+}
+
+TEST_F(General, SetsParametersAndTexts) {
+    add({16, 1, 5}, "_00ab");
+    add({1, 1, 5});
+    condition(0, "3", "=", "5");
+    set("4", "-1.5");
+    run();
+    EXPECT_EQ(musItemTable[2].pars[4], -1.5F);
+    EXPECT_EQ(editing.counters.fileChanges, 2);
+    set("0", "7");
+    run();
+    EXPECT_EQ(editing.counters.fileChanges, 2) << "no parameter, but counted";
+    condition(0, "1", "=", "16");
+    set("4", "2");
+    run();
+    EXPECT_EQ(musItemTable[1].pars[4], 2);
+    EXPECT_EQ(musItemTable[1].text, "_00ab");
+    set("", "_01new");
+    run();
+    EXPECT_EQ(musItemTable[1].text, "_01new");
+    set("1", "999");
+    run();
+    EXPECT_EQ(musItemTable[1].pars[1], deletedItem);
+    EXPECT_EQ(musItemTable[2].pars[1], 1);
+}
+
+TEST_F(General, AParameterThatNoItemHasEndsTheProgram) {
+    add({1, 1, 5});
+    condition(0, "3", "=", "5");
+    set("21", "1");
+    EXPECT_EQ(endOf([&] { run(); }), 1);
+    set("20", "1");
+    run();
+    EXPECT_EQ(musItemTable[1].pars[20], 1);
+    generalEdit.txtp[1] = "99999999999";
+    EXPECT_EQ(endOf([&] { run(); }), 1) << "evaluated before any click on the list";
+    generalEdit.lstl[0].choose("--------");
+    EXPECT_EQ(endOf([&] { run(); }), std::nullopt);
+}
+
+TEST_F(General, WritesTheHeadOnceAndALineForEachItem) {
+    add({16, 1, 5}, "_00ab");
+    add({8, 12, 1234567});
+    condition(0, "3", ">=", "5");
+    condition(1, "1", "<>", "-.25");
+    generalEdit.lstl[0].choose("&not");
+    condition(2, "2", "<", "100");
+    generalEdit.lstl[1].choose("OR");
+    set("09", "3.50");
+    EXPECT_EQ(run(),
+              crlf({"TulEdit General for CHANGE", "Margin: 0.001", "",
+                    "Conditions:", "              if            Par3 >= 5.",
+                    "              &not          Par1 <> -0.25", "              OR            Par2 < 100.",
+                    "              then CHANGE", "Par9 to 3.50", "", "First 3 params of changed item",
+                    "              Item=1         Par1=16       Par2=1        Par3=5      _00ab",
+                    "              Item=2         Par1=8        Par2=12       Par3=1234567"}));
+    generalEdit.lstl[0].choose("--------");
+    generalEdit.lstl[1].choose("--------");
+    set("1", "999");
+    EXPECT_EQ(run(2), crlf({"              Item=1         Par1=999      Par2=1        Par3=5",
+                            "              Item=2         Par1=999      Par2=12       Par3=1234567"}));
+    reportInstead();
+    EXPECT_EQ(run(), crlf({"TulEdit General for REPORT", "Margin: 0.001", "",
+                           "Conditions:", "              if            Par3 >= 5.",
+                           "              then REPORT", "", "First 3 params of matching items",
+                           "              Item=1         Par1=999      Par2=1        Par3=5",
+                           "              Item=2         Par1=999      Par2=12       Par3=1234567"}));
+}
+
+TEST_F(General, TheHeadTellsWhatIsDone) {
+    const auto action = [&] {
+        musItemTable.itemCount = 0;
+        const std::string report = run();
+        return std::string(linesOf(report)[6]);
+    };
+    condition(0, "1", "=", "9");
+    generalEdit.txtGeneralEdit = "LIBRA";
+    set("1", "999");
+    EXPECT_EQ(action(), "Deleting item refering to DRW file LIBRA");
+    set("1", "998");
+    EXPECT_EQ(action(), "Text LIBRA to 998");
+    generalEdit.txtGeneralEdit = " ";
+    set("2.5", "998");
+    EXPECT_EQ(action(), "Par2.5 to 998");
+    condition(0, "2.5", "=", "5");
+    add({1, 5});
+    const std::string report = run();
+    EXPECT_NE(report.find("Par2.5 = 5.\r\n"), report.npos) << report;
+    EXPECT_EQ(musItemTable[1].pars[2], 998) << "rounded";
+}
+
+TEST_F(General, ChecksItsFieldsInOrder) {
+    EXPECT_EQ(refusals(), Texts{"Result parameter not numeric: "});
+    set("4x", "");
+    EXPECT_EQ(refusals(), Texts{"Result parameter not numeric: 4x"});
+    set("1", "");
+    EXPECT_EQ(refusals(), Texts{"Changing Par1 is quite drastic. Are you sure?"}) << "answered No";
+    set("4", "1e");
+    EXPECT_EQ(refusals(), Texts{"Invalid set to value: 1e"});
+    set("4", "1");
+    for (const char* par : {"", "0.9", "19", "x"}) {
+        generalEdit.txtp[0] = par;
+        EXPECT_EQ(refusals(), Texts{std::string("Invalid parameter in first condition: ") + par});
+    }
+    generalEdit.txtp[0] = "18";
+    EXPECT_EQ(refusals(), Texts{"Invalid value in first condition: "});
+    generalEdit.txtv[0] = "16";
+    EXPECT_EQ(refusals(), Texts{"No relation selected in first condition"});
+    generalEdit.lstr[0].choose("=");
+    EXPECT_EQ(refusals(), Texts());
+
+    generalEdit.txtGeneralEdit = "__00a";
+    EXPECT_EQ(refusals(), Texts{"The compare string is not preceded by a font"});
+    generalEdit.txtGeneralEdit = "_00a";
+    set("", "_00b");
+    EXPECT_EQ(refusals(), Texts());
+    generalEdit.txtv[0] = "8";
+    EXPECT_EQ(refusals(), Texts{"A compare string was provided but the operator is not '=16' or '=9'"});
+    generalEdit.lstr[0].choose("<>");
+    EXPECT_EQ(refusals(), Texts());
+    reportInstead();
+    generalEdit.lstr[0].choose("=");
+    EXPECT_EQ(refusals(), Texts()) << "asked in change mode only";
+
+    generalEdit.lstl[0].choose("AND");
+    EXPECT_EQ(refusals(), Texts{"Invalid parameter in second condition:"});
+    generalEdit.txtp[1] = "25";
+    EXPECT_EQ(refusals(), Texts{"Invalid value in second condition: "});
+    generalEdit.txtv[1] = "2";
+    EXPECT_EQ(refusals(), Texts{"No relation selected in second condition"});
+    generalEdit.lstr[1].choose("<");
+    EXPECT_EQ(refusals(), Texts());
+    generalEdit.lstl[1].choose("OR");
+    generalEdit.txtp[2] = "3.5";
+    EXPECT_EQ(refusals(), Texts{"Invalid parameter in third condition:25"}) << "the second's fields";
+    generalEdit.txtp[2] = "3";
+    generalEdit.txtv[2] = "x";
+    EXPECT_EQ(refusals(), Texts{"Invalid value in third condition: 2"});
+    generalEdit.txtv[2] = "1";
+    EXPECT_EQ(refusals(), Texts{"No relation selected in third condition"});
+    generalEdit.lstl[1].choose("--------");
+    EXPECT_EQ(refusals(), Texts());
+}
+
+}  // namespace
+}  // namespace tul::edit

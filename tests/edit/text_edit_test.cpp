@@ -1,0 +1,330 @@
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "edit/edit_run.h"
+#include "edit/general_edit.h"
+#include "edit/text_fonts.h"
+#include "edit/text_search.h"
+#include "support/scripted_host.h"
+
+namespace tul::edit {
+namespace {
+
+using testing::crlf;
+using testing::endOf;
+using testing::ScriptedHost;
+
+using Texts = std::vector<std::string>;
+
+// --- Fields
+
+TEST(EditFields, KeepFontsSizesAndStrings) {
+    ScriptedHost host;
+    const auto present = [](auto keep) {
+        return [keep](const std::string& typed) { return keep(typed, "present"); };
+    };
+    const std::string size = "Value not numeric or out of range. Assumed 1.";
+    const std::string string = "Different begin and end delimiters.";
+    const std::string replacement = "Beginning and ending delimiter are different.";
+    const std::string bare =
+        "String contains one or more apostrophes and/or quotes but it is not within delimiters.";
+    struct Case {
+        std::function<std::string(const std::string&)> keep;
+        std::string typed;
+        std::string kept;
+        std::string told = {};
+    };
+    for (const Case& field : std::vector<Case>{
+             {present(keepFontDigits), " 07 ", "07"},
+             {present(keepFontDigits), "  ", ""},
+             {present(keepFontDigits), "7", "present", "I said two digits..."},
+             {present(keepFontDigits), "7a", "present", "I said two digits..."},
+             {keepSearchSize, ".75", "0.75"},
+             {keepSearchSize, "9.99", "9.99"},
+             {keepSearchSize, "10", "1.", size},
+             {keepSearchSize, "0", "1.", size},
+             {keepSearchSize, "", "1.", size},
+             {keepSearchMargin, "0", "0"},
+             {keepSearchMargin, ".0", ".0"},
+             {keepSearchMargin, "none", "1.", size},
+             {keepSearchMargin, "10", "1.", size},
+             {keepGeneralMargin, "-2", "-2"},
+             {keepGeneralMargin, "wide", ".001", "Margin should be numeric. Assumed .001"},
+             {present(keepSearchString), "", "present", "Empty string not allowed as search argument."},
+             {present(keepSearchString), "''", "present", "Empty string not allowed as search argument."},
+             {present(keepSearchString), "\"", "present", "Invalid search string (Delimiter only)."},
+             {present(keepSearchString), "\"a'", "present", string},
+             {present(keepSearchString), "'a", "present", string},
+             {present(keepSearchString), "a'", "a'"},
+             {present(keepSearchString), "\"a\"b\"", "present",
+              "Quote in search argument when embedded by quotes not allowed."},
+             {present(keepSearchString), "'a\"b'", "present",
+              "Apostrophe in search argument when embedded by apostrophe not allowed."},
+             {present(keepSearchString), "'a'b'", "'a'b'"},
+             {present(keepReplacement), "", "present"},
+             {present(keepReplacement), "ab", "ab"},
+             {present(keepReplacement), "a'b", "present", replacement},
+             {present(keepReplacement), "'ab\"", "present", replacement},
+             {present(keepReplacement), "''", "present", bare},
+             {present(keepReplacement), "' '", "' '"},
+         }) {
+        host.messages.clear();
+        EXPECT_EQ(field.keep(field.typed), field.kept) << field.typed;
+        EXPECT_EQ(host.messages, field.told.empty() ? Texts() : Texts{field.told}) << field.typed;
+    }
+}
+
+// --- Items
+
+class TextEdit : public ::testing::Test {
+  protected:
+    TextEdit() { editing.txtEditFile = "C:\\PAGE.MUS"; }
+
+    void add(float code, const std::string& text, float par6 = 1, float par7 = 0) {
+        ItemRow& row = musItemTable[++musItemTable.itemCount];
+        row = {};
+        row.pars[1] = code;
+        row.pars[6] = par6;
+        row.pars[7] = par7;
+        row.text = text;
+    }
+    static Report& report() {
+        static Report unwritten("");
+        return unwritten;
+    }
+    void run(const Family& family) {
+        editing.counters = {};
+        if (family.begin) family.begin();
+        family.updateFile({report(), 1});
+    }
+    /// What becomes of one text; "gone" when it is deleted.
+    std::string search(const std::string& text, const std::string& string1, const std::string& string2) {
+        musItemTable.itemCount = 0;
+        add(16, text);
+        textSearch.txtEditSearchString1 = string1;
+        textSearch.txtEditSearchString2 = string2;
+        run(textSearchFamily);
+        return musItemTable[1].pars[1] == deletedItem ? "gone" : musItemTable[1].text;
+    }
+    std::string fonts(const std::string& text, const std::string& input, const std::string& output) {
+        musItemTable.itemCount = 0;
+        add(16, text);
+        textFonts.optEditDeleteModify = textFonts.optEditModifyText = true;
+        textFonts.optEditDeleteText = false;
+        textFonts.txtEditFontInput = input;
+        textFonts.txtEditFontOutput = output;
+        run(textFontsFamily);
+        return musItemTable[1].text;
+    }
+    int changed() const { return editing.counters.countChanged; }
+    int fileChanges() const { return editing.counters.fileChanges; }
+
+    ScriptedHost host;
+};
+
+TEST_F(TextEdit, ReplacesBehindTheFontPrefix) {
+    struct Case {
+        const char* text;
+        const char* string1;
+        const char* string2;
+        const char* result;
+        int count;
+    };
+    for (const Case& item : std::vector<Case>{
+             {"_00glo-ria", "glo", "Glo", "_00Glo-ria", 1},
+             {"__00glo glo", "glo", "glo-glo", "__00glo-glo glo-glo", 2},
+             {"_00aaa", "aa", "a", "_00aa", 1},
+             {"_00gloria", "Glo", "x", "_00gloria", 0},
+             {"_00", "00", "x", "_00", 0},
+             {"_00a_00b", "_00", "_01", "_00a_01b", 1},
+             {"abcab", "ab", "x", "xcx", 2},
+             {"abc", "ab", "x", "abc", 0},
+             {"_00xaabbx", "ab", "", "_00xx", 2},
+             {"_00ab", "ab", "", "gone", 1},
+             {"__00abab", "ab", "", "gone", 2},
+             {"abab", "ab", "", "", 2},
+             {"_00ab", "ab", "_05", "_00_05", 1},
+             {"_00C3", "$barre$", "", "_24III", 1},
+             {"_24C20", "$barre$", "", "_24XX", 1},
+             {"__24C19", "$barre$", "", "_24IXX", 1},
+             {"C3", "$barre$", "", "C3", 0},
+             {"_00D3", "$barre$", "x", "_00D3", 0},
+             {"_00D$barre$", "$barre$", "x", "_00Dx", 1},
+             {"_00anything", "$cyrillic$", "", "_55\xC3", 1},
+         }) {
+        EXPECT_EQ(search(item.text, item.string1, item.string2), item.result) << item.text;
+        EXPECT_EQ(changed(), item.count) << item.text;
+        EXPECT_EQ(fileChanges(), item.count == 0 ? 0 : item.count + 1) << item.text;
+    }
+    EXPECT_EQ(host.messages, Texts{"Barre translation conflict. Assumed C20"});
+}
+
+TEST_F(TextEdit, BlanksAreFoundInTheBlankedPrefixToo) {
+    EXPECT_EQ(search("_00a b", "' '", "x"), "_00axb");
+    EXPECT_EQ(changed(), 4);
+    EXPECT_EQ(search("_00a b", "' '", ""), "_0") << "the prefix is laid over what is left";
+    EXPECT_EQ(search("_00a", "''", "x"), "_00a") << "an empty string is nowhere";
+    EXPECT_EQ(fileChanges(), 0);
+}
+
+TEST_F(TextEdit, WholeWordsPassARefusedOneByTheLengthOfTheReplacement) {
+    textSearch.chkReplaceWholeWord = true;
+    EXPECT_EQ(search("_00glo gloria in-glo", "glo", "x"), "_00x gloria in-x");
+    EXPECT_EQ(search("_00a1 a", "a", "x"), "_00a1 x");
+    EXPECT_EQ(search("_00ab,ab", "ab", "abc def"), "_00abc def,abc def");
+    EXPECT_EQ(search("_00abc ab ab", "ab", "123456"), "_00abc ab 123456") << "one that stands near is passed";
+    EXPECT_EQ(search("_00--", "-", "x"), "_00x-") << "the replacement is what stands before the second";
+    EXPECT_EQ(search("_00xab ab", "ab", "y"), "_00xab y");
+    EXPECT_EQ(fileChanges(), 2);
+    EXPECT_EQ(search("_00xabx", "ab", "y"), "_00xabx");
+    EXPECT_EQ(fileChanges(), 1) << "found is enough for the file to be written";
+    EXPECT_EQ(search("_00xabx", "ab", ""), "_00xx") << "removed inside words";
+}
+
+TEST_F(TextEdit, FiltersByFontAndSize) {
+    textSearch.chkEditSearchFont = true;
+    textSearch.txtEditSearchFont = "05";
+    for (const auto& [text, result] : std::vector<std::pair<std::string, std::string>>{
+             {"_05aa", "_05x"}, {"__05aa", "__05x"}, {"_06aa", "_06aa"}, {"aa_05aa", "aa_05aa"}})
+        EXPECT_EQ(search(text, "aa", "x"), result);
+
+    textSearch.chkEditSearchFont = false;
+    textSearch.chkEditSearchSize = true;
+    const auto passes = [&](float par6, const char* size, const char* margin) {
+        textSearch.txtEditSearchSize = size;
+        textSearch.txtEditSearchMargin = margin;
+        musItemTable.itemCount = 0;
+        add(16, "_00aa", par6);
+        run(textSearchFamily);
+        return changed() == 1;
+    };
+    EXPECT_TRUE(passes(0.75F, ".75", "0"));
+    EXPECT_TRUE(passes(100.75F, ".75", "0"));
+    EXPECT_TRUE(passes(300.75F, ".75", "0"));
+    EXPECT_FALSE(passes(0.7500001F, ".75", "0"));
+    EXPECT_TRUE(passes(1.25F, "1", ".25"));
+    EXPECT_FALSE(passes(1.2500001F, "1", ".25"));
+    EXPECT_FALSE(passes(0.7F, "1", ".25"));
+}
+
+TEST_F(TextEdit, ComparesWholeTextsAsTheFieldsStand) {
+    textSearch.chkSearchReplaceIncludeFont = true;
+    textSearch.chkEditVerify = true;
+    EXPECT_EQ(search("_00'a'", "'a'", "x"), "_00'a'");
+    EXPECT_EQ(search("'a'", "'a'", "\"b\""), "\"b\"");
+    EXPECT_EQ(search("_24C3", "_24C3", "_25C3"), "_25C3");
+    EXPECT_EQ(fileChanges(), 1);
+    EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(TextEdit, AsksAtEveryItemAndCancels) {
+    textSearch.chkEditVerify = true;
+    textSearch.txtEditSearchString1 = "'a'";
+    textSearch.txtEditSearchString2 = "' '";
+    for (const char* text : {"_00a", "_00ba", "_00ca", "_00da"}) add(16, text);
+    host.answers = {Answer::no, Answer::yes, Answer::cancel};
+    run(textSearchFamily);
+    ASSERT_EQ(host.messages.size(), 3U);
+    EXPECT_EQ(
+        host.messages[1] + "\r\n",
+        crlf({"Found string: a", "in text string: _00ba", "in file: C:\\PAGE.MUS", "replace by string: ' '",
+              "Item number: 2", "", "Replace? (Cancel will stop any further search/replace)"}));
+    EXPECT_EQ(musItemTable[1].text, "_00a");
+    EXPECT_EQ(musItemTable[2].text, "_00b ");
+    EXPECT_EQ(musItemTable[4].text, "_00da");
+    EXPECT_TRUE(isCancelled());
+    EXPECT_EQ(fileChanges(), 2);
+}
+
+TEST_F(TextEdit, ABarreThatIsRefusedStaysTranslatedAndUncounted) {
+    textSearch.chkEditVerify = true;
+    host.answers = {Answer::no};
+    EXPECT_EQ(search("_00C4", "$barre$", ""), "_24IV");
+    EXPECT_EQ(musItemTable[1].pars[6], 0.75F);
+    EXPECT_EQ(textSearch.txtEditSearchString2, "IV");
+    EXPECT_EQ(fileChanges(), 0);
+}
+
+TEST_F(TextEdit, ChangesEveryFontOfAText) {
+    EXPECT_EQ(fonts("_05a_05b__05c_06", "05", "07"), "_07a_07b__07c_06");
+    EXPECT_EQ(changed(), 3);
+    EXPECT_EQ(fonts("__05a", "05", "07"), "__07a");
+    EXPECT_EQ(fonts("5_0", "05", "07"), "5_0");
+    textFonts.txtModifySize = "1";
+    EXPECT_EQ(fonts("_05a", "05", "07"), "_07a");
+    textFonts.txtModifySize = "1.01";
+    EXPECT_EQ(fonts("_05a", "05", "07"), "_05a");
+    textFonts.txtDelModFilter = " a ";
+    EXPECT_EQ(fonts("_05a", "05", "07"), "_07a") << "with a filter the size does not matter";
+    EXPECT_EQ(fonts("_05ab", "05", "07"), "_05ab");
+    EXPECT_EQ(fonts("__05a", "05", "07"), "__05a");
+}
+
+TEST_F(TextEdit, ANoLeavesTheFirstFontToTheNextYes) {
+    textSearch.chkEditVerify = true;
+    host.answers = {Answer::no, Answer::yes};
+    EXPECT_EQ(fonts("_05a_05b", "05", "07"), "_07a_05b");
+    EXPECT_EQ(host.messages[0] + "\r\n",
+              crlf({"Found text item with font: 05", "text item: _05a_05b", "in file: C:\\PAGE.MUS",
+                    "replace by font: 07", "Item number: 1", "",
+                    "Replace? (Cancel will stop any further modifying)"}));
+    host.answers = {Answer::cancel, Answer::yes};
+    EXPECT_EQ(fonts("_05a_05b", "05", "07"), "_05a_05b");
+    EXPECT_TRUE(isCancelled());
+}
+
+TEST_F(TextEdit, FontsOfNumbersKeepTheirFlags) {
+    textFonts.chkEditModifyInclude = true;
+    const auto font = [&](float par7) {
+        fonts("", "05", "07");
+        musItemTable.itemCount = 0;
+        add(10, "", 1, par7);
+        run(textFontsFamily);
+        return musItemTable[1].pars[7];
+    };
+    EXPECT_EQ(font(5), 7);
+    EXPECT_EQ(font(105), 107);
+    EXPECT_EQ(font(1005), 1007);
+    EXPECT_EQ(font(1105), 1107);
+    EXPECT_EQ(changed(), 1);
+    EXPECT_EQ(font(205), 205);
+    textFonts.chkEditModifyInclude = false;
+    textSearch.chkEditVerify = true;
+    host.answers = {Answer::yes, Answer::yes};
+    EXPECT_EQ(font(1105), 1105) << "asked about in any case";
+    EXPECT_EQ(host.messages.back() + "\r\n",
+              crlf({"Found number with font in Par7: 1105", "in file: C:\\PAGE.MUS", "replace by font: 07",
+                    "Item number: 1", "", "Replace? (Cancel will stop any further modifying)"}));
+    host.answers = {Answer::cancel};
+    EXPECT_EQ(font(5), 5);
+    EXPECT_TRUE(isCancelled());
+}
+
+TEST_F(TextEdit, DeletesByFontAndEndOfText) {
+    textFonts.optEditDeleteModify = true;
+    textFonts.txtEditFontInput = "05";
+    const auto deleted = [&] {
+        musItemTable.itemCount = 0;
+        add(10, "", 1, 5);
+        for (const char* text : {"_05ab", "__05b", "_06b", "a_05b", "_05a"}) add(16, text);
+        run(textFontsFamily);
+        std::string items;
+        for (int item = 1; item <= 6; ++item)
+            if (musItemTable[item].pars[1] == deletedItem) items += plain(item);
+        return items;
+    };
+    EXPECT_EQ(deleted(), "236");
+    EXPECT_EQ(editing.counters.countDeleted, 3);
+    textFonts.txtDelModFilter = "b";
+    host.answers = {Answer::yes};
+    EXPECT_EQ(deleted(), "23");
+    EXPECT_EQ(host.messages, Texts{"Delete all the items with text 'b'?\r\n"
+                                   "Answering NO will terminate the session."})
+        << "asked once in a run";
+    host.answers = {Answer::no};
+    EXPECT_EQ(endOf([&] { deleted(); }), 1);
+    EXPECT_EQ(host.messages.back(), "TUL needs to close after selecting NO to this prompt.");
+}
+
+}  // namespace
+}  // namespace tul::edit

@@ -1,0 +1,179 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "edit/edit_run.h"
+#include "edit/general_edit.h"
+#include "edit/text_search.h"
+#include "panels/panel_list.h"
+#include "shared/records.h"
+#include "support/mus_bytes.h"
+#include "support/scripted_host.h"
+
+namespace tul {
+namespace {
+
+using testing::crlf;
+using testing::pageOf;
+using testing::ScriptedHost;
+using testing::words;
+
+using Texts = std::vector<std::string>;
+
+class EditPanelTest : public ::testing::Test {
+  protected:
+    EditPanelTest() {
+        host.install();
+        projectSettings.PlateNumber = " 1234";
+        projectSettings.PlateNumberFont = "_00";
+        projectSettings.PlateNumberSize = ".8";
+        projectSettings.LyricsFont = "_05";
+        host.write("page.mus", pageOf(words({2, 8, 1})));
+        host.write("NAMES.TUL", crlf({host.path("page.mus") + " 1"}));
+        panel = findPanel("edit")->make();
+        panel.load();
+    }
+    std::string shown(const char* field) { return panel.field(field)->text(); }
+    bool isEnabled(const char* field) { return panel.field(field)->enabled(); }
+    bool runs() { return panel.command("cmdEditRun")->enabled(); }
+
+    ScriptedHost host;
+    Panel panel;
+};
+
+TEST_F(EditPanelTest, StartsAsItsTabsDo) {
+    for (const auto& [field, text] : std::vector<std::pair<const char*, const char*>>{
+             {"tabEdit", "0"},
+             {"chkEditBackup", "1"},
+             {"optEditSearch", "1"},
+             {"txtEditSearchMargin", "0.01"},
+             {"optEditDeleteText", "1"},
+             {"optOptionChange", "1"},
+             {"txtGeneralMargin", ".001"},
+             {"lstl2", "--------"},
+             {"lstr1", "=\r\n<>\r\n<\r\n<=\r\n>\r\n>="},
+             {"txtRVBwholeOffsetLeft", "-.5"},
+             {"txtCurrentPlateNr", "Current plate number=_00 1234, Size=.8"},
+             {"txtLJfont", "_05"},
+             {"lblEditStatus", "File being processed"},
+             {"txtEditFile", ""}})
+        EXPECT_EQ(shown(field), text) << field;
+    EXPECT_TRUE(host.exists("TULEDIT.PRO"));
+    EXPECT_EQ(panel.set("tabEdit", "13"), PanelAnswer::done);
+    EXPECT_EQ(panel.set("tabEdit", "14"), PanelAnswer::invalid);
+}
+
+TEST_F(EditPanelTest, FieldsExcludeOneAnother) {
+    panel.set("chkEditSearchFont", "1");
+    EXPECT_FALSE(isEnabled("chkSearchReplaceIncludeFont"));
+    panel.set("chkEditSearchFont", "0");
+    for (const char* box : {"chkReplaceWholeWord", "chkEditVerify"}) panel.set(box, "1");
+    panel.set("chkSearchReplaceIncludeFont", "1");
+    for (const char* box :
+         {"chkReplaceWholeWord", "chkEditVerify", "chkEditSearchFont", "chkEditSearchSize"}) {
+        EXPECT_EQ(shown(box), "0") << box;
+        EXPECT_FALSE(isEnabled(box)) << box;
+    }
+    EXPECT_EQ(panel.set("txtEditFontOutput", "07"), PanelAnswer::disabled);
+    panel.set("optEditModifyText", "1");
+    EXPECT_EQ(panel.set("txtEditFontOutput", "07"), PanelAnswer::done);
+    panel.set("optEditDeleteModify", "1");
+    EXPECT_EQ(shown("optEditSearch"), "0");
+    EXPECT_EQ(panel.set("txtEditFontOutput", "7"), PanelAnswer::done);
+    EXPECT_EQ(shown("txtEditFontOutput"), "07") << "a refused font leaves the present one";
+}
+
+TEST_F(EditPanelTest, ConditionsAreFilledFromFieldsAndLists) {
+    panel.set("optEditGeneralLocate", "1");
+    EXPECT_EQ(shown("chkEditBackup"), "0");
+    EXPECT_EQ(panel.set("txtp4", "9"), PanelAnswer::disabled) << "hidden with the report";
+    panel.set("optOptionChange", "1");
+    EXPECT_EQ(shown("chkEditBackup"), "0");
+    const Texts given = {"txtp1", "txtv1", "txtp2", "txtv2", "txtp3", "txtv3", "txtp4", "txtv4"};
+    for (const std::string& field : given) EXPECT_EQ(panel.set(field, field), PanelAnswer::done) << field;
+    EXPECT_EQ(edit::generalEdit.txtp[2] + edit::generalEdit.txtv[1], "txtp3txtv2");
+    EXPECT_EQ(edit::generalEdit.txtp4 + edit::generalEdit.txtv4, "txtp4txtv4");
+    EXPECT_EQ(panel.set("lstr3", ">="), PanelAnswer::done);
+    EXPECT_EQ(panel.set("lstr3", "=>"), PanelAnswer::invalid);
+    EXPECT_EQ(shown("lstr3"), ">=");
+    EXPECT_EQ(edit::generalEdit.lstr[2].text, ">=");
+    panel.set("lstl2", "&not");
+    EXPECT_EQ(shown("lstl2"), "&not");
+    panel.set("lstl2", "");
+    EXPECT_EQ(shown("lstl2"), "--------");
+    EXPECT_EQ(edit::generalEdit.lstl[0].text, "");
+    host.inputs = {"12"};
+    panel.click("txtp1");
+    EXPECT_EQ(shown("txtp1"), "12");
+}
+
+TEST_F(EditPanelTest, RunsWithASelectionAndTakesNothingMeanwhile) {
+    EXPECT_TRUE(runs());
+    panel.set("tabEdit", "12");
+    bool taken = false;
+    host.onYield = [&] {
+        EXPECT_EQ(shown("txtEditFile"), selection.SelectionNames[1]);
+        EXPECT_EQ(shown("lblEditStatus"), "File being processed: 1 of 1");
+        for (const Field& field : panel.fields) taken = taken || (field.enabled() && !field.isReadOnly());
+        for (const Command& command : panel.commands) taken = taken || command.enabled();
+    };
+    panel.press("cmdEditRun");
+    EXPECT_FALSE(taken);
+    EXPECT_EQ(host.shown.size(), 1U);
+
+    host.onYield = nullptr;
+    host.write("NAMES.TUL", "");
+    panel.press("cmdEditView");
+    EXPECT_FALSE(runs());
+    EXPECT_EQ(shown("txtEditFile"), "Names file NAMES.TUL has 0 filenames");
+}
+
+TEST_F(EditPanelTest, ControlsOfLaterEditsAreDisabled) {
+    for (const char* field : {"optEditGeneratePlate", "txtClefAlign", "Text1_5", "txtEditBarUp_7",
+                              "chkAutOff", "txtRVBheight", "optLyricsZero"}) {
+        EXPECT_FALSE(isEnabled(field)) << field;
+        EXPECT_EQ(panel.set(field, "1"), PanelAnswer::disabled) << field;
+        EXPECT_FALSE(panel.field(field)->toolTip().empty()) << field;
+    }
+    for (const char* command : {"cmdDiscover", "cmdHalve", "cmdMarlo", "cmdRunDeleteItem"})
+        EXPECT_EQ(panel.press(command), PanelAnswer::disabled) << command;
+    EXPECT_EQ(panel.press("cmdEdit2"), PanelAnswer::disabled);
+    identity.DeveloperMode = true;
+    host.programs["TULEDIT2.EXE"] = [](const std::string&) { return 0; };
+    EXPECT_EQ(panel.press("cmdEdit2"), PanelAnswer::done);
+    EXPECT_NE(host.launches.back().find("TULEDIT2.EXE"), std::string::npos);
+}
+
+TEST_F(EditPanelTest, TheDeveloperHidesButtonsByAClickOnTheBackground) {
+    const auto isVisible = [&](const char* command) { return panel.command(command)->visible(); };
+    EXPECT_FALSE(isVisible("cmdMarlo"));
+    EXPECT_EQ(panel.press("frmEditClick"), PanelAnswer::disabled);
+    identity.DeveloperMode = true;
+    EXPECT_TRUE(isVisible("cmdMarlo"));
+    panel.press("frmEditClick");
+    EXPECT_FALSE(isVisible("cmdMarlo"));
+    EXPECT_FALSE(panel.field("txtLHfingerPar16")->visible());
+    EXPECT_TRUE(isVisible("cmdHalve"));
+    host.write("TULPROJ.PRO", "FingerSizeRH=.8\r\n");
+    panel.load();
+    EXPECT_TRUE(isVisible("cmdMarlo"));
+    EXPECT_EQ(panel.command("cmdLHfingers")->toolTip(),
+              "RH finger alignment for Score4 (finger size taken from global setting: .8).");
+}
+
+TEST_F(EditPanelTest, AFamilyTakesItsControlsOverFromTheLaterOnes) {
+    std::set<std::string> names;
+    for (const Field& field : panel.fields) EXPECT_TRUE(names.insert(field.name).second) << field.name;
+    for (const Command& command : panel.commands)
+        EXPECT_TRUE(names.insert(command.name).second) << command.name;
+}
+
+TEST_F(EditPanelTest, ReturningKeepsTheProfile) {
+    std::filesystem::remove(host.nativeFolder() / "TULEDIT.PRO");
+    panel.press("cmdEditReturn");
+    EXPECT_TRUE(host.exists("TULEDIT.PRO"));
+    EXPECT_TRUE(panel.closed());
+}
+
+}  // namespace
+}  // namespace tul

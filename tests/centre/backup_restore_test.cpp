@@ -103,7 +103,9 @@ TEST_F(BackupRestore, StopsWhereAFileCannotBeReplacedAndLosesNone) {
 TEST_F(BackupRestore, GoesThroughALinkToThePageItself) {
     std::filesystem::create_directory(host.nativeFolder() / "scores");
     write({"scores/page", "A.BKU"});
-    std::filesystem::create_symlink("scores/page", host.nativeFolder() / "A.MUS");
+    std::error_code failure;
+    std::filesystem::create_symlink("scores/page", host.nativeFolder() / "A.MUS", failure);
+    if (failure) GTEST_SKIP() << "this machine makes no symbolic links";
     select({"A.MUS"});
     host.answers = {Answer::yes};
     cmdCycle();

@@ -37,7 +37,8 @@ TEST_F(Viewing, TakesTheChosenEditorWhereItCanBeFound) {
     host.programs["wordpad.exe"] = [](const std::string&) { return 0; };
     SetEditor(EditorCode::wordpad);
     ViewWithEditor(host.path("report.prn"));
-    EXPECT_EQ(host.launches, std::vector<std::string>{"wordpad.exe " + host.path("report.prn")});
+    EXPECT_EQ(host.launches,
+              std::vector<std::string>{"wordpad.exe " + files().shortName(host.path("report.prn"))});
     EXPECT_EQ(host.shown.size(), 2U);
 }
 

@@ -1,7 +1,5 @@
 #include "support/scripted_host.h"
 
-#include <unistd.h>
-
 #include <fstream>
 #include <iterator>
 
@@ -9,6 +7,7 @@
 #include "centre/start_up.h"
 #include "panels/fresh_process.h"
 #include "shared/records.h"
+#include "support/test_place.h"
 
 namespace tul::testing {
 
@@ -117,10 +116,7 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
     bool anotherInstanceRuns() override { return host.anotherInstance; }
 };
 
-ScriptedHost::ScriptedHost() {
-    std::string pattern = (fs::temp_directory_path() / "tul-test-XXXXXX").string();
-    nativeFolder_ = mkdtemp(pattern.data());
-    setenv("HOME", nativeFolder_.c_str(), 1);  // whose drives are the test's own
+ScriptedHost::ScriptedHost() : nativeFolder_(makeTestPlace()) {
     machine_ = openNativeMachine();
     Host host = machine_->host();
     faultyFiles_ = std::make_unique<FaultyFiles>(*host.files);
@@ -134,12 +130,14 @@ ScriptedHost::ScriptedHost() {
     installHost(host);
     version.ownText = "Wx Test";
     freshProcess();
+    startFolder_ = files().currentFolder();
     files().changeFolder(*files().fromNative(nativeFolder_.string()));
     paths.ProgramFolder = folder();
     namePaths();
 }
 
 ScriptedHost::~ScriptedHost() {
+    machine_->host().files->changeFolder(startFolder_);  // a current folder cannot be removed everywhere
     installHost({});
     std::error_code ignored;
     fs::remove_all(nativeFolder_, ignored);

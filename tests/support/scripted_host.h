@@ -116,6 +116,7 @@ class ScriptedHost {
   private:
     struct Parts;
     std::filesystem::path nativeFolder_;
+    std::string startFolder_;
     std::unique_ptr<NativeMachine> machine_;
     std::unique_ptr<FaultyFiles> faultyFiles_;
     std::unique_ptr<Parts> parts_;

@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "companions/companion.h"
 #include "support/mus_bytes.h"
 #include "support/scripted_host.h"
 
@@ -13,23 +12,8 @@ namespace tul {
 namespace {
 
 namespace fs = std::filesystem;
-using companion::ArgumentPairs;
 using testing::crlf;
 using testing::ScriptedHost;
-
-TEST(ArgumentString, HoldsBlanksAndCommasInItsValues) {
-    const ArgumentPairs pairs("STARTDIR=Z:\\My Music, old,SUFFIX=MUS,MSG=Select file(s), or none,DEBUG=NO");
-    EXPECT_EQ(pairs["STARTDIR"], "Z:\\My Music, old");
-    EXPECT_EQ(pairs["SUFFIX"], "MUS");
-    EXPECT_EQ(pairs["MSG"], "Select file(s), or none");
-    EXPECT_EQ(pairs["NAMESFILE"], "");
-    EXPECT_TRUE(ArgumentPairs("").list().empty());
-}
-
-TEST(ArgumentString, EndsInTheListOfPaths) {
-    const ArgumentPairs pairs("NAMESFILE=NAMES.TUL,TYPE=MUS,LIST=Z:\\a=b.mus,Z:\\c, d.mus,C:\\e.mus,");
-    EXPECT_EQ(pairs.list(), (std::vector<std::string>{"Z:\\a=b.mus", "Z:\\c, d.mus", "C:\\e.mus"}));
-}
 
 struct Outcome {
     int status = 0;

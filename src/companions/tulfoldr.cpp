@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <QDir>
 #include <QFile>
 #include <optional>
@@ -28,6 +29,7 @@ std::string firstFolder(const std::string& lastResult) {
 std::optional<std::string> askInWindow(const std::string& remark, const std::string& folder, int argc,
                                        char** argv) {
     const QApplication application(argc, argv);
+    QApplication::setWindowIcon(QIcon(":/tul.png"));
     companion::FolderWindow window(remark, folder);
     return window.exec() == QDialog::Accepted ? std::optional(window.folder()) : std::nullopt;
 }

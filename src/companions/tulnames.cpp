@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <iostream>
 #include <optional>
 #include <set>
@@ -58,6 +59,7 @@ int askTerminal(const companion::NamesRequest& request) {
 
 int askInWindow(const companion::NamesRequest& request, int argc, char** argv) {
     const QApplication application(argc, argv);
+    QApplication::setWindowIcon(QIcon(":/tul.png"));
     companion::NamesWindow window(request);
     return window.exec() == QDialog::Accepted ? companion::done : companion::failed;
 }

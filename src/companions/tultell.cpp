@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <iostream>
 
 #include "companions/companion.h"
@@ -13,6 +14,7 @@ int main(int argc, char** argv) {
     }
     const std::string kind = argv[1];
     const QApplication application(argc, argv);
+    QApplication::setWindowIcon(QIcon(":/tul.png"));
     MessageWindow(kind == "refusal", argv[2], argv[3]).exec();
     return done;
 }

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <QTimer>
 #include <iostream>
 
@@ -27,6 +28,7 @@ int main(int argc, char** argv) {
     using namespace tul;
     QApplication application(argc, argv);
     QApplication::setApplicationName("TUL");
+    QApplication::setWindowIcon(QIcon(":/tul.png"));
     QApplication::setQuitOnLastWindowClosed(false);
 
     setTalkOfChildren(Talk::windows);

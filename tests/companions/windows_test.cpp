@@ -121,7 +121,7 @@ TEST_F(ChoosingWindow, GoesToAnotherFolderBeforeItAccepts) {
     press(window, "cmdNamesOk");
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(text(window, "lblNamesNotice"), "There is no such folder: /no/such/folder");
-    folder.setText(QString::fromStdString(host.nativeFolder()));
+    folder.setText(QString::fromStdString(host.nativeFolder().string()));
     QTest::keyClick(&folder, Qt::Key_Return);
     EXPECT_EQ(folder.text().toStdString(), host.folder());
     EXPECT_EQ(text(window, "lblNamesCount"), "0 of 1 file chosen");

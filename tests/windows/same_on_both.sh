@@ -78,6 +78,8 @@ on() {
     mkdir -p "$home" "$work/logs"
     cp "$programs"/*.EXE "$programs"/TULCNTRL.HLP "$home"
     : >"$home/TULLOG.LOG"
+    local name
+    for name in TULNAMES TULFOLDR; do [ -e "$home/$name.EXE" ] || echo "not built" >"$home/$name.EXE"; done
     "$samples" "$home/samples" >/dev/null
     find "$home/samples" -type f -exec touch -d 2026-01-02T03:04:06Z {} +
     runs=0

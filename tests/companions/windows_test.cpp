@@ -136,20 +136,27 @@ TEST_F(ChoosingWindow, GoesToAnotherFolderBeforeItAccepts) {
 }
 
 TEST_F(ChoosingWindow, StaysOpenWithTheReasonWhenNothingWasWritten) {
-    host.write("music/song.mus", "differs in letter case only");
     host.write("TULPROJ.PRO", "WarnOnPathLength=1\r\n");
     NamesWindow window(request());
     window.show();
     press(window, "cmdNamesAll");
     EXPECT_TRUE(text(window, "lblNamesNotice").startsWith("A path has")) << "all in here are long";
-    press(window, "cmdNamesOk");
-    EXPECT_TRUE(text(window, "lblNamesNotice").contains("differ in letter case only"));
-    clickRow(window, 0);
     host.faultyFiles().refusals["NAMES.TUL"] = FileError::readOnly;
     press(window, "cmdNamesOk");
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(text(window, "lblNamesNotice").toStdString(),
               "The names file could not be written: " + host.path("NAMES.TUL"));
+}
+
+TEST_F(ChoosingWindow, StaysOpenForNamesThatDifferInLetterCaseOnly) {
+    if (host.exists("music/song.mus")) GTEST_SKIP() << "this disk does not tell them apart";
+    host.write("music/song.mus", "differs in letter case only");
+    NamesWindow window(request());
+    window.show();
+    press(window, "cmdNamesAll");
+    press(window, "cmdNamesOk");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(text(window, "lblNamesNotice").contains("differ in letter case only"));
 }
 
 TEST_F(ChoosingWindow, ShowsAPartOfTheNames) {

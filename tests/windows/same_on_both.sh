@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
 # The same runs of the command line on Linux and under Wine: every file, report, message and exit status must be the
-# same, byte for byte but for the moments of the runs. Usage: same_on_both.sh LINUX_FOLDER WINDOWS_FOLDER TULSAMPLES,
-# the folders with the programs of an installation.
+# same, byte for byte but for the moments of the runs. Usage: same_on_both.sh LINUX_BUILD WINDOWS_BUILD
 set -euo pipefail
-linux=$1 windows=$2 samples=$3
+linux=$1 windows=$2
 wine=$(cd "$(dirname "$0")/../.." && pwd)/scripts/wine
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -72,15 +71,15 @@ mask() {
 
 on() {
     system=$1
-    local programs=$2
+    local build=$2
     drive=Z:$(echo "$work" | tr / '\\')
     rm -rf "$home" "$work/logs" "$XDG_CONFIG_HOME"
     mkdir -p "$home" "$work/logs"
-    cp "$programs"/*.EXE "$programs"/TULCNTRL.HLP "$home"
+    cp "$build"/src/{command,companions}/*.EXE "$build/src/companions/TULCNTRL.HLP" "$home"
     : >"$home/TULLOG.LOG"
     local name
     for name in TULNAMES TULFOLDR; do [ -e "$home/$name.EXE" ] || echo "not built" >"$home/$name.EXE"; done
-    "$samples" "$home/samples" >/dev/null
+    "$linux/samples/tulsamples" "$home/samples" >/dev/null
     find "$home/samples" -type f -exec touch -d 2026-01-02T03:04:06Z {} +
     runs=0
     (cd "$home" && work_through)

@@ -7,6 +7,7 @@ wine=$(cd "$(dirname "$0")/../.." && pwd)/scripts/wine
 log=$(mktemp)
 started=()
 finish() {
+    "$wine" --end || true
     for process in "${started[@]}"; do kill "$process" 2>/dev/null || true; done
     rm -f "$log" "$log.display"
 }
@@ -20,7 +21,8 @@ fail() {
 # Only a program of the command line may bring up a console.
 for program in "$home"/*.EXE; do
     kind=$(x86_64-w64-mingw32-objdump -p "$program" | grep -o 'Windows [GC]UI')
-    [ "$(basename "$program")" = TULCMD.EXE ] && wanted="Windows CUI" || wanted="Windows GUI"
+    wanted="Windows GUI"
+    [ "$(basename "$program")" != TULCMD.EXE ] || wanted="Windows CUI"
     [ "$kind" = "$wanted" ] || fail "$program is a program of the kind $kind"
 done
 
@@ -30,6 +32,7 @@ started+=($!)
 for _ in {1..200}; do [ -s "$log.display" ] && break || sleep 0.05; done
 DISPLAY=:$(cat "$log.display")
 export DISPLAY
+"$wine" --end || true # what has begun without this screen would go on without one
 cd "$home"
 rm -f TULCNTRL.INI
 "$wine" TULCMD.EXE --no --set chkBypassPlatformTest=1 options </dev/null >"$log" 2>&1 || fail "no options"

@@ -194,6 +194,7 @@ void linkScore(SelectionSeries& series) {
     const std::string intro =
         lines({"Setting up TUL for first use.", "First SCORE or SCOR4 and their utilities are linked:",
                "PAGE, SCORLAS, JUST, the library with its PREFerence file, and the help file.",
+               "Where files are shown choose one: Cancel there ends TUL, and its next start asks anew.",
                "If you do not want to link SCORE/SCOR4 and their utilities to TUL, just Cancel."});
     if (!agreed(intro)) return;
     machineSettings.ScorePath = findScore(series);

@@ -53,7 +53,8 @@ void positionPanel(PanelPlace& place) {
     if (!screen) return readTulMonit();
     const std::string top = GetProfileValue("TOP");
     const std::string left = GetProfileValue("LEFT");
-    if (!top.empty() && !left.empty()) {
+    place.centred = top.empty() || left.empty();
+    if (!place.centred) {
         place.top = twips(top);
         place.left = twips(left);
     } else {
@@ -63,6 +64,7 @@ void positionPanel(PanelPlace& place) {
     const auto rightEdge = static_cast<std::int64_t>(monitors.MonitorRight) * twipsPerPixel;
     if (monitors.MonitorCount == 1 && (place.left < 0 || place.left > rightEdge)) {
         startUpWarning("Lost coordinates of TUL panel from a multi-monitor session. Centered.");
+        place.centred = true;
         centre(place, *screen);
     }
     savePanelCoordinates(place);

@@ -171,7 +171,7 @@ void NamesWindow::takeSelection(const QItemSelection& selected, const QItemSelec
 void NamesWindow::showCount() {
     const std::size_t chosen = choice_.chosen();
     QString text = choice_.rows() == 0
-                       ? "No such files in this folder"
+                       ? "No such files in this folder: Browse leads to another one"
                        : QString("%1 of %2 chosen").arg(chosen).arg(filesText(choice_.rows()));
     if (const std::size_t hidden = choice_.hidden(); hidden > 0)
         text += QString("; not shown and not taken: %1").arg(hidden);

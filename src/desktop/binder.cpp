@@ -16,6 +16,7 @@
 #include <QProgressBar>
 #include <QRegularExpression>
 #include <QSignalBlocker>
+#include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
 
@@ -40,12 +41,13 @@ bool isControlName(const QString& name) {
     return control.match(name).hasMatch() && !name.endsWith("Title");
 }
 
-/// The form's text carries the mnemonic. A caption that the form does not know gets its first letter.
-QString captionOf(const std::string& caption, const QString& formText) {
+/// The form's text carries the mnemonic. A caption that the form does not know gets its first letter, unless
+/// a label beside the button has one.
+QString captionOf(const std::string& caption, const QString& formText, bool hasLabel) {
     const QString text = shown(caption);
     if (text.contains('&')) return text;
     if (withoutMnemonic(formText) == text) return formText;
-    return text.isEmpty() ? text : '&' + text;
+    return text.isEmpty() || hasLabel ? text : '&' + text;
 }
 
 /// So that a form does not jump when it is hidden.
@@ -107,7 +109,10 @@ void Binder::bindField(Field& field) {
             // A frame's caption says nothing about what is in it.
             if (!qobject_cast<QGroupBox*>(each)) each->setEnabled(field.enabled());
         }
-        if (const std::string tip = field.toolTip(); !tip.empty()) widget->setToolTip(shown(tip));
+        // The tip of a tab strip is that of its tabs: what is on a page would show it as its own.
+        auto* const tabs = qobject_cast<QTabWidget*>(widget);
+        if (const std::string tip = field.toolTip(); !tip.empty())
+            (tabs ? tabs->tabBar() : widget)->setToolTip(shown(tip));
     });
     switch (field.kind) {
         case FieldKind::check:
@@ -245,8 +250,13 @@ void Binder::bindListWidget(Field& field, QListWidget& list) {
         last = entries;
         list.clear();
         for (const std::string& entry : entries) list.addItem(shown(entry));
+        list.setCurrentRow(0);
     });
     if (!field.accept) return;
+    refreshers_.push_back([&list, wasHidden = false]() mutable {
+        if (wasHidden && !list.isHidden()) list.setFocus();
+        wasHidden = list.isHidden();
+    });
     chooses_[&list] = field.name;
     list.installEventFilter(this);
     list.viewport()->installEventFilter(this);
@@ -298,7 +308,7 @@ void Binder::bindButton(Command& command, QAbstractButton& button) {
     connect(&button, &QAbstractButton::clicked, this, [this, &command] { press(command.name); });
     refreshers_.push_back(
         [&command, &button, formText = button.text(), together = withItsLabel(form_, button)] {
-            button.setText(captionOf(command.caption(), formText));
+            button.setText(captionOf(command.caption(), formText, together.size() > 1));
             for (QWidget* const each : together) {
                 each->setEnabled(command.enabled());
                 each->setVisible(command.visible());
@@ -349,8 +359,10 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     };
     if (event->type() == QEvent::MouseButtonDblClick || event->type() == QEvent::MouseButtonRelease) {
         const bool twice = event->type() == QEvent::MouseButtonDblClick;
-        return isBackground(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event)) &&
-               run(twice ? twiceClicked_ : clicked_);
+        if (!isBackground(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event))) return false;
+        // One click on what waits for two is no click on the background behind it.
+        return run(twice ? twiceClicked_ : clicked_) ||
+               (watched != &form_ && twiceClicked_.contains(watched));
     }
     if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched)) {
         const int key = static_cast<QKeyEvent*>(event)->key();

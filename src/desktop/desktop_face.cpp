@@ -41,8 +41,9 @@ class NormalPointer {
 }  // namespace
 
 DesktopFace::DesktopFace(DialogRunner run)
-    : run_([run = std::move(run)](QDialog& dialog) {
+    : run_([this, run = std::move(run)](QDialog& dialog) {
           const NormalPointer pointer;
+          if (front()) front()->refresh();  // what the dialog speaks of is what the panel shows
           return run(dialog);
       }) {
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { fireTimer(); });
@@ -94,7 +95,10 @@ void DesktopFace::minimizePanel() {
 
 void DesktopFace::setPanelVisible(bool visible) {
     if (!front()) return;
-    front()->setVisible(visible);
+    if (visible)
+        front()->bringBack();
+    else
+        front()->hide();
     QApplication::processEvents(
         QEventLoop::ExcludeUserInputEvents);  // the screen is free before a program starts
 }
@@ -111,10 +115,18 @@ void DesktopFace::yield() {
     QApplication::processEvents();
 }
 
+/// Keys and clicks are kept for later. The timer, and the closing of a window, come to nothing.
+void DesktopFace::showWaiting() {
+    isWaiting_ = true;
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    isWaiting_ = false;
+}
+
 void DesktopFace::endProgram(int status) { std::_Exit(status); }
 
 /// Runs what the user did on a window. A fault of the program is told, and the window stays usable.
 void DesktopFace::act(const std::function<void()>& what) {
+    if (isWaiting_) return;
     try {
         what();
     } catch (const std::exception& fault) {
@@ -134,7 +146,7 @@ void DesktopFace::settle() {
 void DesktopFace::closeFront() {
     PanelWindow* const closed = front();
     windows_.pop_back();
-    if (front()) front()->show();
+    if (front()) front()->bringBack();
     closed->hide();
     closed->deleteLater();  // one of its buttons may be what was pressed
     if (closed->panel().unload) closed->panel().unload();
@@ -148,13 +160,13 @@ QWidget* DesktopFace::visibleWindow() const {
     return nullptr;
 }
 
-/// The title of a dialog: which tool speaks.
+/// The title of a dialog: which tool speaks. A caption goes on with what the tool is for.
 QString DesktopFace::speaker(const std::string& title) const {
-    return shown(title.empty() ? frontCaption() : title);
+    return title.empty() ? shown(frontCaption()).section(" - ", 0, 0) : shown(title);
 }
 
 void DesktopFace::fireTimer() {
-    if (front() && front()->isVisible()) front()->panel().press("Timer1");
+    if (!isWaiting_ && front() && front()->isVisible()) front()->panel().press("Timer1");
 }
 
 }  // namespace tul::desktop

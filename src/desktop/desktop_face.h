@@ -38,6 +38,7 @@ class DesktopFace : public Face {
     void setPointer(Pointer pointer) override;
     std::optional<ScreenSize> screen() const override;
     void yield() override;
+    void showWaiting() override;
     [[noreturn]] void endProgram(int status) override;
 
     /// The window in front; null before the main panel stands.
@@ -60,6 +61,7 @@ class DesktopFace : public Face {
     std::vector<PanelWindow*> windows_;  // the one in front is the last
     std::unique_ptr<GuideWindow> guide_;
     QTimer timer_;  // of the panel in front
+    bool isWaiting_ = false;  // for a program that runs
 };
 
 }  // namespace tul::desktop

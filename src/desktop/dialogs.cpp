@@ -1,7 +1,11 @@
 #include "desktop/dialogs.h"
 
+#include <QGuiApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
+#include <algorithm>
 
 #include "desktop/qt_text.h"
 
@@ -54,6 +58,18 @@ Answer answerOf(int button, Buttons buttons) {
     return buttons == Buttons::yesNo ? Answer::no : Answer::cancel;
 }
 
+constexpr int besideText = 120;  // icon and margins, in pixels
+
+/// The toolkit breaks lines at 500 pixels, in the middle of a path, on whatever screen.
+void keepLinesWhole(QMessageBox& box) {
+    auto* const label = box.findChild<QLabel*>("qt_msgbox_label");
+    if (!label) return;
+    const int screen = QGuiApplication::primaryScreen()->availableSize().width();
+    const int widestBox = std::min(screen - 480, 1000);  // the toolkit's own bound
+    const int widestLine = label->fontMetrics().size(0, box.text()).width();
+    label->setMinimumWidth(std::clamp(widestBox - besideText, 0, widestLine));
+}
+
 }  // namespace
 
 int runModally(QDialog& dialog) { return dialog.exec(); }
@@ -62,6 +78,7 @@ Answer askUser(const Message& message, const QString& speaker, QWidget* parent, 
     QMessageBox box(iconOf(message.icon), speaker, shown(message.text), buttonsOf(message.buttons), parent);
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);  // a path in it can be copied
+    keepLinesWhole(box);
     return answerOf(run(box), message.buttons);
 }
 

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFontMetrics>
+#include <QImage>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QScreen>
@@ -21,7 +22,7 @@ namespace tul::desktop {
 
 namespace {
 
-constexpr int columns = 100;
+constexpr int columns = 120;
 constexpr int rows = 40;
 constexpr int margin = 16;
 
@@ -40,9 +41,22 @@ void makeLinksLegible() {
     QApplication::setPalette(palette);
 }
 
+/// A page whose pictures are no wider than its text.
+class GuidePage : public QTextBrowser {
+  public:
+    using QTextBrowser::QTextBrowser;
+    QVariant loadResource(int type, const QUrl& name) override {
+        const QVariant resource = QTextBrowser::loadResource(type, name);
+        if (type != QTextDocument::ImageResource) return resource;
+        const QImage picture(name.isRelative() ? source().resolved(name).toLocalFile() : name.toLocalFile());
+        const int widest = width() - verticalScrollBar()->sizeHint().width() - 2 * margin;
+        return picture.width() > widest ? picture.scaledToWidth(widest, Qt::SmoothTransformation) : resource;
+    }
+};
+
 }  // namespace
 
-GuideWindow::GuideWindow() : page_(new QTextBrowser(this)) {
+GuideWindow::GuideWindow() : page_(new GuidePage(this)) {
     makeLinksLegible();
     page_->setOpenExternalLinks(true);
     page_->setFrameShape(QFrame::NoFrame);

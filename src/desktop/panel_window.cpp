@@ -4,13 +4,17 @@
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabWidget>
+#include <QWindow>
 #include <algorithm>
 
 #include "base/text.h"
 #include "centre/debug_summary.h"
+#include "centre/panel_place.h"
 #include "centre/viewing.h"
 #include "desktop/forms.h"
 #include "desktop/qt_text.h"
@@ -29,6 +33,12 @@ std::string returnCommand(const Panel& panel) {
     for (const Command& command : panel.commands)
         if (command.name.ends_with("Return") || command.name == "cmdExit") return command.name;
     return {};
+}
+
+QPushButton* defaultButton(const QWidget& window) {
+    for (QPushButton* const button : window.findChildren<QPushButton*>())
+        if (button->isDefault()) return button;
+    return nullptr;
 }
 
 }  // namespace
@@ -52,17 +62,52 @@ void PanelWindow::enlargeHeadings() {
     }
 }
 
-void PanelWindow::refresh() { binder_->refresh(); }
+void PanelWindow::refresh() {
+    QWidget* const focused = focusWidget();
+    const QPushButton* const run = defaultButton(*this);
+    const bool couldRun = !run || run->isEnabled();
+    // Where one part takes the place of another both would be there for a moment, and the window would grow.
+    QLayout* const layout = centralWidget()->layout();
+    layout->setEnabled(false);
+    binder_->refresh();
+    layout->setEnabled(true);
+    keepFocus(focused, couldRun);
+}
+
+/// A button that a command disables hands the focus to its neighbour, which Enter would press next. Run gets
+/// the focus when it has become possible.
+void PanelWindow::keepFocus(QWidget* focused, bool couldRun) {
+    QPushButton* const run = defaultButton(*this);
+    if (run && run->isEnabled() && !couldRun)
+        run->setFocus();
+    else if (focused && !focused->isEnabled() && focusWidget() != focused)
+        setFocus();
+}
+
+/// X11 keeps a hint to show a window minimized, which the toolkit writes anew only when it changes the state
+/// itself, not when the user has restored the window.
+void PanelWindow::bringBack() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    if (QWindow* const handle = windowHandle(); handle && !isVisible()) {
+        const Qt::WindowStates states = handle->windowStates() & ~Qt::WindowMinimized;
+        handle->setWindowStates(states ^ Qt::WindowMaximized);
+        handle->setWindowStates(states);
+    }
+    show();
+}
 
 void PanelWindow::showInPlace(const QWidget* before) {
     refresh();
     const QRect available = (before ? before->screen() : screen())->availableGeometry();
+    if (isMaximized()) return fill(available);
     QSize wanted = sizeHint();
     if (const PanelPlace* const place =
             panel_.place)  // the size that all tools share; it grows with the scale
         wanted = wanted.expandedTo({place->width / twipsPerPixel, place->height / twipsPerPixel});
     resize(wanted.boundedTo(available.size()));
     if (panel_.place) {
+        rememberSize();
+        if (panel_.place->centred) centrePanel(*panel_.place);
         followPlace();
     } else if (before) {
         move(before->frameGeometry().center() - rect().center());
@@ -71,12 +116,30 @@ void PanelWindow::showInPlace(const QWidget* before) {
     focusFirst();
 }
 
+/// Not every screen has a window manager that enlarges windows.
+void PanelWindow::fill(const QRect& area) {
+    setGeometry(area);
+    show();
+    focusFirst();
+}
+
+/// What the window then has is the panel's place.
+bool PanelWindow::standsFreely() const {
+    return panel_.place && isVisible() && !isMinimized() && !isMaximized();
+}
+
+/// The middle of the screen and its right edge are reckoned from the size that the window has.
+void PanelWindow::rememberSize() {
+    panel_.place->width = toTwips(frameGeometry().width());
+    panel_.place->height = toTwips(frameGeometry().height());
+}
+
 void PanelWindow::followPlace() {
     if (!panel_.place) return;
     const QPoint wanted(toPixels(panel_.place->left), toPixels(panel_.place->top));
     if (wanted == lastPlace_ && isVisible()) return;
     lastPlace_ = wanted;
-    move(onAScreen(QRect(wanted, size())));
+    move(onAScreen(QRect(wanted, frameGeometry().size())));
 }
 
 void PanelWindow::focusFirst() {
@@ -103,23 +166,39 @@ void PanelWindow::closeEvent(QCloseEvent* event) {
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::HelpContents))
         return act_([this] { ShowUserGuide(findPanel(panel_.name)->guide); });
+    if (turnTab(*event)) return;
     if (event->key() == Qt::Key_Escape && panel_.name != "frmLogo") return pressReturn();
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         return QMainWindow::keyPressEvent(event);
     auto* button = qobject_cast<QPushButton*>(focusWidget());
-    for (QPushButton* const other : findChildren<QPushButton*>())
-        if (!button && other->isDefault()) button = other;
+    if (!button) button = defaultButton(*this);
     if (button) button->click();
+}
+
+/// Ctrl+Tab, wherever the focus is.
+bool PanelWindow::turnTab(const QKeyEvent& event) {
+    const bool back = event.key() == Qt::Key_Backtab;
+    auto* const tabs = findChild<QTabWidget*>();
+    if (!tabs || !(event.modifiers() & Qt::ControlModifier) || (!back && event.key() != Qt::Key_Tab))
+        return false;
+    tabs->setCurrentIndex((tabs->currentIndex() + (back ? tabs->count() - 1 : 1)) % tabs->count());
+    return true;
 }
 
 void PanelWindow::mouseDoubleClickEvent(QMouseEvent*) { act_(ShowDetailsBox); }
 
 void PanelWindow::moveEvent(QMoveEvent* event) {
     QMainWindow::moveEvent(event);
-    if (!panel_.place || !isVisible() || isMinimized() || isMaximized()) return;
+    if (!standsFreely()) return;
+    rememberSize();
     lastPlace_ = pos();
     panel_.place->left = toTwips(pos().x());
     panel_.place->top = toTwips(pos().y());
+}
+
+void PanelWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (standsFreely()) rememberSize();
 }
 
 }  // namespace tul::desktop

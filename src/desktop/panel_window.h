@@ -19,8 +19,11 @@ class PanelWindow : public QMainWindow {
     const Binder& binder() const { return *binder_; }
 
     void refresh();
-    /// Shows the window where the panel's place is; a panel without one in the middle of `before`.
+    /// Shows the window where the panel's place is; a panel without one in the middle of `before`, or over
+    /// the whole screen where its form says so.
     void showInPlace(const QWidget* before);
+    /// Shows the window again, even when it was minimized at some time before.
+    void bringBack();
     /// Moves the window where a command has put the panel.
     void followPlace();
 
@@ -29,10 +32,16 @@ class PanelWindow : public QMainWindow {
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void enlargeHeadings();
+    void fill(const QRect& area);
+    bool standsFreely() const;
+    void rememberSize();
     void focusFirst();
+    void keepFocus(QWidget* focused, bool couldRun);
+    bool turnTab(const QKeyEvent& event);
     void pressReturn();
 
     Panel panel_;

@@ -6,6 +6,8 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QScreen>
+#include <QStyle>
+#include <QTextBlock>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -18,7 +20,7 @@ namespace tul::desktop {
 
 namespace {
 
-constexpr int columns = 100;  // of a report that is seen at once
+constexpr int fewestColumns = 80;
 constexpr int rows = 32;
 
 bool hasUpperHalf(const std::string& bytes) {
@@ -57,10 +59,18 @@ TextWindow::TextWindow(const std::string& path, QWidget* parent, DialogRunner ru
         saveAction_->setEnabled(on);
     });
     saveAction_->setEnabled(false);
-    const QFontMetrics metrics(text_->font());
-    const QSize wanted(metrics.averageCharWidth() * columns, metrics.lineSpacing() * rows);
-    resize(wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize() * 9 / 10));
+    resize(wantedSize().boundedTo(QGuiApplication::primaryScreen()->availableSize() * 9 / 10));
     text_->setFocus();
+}
+
+/// The widest line is seen whole: the columns of a report go as far as its longest path.
+QSize TextWindow::wantedSize() const {
+    const QFontMetrics metrics(text_->font());
+    const int scrollBar = 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    int columns = fewestColumns;
+    for (QTextBlock line = text_->document()->begin(); line.isValid(); line = line.next())
+        columns = std::max(columns, line.length());
+    return {metrics.averageCharWidth() * columns + scrollBar, metrics.lineSpacing() * rows};
 }
 
 void TextWindow::read() {

@@ -18,6 +18,7 @@ class TextWindow : public QDialog {
     void reject() override;
 
   private:
+    QSize wantedSize() const;
     void read();
     /// False when the disk did not take it; the user was told.
     bool save();

@@ -57,6 +57,8 @@ class Face {
     virtual std::optional<ScreenSize> screen() const { return std::nullopt; }
     /// Repaints, and lets pending events run.
     virtual void yield() = 0;
+    /// While a program that is waited for runs: repaints, and lets nothing else through.
+    virtual void showWaiting() {}
 
     /// Ends the process, or unwinds to its `main`. Status 0 is a wanted end, 1 a fatal message.
     [[noreturn]] virtual void endProgram(int status) = 0;

@@ -66,6 +66,10 @@ void yieldToEvents() {
     face().yield();
 }
 
+void showWaiting() {
+    if (installed.face) installed.face->showWaiting();
+}
+
 WaitingPointer::WaitingPointer() {
     if (waits++ == 0) face().setPointer(Pointer::waiting);
 }

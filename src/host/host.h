@@ -57,6 +57,8 @@ std::string InputBox(const std::string& prompt, const std::string& defaultText);
 /// Lets pending events run so that panels repaint and a cancel button works; at most once in some
 /// milliseconds, so that a loop may call it for each item.
 void yieldToEvents();
+/// Called now and then while a program is waited for: windows are repainted, where there are any.
+void showWaiting();
 
 /// The waiting pointer, for as long as this lives.
 class WaitingPointer {

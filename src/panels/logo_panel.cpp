@@ -45,11 +45,13 @@ void openPanel(const char* form) {
 
 /// A button that leads to a panel of this program. Where that panel is not part of this version it stands
 /// disabled.
-Command panelCommand(const char* button, Live<std::string> caption, const char* form) {
+Command panelCommand(const char* button, Live<std::string> caption, const char* form,
+                     const char* toolTip = "") {
     return {.name = button,
             .caption = std::move(caption),
             .run = [form] { openPanel(form); },
-            .enabled = [button, form] { return mainPanel.isEnabled(button) && isBuilt(form); }};
+            .enabled = [button, form] { return mainPanel.isEnabled(button) && isBuilt(form); },
+            .toolTip = std::string(toolTip)};
 }
 
 Command inputCommand(const char* button, Live<std::string> caption, int kind, const char* fileName) {
@@ -64,16 +66,17 @@ Command inputCommand(const char* button, Live<std::string> caption, int kind, co
 
 Commands panelCommands() {
     Commands commands;
-    for (const auto& [button, caption, form] :
-         std::initializer_list<std::array<const char*, 3>>{{"cmdValid", "TulValid", "frmValid"},
-                                                           {"cmdRenum", "TulRenum", "frmRenum"},
-                                                           {"cmdEdit", "TulEdit", "frmEdit"},
-                                                           {"cmdResiz", "TulResiz", "frmResiz"},
-                                                           {"cmdPmx", "TulPmx", "frmPmx"},
-                                                           {"cmdAccs", "TulAccs", "frmAccs"},
-                                                           {"mnuColors", "&Colors", "frmColor"},
-                                                           {"mnuAbout", "&About", "frmAbout"}})
-        commands.push_back(panelCommand(button, caption, form));
+    for (const auto& [button, caption, form, toolTip] : std::initializer_list<std::array<const char*, 4>>{
+             {"cmdValid", "TulValid", "frmValid", "Check the selected pages, and recover damaged ones"},
+             {"cmdRenum", "TulRenum", "frmRenum", "Rename and renumber files, pages, bars and staves"},
+             {"cmdEdit", "TulEdit", "frmEdit", "Change items of the selected pages by rules"},
+             {"cmdResiz", "TulResiz", "frmResiz",
+              "Change the sizes of notes, slurs, staves, symbols, numbers and texts"},
+             {"cmdPmx", "TulPmx", "frmPmx", "Write the selected pages as text"},
+             {"cmdAccs", "TulAccs", "frmAccs", ""},
+             {"mnuColors", "&Colors", "frmColor", ""},
+             {"mnuAbout", "&About", "frmAbout", ""}})
+        commands.push_back(panelCommand(button, caption, form, toolTip));
     commands.push_back(inputCommand(
         "cmdLogoInput", [] { return mainPanel.cmdLogoInputCaption; }, 1, "TULINPUT.INI"));
     commands.push_back(inputCommand("cmdLogoIntab", "TulInTab", 2, "TULINTAB.INI"));

@@ -1,10 +1,21 @@
 #include "panels/tool_panel.h"
 
+#include "base/numbers.h"
 #include "centre/names_file.h"
 #include "centre/panel_place.h"
 #include "shared/records.h"
 
 namespace tul {
+
+namespace {
+
+/// Tells how many files the tool will work on.
+std::string viewCaption() {
+    if (!selection.SelectionValid) return "View";
+    return "View " + plain(selection.SelectionCount) + (selection.SelectionCount == 1 ? " file" : " files");
+}
+
+}  // namespace
 
 void loadToolPanel(PanelPlace& place) {
     place.height = heightOfPanels();
@@ -24,7 +35,7 @@ Command selectCommand(const std::string& name, const std::string& message, std::
 
 Command viewCommand(const std::string& name, std::string& viewTip, const Live<bool>& enabled) {
     return {.name = name,
-            .caption = "View",
+            .caption = viewCaption,
             .run = [&viewTip] { ViewNamesFile(viewTip); },
             .enabled = [enabled] { return selection.SelectionValid && enabled(); },
             .toolTip = [&viewTip] { return viewTip; }};

@@ -81,6 +81,8 @@ struct PanelPlace {
     int left = 0;
     int width = 9000;
     int height = 6660;
+    bool centred = false;  // nothing was stored: it belongs in the middle, whatever size its window turns out
+                           // to have
 };
 
 /// `disabled` stands for a hidden or read-only field and for a closed panel, too; `invalid` for a text that

@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include "centre/panel_place.h"
 #include "desktop/desktop_session.h"
 #include "samples/page_builder.h"
 #include "support/mus_bytes.h"
@@ -70,10 +71,13 @@ TEST_F(ToolWindows, DroppedPagesAreValidatedAndReported) {
     EXPECT_TRUE(child<QAbstractButton>("cmdValidateRun").isEnabled());
     EXPECT_TRUE(child<QLineEdit>("panValidFileName").text().endsWith("\\FIRST.MUS"));
     EXPECT_TRUE(child<QAbstractButton>("cmdValidateView").toolTip().contains(" 2 filenames"));
+    EXPECT_EQ(child<QAbstractButton>("cmdValidateView").text(), "&View 2 files");
 
     std::string report;
     expectText(report);
-    QTest::keyClick(&window, Qt::Key_Return);  // Run is the default button
+    EXPECT_EQ(window.focusWidget()->objectName(), "cmdValidateRun") << "Enter runs, now that it can";
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(window.focusWidget()->objectName(), "cmdValidateRun") << "and once more after the run";
     EXPECT_NE(report.find("FIRST.MUS"), std::string::npos) << report;
     EXPECT_NE(report.find("2 file(s)"), std::string::npos) << report;
     EXPECT_FALSE(host.exists("TULVALID.PRN")) << "the report is gone once it was read";
@@ -106,6 +110,25 @@ TEST_F(ToolWindows, ARunIsShownAndCancelled) {
     EXPECT_EQ(child<QAbstractButton>("cmdValidateReturn").text(), "Retur&n");
     face.front()->close();
     EXPECT_EQ(face.front()->panel().name, "frmLogo");
+}
+
+TEST_F(ToolWindows, AQuestionFindsThePanelAtItsPage) {
+    writePage("first.mus");
+    host.write("second.mus", std::string(40, '\0'));
+    host.write("NAMES.TUL", crlf({host.path("first.mus") + " 1", host.path("second.mus") + " 1"}));
+    PanelWindow& window = open("frmValid");
+    for (int message = 0; message < 2; ++message)
+        expectDialog([&](QDialog& dialog) {
+            EXPECT_TRUE(child<QLabel>("lblValidStatus").text().contains(" 2 of 2"));
+            EXPECT_TRUE(child<QLineEdit>("panValidFileName").text().endsWith("\\SECOND.MUS"));
+            EXPECT_EQ(window.focusWidget(), &window) << "Enter cancels nothing";
+            EXPECT_EQ(dialog.windowTitle(), "TulValid");
+            dialog.accept();
+        });
+    expectAnswer(QMessageBox::Cancel);
+    std::string report;
+    expectText(report);
+    click("cmdValidateRun");
 }
 
 TEST_F(ToolWindows, PmxIsWrittenAsTheFormSays) {
@@ -268,8 +291,10 @@ TEST_F(DesktopSession, TextFilesAreListedOverTheTabs) {
     ASSERT_TRUE(list().isVisible());
     EXPECT_FALSE(child<QWidget>("tabLogo").isVisible());
     list().setCurrentItem(list().findItems("notes.txt", Qt::MatchExactly).value(0));
+    EXPECT_EQ(face.front()->focusWidget(), &list());
     QTest::keyClick(&list(), Qt::Key_Return);
     ASSERT_EQ(face.front()->panel().name, "frmNotepad");
+    EXPECT_EQ(face.front()->size(), face.front()->screen()->availableSize()) << "it fills the screen";
     EXPECT_EQ(child<QPlainTextEdit>("lstTulboard").toPlainText(), "The second page");
     face.front()->findChild<QAction*>("mnuReturn")->trigger();
     ASSERT_EQ(face.front()->panel().name, "frmLogo");
@@ -289,8 +314,15 @@ TEST_F(DesktopSession, TheMainPanelStandsWhereItWasPut) {
     EXPECT_EQ(mainPanel.place.left, 55 * 15);
     EXPECT_EQ(mainPanel.place.top, 66 * 15);
 
+    face.front()->showMinimized();
+    face.openPanel("frmColor");
+    face.front()->close();
+    EXPECT_FALSE(face.front()->isMinimized()) << "it comes back from behind a tool";
+
     mainPanel.enabled["cmdTulClean"] = false;
+    mainPanel.cmdLogoInputCaption = "TulInputW";
     face.settle();
+    EXPECT_EQ(child<QAbstractButton>("cmdLogoInput").text(), "TulInputW") << "the label has the key";
     EXPECT_FALSE(child<QAbstractButton>("cmdTulClean").isEnabled());
     QString details;
     expectDialog([&](QDialog& dialog) {
@@ -299,6 +331,23 @@ TEST_F(DesktopSession, TheMainPanelStandsWhereItWasPut) {
     });
     QTest::mouseDClick(&child<QWidget>("labelWelcome"), Qt::LeftButton);
     EXPECT_TRUE(details.startsWith("TUL build date: ")) << details.toStdString();
+}
+
+TEST_F(DesktopSession, PanelsStandInTheMiddleByTheSizeThatTheyHave) {
+    positionPanel(mainPanel.place);
+    face.openPanel("frmLogo");
+    const QRect screen = face.front()->screen()->geometry();
+    const auto isCentred = [&] {
+        const QPoint off = face.front()->frameGeometry().center() - screen.center();
+        return off.manhattanLength() <= 8;  // the frame is known once the window is shown
+    };
+    ASSERT_GT(face.front()->width() * 15, PanelPlace().width);
+    EXPECT_TRUE(isCentred()) << "at the first start";
+    click("cmdTopLeft");
+    QTest::mouseClick(&child<QWidget>("Picture1"), Qt::LeftButton);
+    EXPECT_EQ(face.front()->pos(), QPoint(0, 0)) << "the picture, which is clicked twice, is no background";
+    QTest::mouseClick(&child<QWidget>("labelWelcome"), Qt::LeftButton);
+    EXPECT_TRUE(isCentred());
 }
 
 TEST_F(DesktopSession, QuestionsAreAnsweredByTheirButtons) {

@@ -1,6 +1,8 @@
 #include "host/linux/linux_processes.h"
 
+#include <poll.h>
 #include <spawn.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,12 +16,16 @@
 #include <system_error>
 
 #include "base/text.h"
+#include "host/host.h"
+#include "host/linux/descriptor.h"
 #include "host/linux/dos_command.h"
 #include "host/linux/linux_files.h"
 
 namespace tul {
 
 namespace {
+
+constexpr int repaintInterval = 30;  // milliseconds
 
 enum class ProgramKind { none, native, windows, dos };
 
@@ -125,7 +131,16 @@ class SpawnSettings {
     posix_spawnattr_t attributes_;
 };
 
+/// The windows behind a program that runs are repainted, until it ends. Where the system cannot tell its end
+/// they have to wait for it.
+void repaintUntilEnd(pid_t child) {
+    const Descriptor process(static_cast<int>(::syscall(SYS_pidfd_open, child, 0)));
+    pollfd end = {.fd = process.number(), .events = POLLIN, .revents = 0};
+    while (process && ::poll(&end, 1, repaintInterval) == 0) showWaiting();
+}
+
 int exitCodeOf(pid_t child) {
+    repaintUntilEnd(child);
     int status = 0;
     pid_t ended;
     do ended = ::waitpid(child, &status, 0);

@@ -109,7 +109,8 @@ void GuideWindow::addTools() {
 }
 
 void GuideWindow::turnTo(const std::string& path) {
-    page_->setSource(QUrl::fromLocalFile(QFile::decodeName(QByteArray::fromStdString(files().toNative(path)))));
+    page_->setSource(
+        QUrl::fromLocalFile(QFile::decodeName(QByteArray::fromStdString(files().toNative(path)))));
     show();
     raise();
     activateWindow();

@@ -15,7 +15,7 @@ namespace tul {
 namespace {
 
 constexpr DWORD elevationRequired = 740;  // which the compiler's headers have no name for
-constexpr INT_PTR leastSuccess = 33;  // what lies below is an error of the shell's
+constexpr INT_PTR leastSuccess = 33;      // what lies below is an error of the shell's
 
 bool isPlainFile(const std::string& path) {
     const DWORD attributes = ::GetFileAttributesA(path.c_str());

@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "base/text.h"
+#include "host/host.h"
 #include "host/windows/system_text.h"
 #include "host/windows/windows_paths.h"
 
@@ -15,7 +16,8 @@ namespace tul {
 namespace {
 
 constexpr DWORD elevationRequired = 740;  // which the compiler's headers have no name for
-constexpr INT_PTR leastSuccess = 33;      // what lies below is an error of the shell's
+constexpr DWORD millisecondsBetweenRepaints = 50;
+constexpr INT_PTR leastSuccess = 33;  // what lies below is an error of the shell's
 
 bool isPlainFile(const std::string& path) {
     const DWORD attributes = ::GetFileAttributesA(path.c_str());
@@ -100,7 +102,7 @@ LaunchResult WindowsProcesses::runAndWait(const Launch& launch) {
         return {.failure = startFailure(::GetLastError(), program)};
     const Handle thread(created.hThread);
     const Handle process(created.hProcess);
-    ::WaitForSingleObject(process.get(), INFINITE);
+    while (::WaitForSingleObject(process.get(), millisecondsBetweenRepaints) == WAIT_TIMEOUT) showWaiting();
     DWORD code = 0;
     ::GetExitCodeProcess(process.get(), &code);
     return {.started = true, .exitCode = static_cast<int>(code), .failure = {}};

@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <iostream>
 #include <string>
 #include <vector>
@@ -24,7 +22,7 @@ int main(int argc, char** argv) {
     const Console console{.out = std::cout,
                           .err = std::cerr,
                           .in = std::cin,
-                          .canAsk = isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0,
-                          .showsProgress = isatty(STDERR_FILENO) != 0};
+                          .canAsk = isTerminal(Stream::input) && isTerminal(Stream::error),
+                          .showsProgress = isTerminal(Stream::error)};
     return runCommand(arguments, machine->host(), machine->programFolder(), console);
 }

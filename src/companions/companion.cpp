@@ -35,16 +35,7 @@ void showInWindow(const std::string& kind, const std::string& program, const std
 
 }  // namespace
 
-std::string joinedWords(int argc, char** argv) {
-    std::string text;
-    for (int i = 1; i < argc; ++i) {
-        if (i > 1) text += ' ';
-        text += argv[i];
-    }
-    return text;
-}
-
-ArgumentPairs::ArgumentPairs(int argc, char** argv) : ArgumentPairs(joinedWords(argc, argv)) {}
+ArgumentPairs::ArgumentPairs(int argc, char** argv) : ArgumentPairs(argumentText(argc, argv)) {}
 
 ArgumentPairs::ArgumentPairs(const std::string& text) {
     std::string_view rest = text;

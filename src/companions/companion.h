@@ -15,7 +15,7 @@ namespace tul::companion {
 /// before the next comma. LIST is the last key and takes the rest.
 class ArgumentPairs {
   public:
-    /// The command line's words, joined with a blank as they were before the platform split them.
+    /// Of the command line.
     ArgumentPairs(int argc, char** argv);
     explicit ArgumentPairs(const std::string& text);
 
@@ -27,9 +27,6 @@ class ArgumentPairs {
   private:
     std::vector<std::pair<std::string, std::string>> pairs_;
 };
-
-/// The words of a command line behind the program's name, joined with blanks.
-std::string joinedWords(int argc, char** argv);
 
 /// Puts the machine to use; a companion has no face.
 class Companion {

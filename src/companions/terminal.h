@@ -1,18 +1,18 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <iostream>
 #include <string>
+
+#include "host/talk.h"
 
 namespace tul::companion {
 
 /// True when somebody can be asked: a terminal on both sides.
-inline bool canAsk() { return isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0; }
+inline bool canAsk() { return isTerminal(Stream::input) && isTerminal(Stream::error); }
 
 /// True when any of the standard streams is a terminal.
 inline bool hasTerminal() {
-    return isatty(STDIN_FILENO) != 0 || isatty(STDOUT_FILENO) != 0 || isatty(STDERR_FILENO) != 0;
+    return isTerminal(Stream::input) || isTerminal(Stream::output) || isTerminal(Stream::error);
 }
 
 /// One line from the terminal; empty at its end.

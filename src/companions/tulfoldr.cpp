@@ -1,7 +1,7 @@
 #include <QApplication>
-#include <QIcon>
 #include <QDir>
 #include <QFile>
+#include <QIcon>
 #include <optional>
 
 #include "base/text.h"

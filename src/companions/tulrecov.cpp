@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "companions/companion.h"
 #include "companions/recovery.h"
+#include "host/talk.h"
 #include "music/backup.h"
 #include "shared/function_module.h"
 
@@ -55,7 +56,7 @@ int replacePage(const std::string& path, const recovery::Recovery& result, int p
 
 int main(int argc, char** argv) {
     const companion::Companion machine;
-    const std::string words(trim(companion::joinedWords(argc, argv)));
+    const std::string words(trim(argumentText(argc, argv)));
     const std::size_t blank = words.rfind(' ');
     const std::string number = blank == std::string::npos ? "" : words.substr(blank + 1);
     const auto items = isWholeNumber(number) ? toInt16(numericValue(number)) : std::nullopt;

@@ -60,7 +60,7 @@ class DesktopFace : public Face {
     DialogRunner run_;
     std::vector<PanelWindow*> windows_;  // the one in front is the last
     std::unique_ptr<GuideWindow> guide_;
-    QTimer timer_;  // of the panel in front
+    QTimer timer_;            // of the panel in front
     bool isWaiting_ = false;  // for a program that runs
 };
 

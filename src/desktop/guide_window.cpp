@@ -3,6 +3,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QApplication>
+#include <QFile>
 #include <QFontMetrics>
 #include <QImage>
 #include <QLineEdit>
@@ -108,7 +109,8 @@ void GuideWindow::addTools() {
 }
 
 void GuideWindow::turnTo(const std::string& path) {
-    page_->setSource(QUrl::fromLocalFile(QString::fromStdString(files().toNative(path))));
+    page_->setSource(
+        QUrl::fromLocalFile(QFile::decodeName(QByteArray::fromStdString(files().toNative(path)))));
     show();
     raise();
     activateWindow();

@@ -1,6 +1,7 @@
 #include "desktop/text_tools.h"
 
 #include <QAction>
+#include <QFile>
 #include <QFileDialog>
 #include <QFontDatabase>
 #include <QLabel>
@@ -94,10 +95,10 @@ void TextTools::saveCopy() {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.selectFile(copyName_);
     if (run_(dialog) != QDialog::Accepted) return;
-    const QString native = dialog.selectedFiles().value(0);
-    const auto path = files().fromNative(native.toStdString());
+    const std::string native = QFile::encodeName(dialog.selectedFiles().value(0)).toStdString();
+    const auto path = files().fromNative(native);
     if (!path || files().replace(*path, fileBytes(text_, false, "\r\n")) != FileError::none)
-        MsgBox(native.toStdString() + " could not be written.", Buttons::ok, Icon::exclamation);
+        MsgBox(native + " could not be written.", Buttons::ok, Icon::exclamation);
 }
 
 QString textOf(const QPlainTextEdit& editor) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 namespace tul {
 
@@ -14,5 +15,13 @@ std::optional<Talk> inheritedTalk();
 
 /// True when a window could be shown.
 bool hasDisplay();
+
+enum class Stream { input, output, error };
+/// True when a standard stream leads to a terminal.
+bool isTerminal(Stream stream);
+
+/// The arguments of this process as the one text that they were: the words of `main`, joined with blanks
+/// where the platform has split them.
+std::string argumentText(int argc, char** argv);
 
 }  // namespace tul

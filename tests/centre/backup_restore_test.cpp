@@ -88,7 +88,9 @@ TEST_F(BackupRestore, StopsWhereAFileCannotBeReplacedAndLosesNone) {
 TEST_F(BackupRestore, GoesThroughALinkToThePageItself) {
     host.makeFolder("scores");
     write({"scores/page", "A.BKU"});
-    fs::create_symlink("scores/page", host.nativeFolder() / "A.MUS");
+    std::error_code failure;
+    fs::create_symlink("scores/page", host.nativeFolder() / "A.MUS", failure);
+    if (failure) GTEST_SKIP() << "this machine makes no symbolic links";
     writeNames({"A.MUS"});
     host.answers = {Answer::yes};
     cmdCycle();

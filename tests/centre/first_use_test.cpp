@@ -71,7 +71,7 @@ TEST_F(FirstUseSeries, FindsWhatLiesBesideScore4) {
     FirstUse();
     const std::string score = upper("scor4\\");
     expectValues({{"ScorePath", score + "SCOR4.EXE"},
-                  {"WorkDrive", "Z:\\"},
+                  {"WorkDrive", host.folder().substr(0, 3)},
                   {"PagePath", score + "PAGE4.EXE"},
                   {"libPath", score + "LIB"},
                   {"PreferenceFilePath", score + "LIB\\PREF-4.SCR"},
@@ -89,7 +89,7 @@ TEST_F(FirstUseSeries, FindsWhatLiesBesideScore4) {
 TEST_F(FirstUseSeries, ChoosesBetweenTheScoresOfDriveC) {
     make({"disk/SCORE/SCORE.EXE", "disk/SCORE/JUST.EXE", "disk/SCOR4/SCOR4.EXE", "disk/LIB/FM00.PSC",
           "disk/LIB/PREF.SCR", "disk/HLP/CODE01.HLP"});
-    host.makeDriveC("disk");
+    if (!host.makeDriveC("disk")) GTEST_SKIP() << "drive C is the machine's own";
     host.answers = {yes, Answer::yes};  // link SCORE, and Score3 of the two
     FirstUse();
     EXPECT_TRUE(host.said(
@@ -166,8 +166,9 @@ TEST_F(FirstUseSeries, ChecksTheNamesOfOtherTools) {
     host.answers = {refused, refused, yes,     yes,     yes, yes, yes,    yes,
                     refused, yes,     refused, refused, yes, yes, refused};
     FirstUse();
-    expectValues({{"ScoreEngineProgramPath", upper("t\\SCOREENGINEDISPATCHER.EXE")},
-                  {"AFMfilesPath", host.path("afm")},
+    EXPECT_EQ(upperCase(value("ScoreEngineProgramPath")),
+              upperCase(files().shortName(host.path("t\\SCOREENGINEDISPATCHER.EXE"))));
+    expectValues({{"AFMfilesPath", host.path("afm")},
                   {"ACCSPath", upper("t\\ACCS.EXE")},
                   {"LJPath", ""},
                   {"BeamPath", ""},

@@ -29,7 +29,7 @@ TEST_F(Viewing, TakesTheChosenEditorWhereItCanBeFound) {
     host.mayRun("wordpad.exe");
     SetEditor(EditorCode::wordpad);
     ViewWithEditor(host.path("report.prn"));
-    EXPECT_EQ(host.launches, Texts{"wordpad.exe " + host.path("report.prn")});
+    EXPECT_EQ(host.launches, Texts{"wordpad.exe " + files().shortName(host.path("report.prn"))});
     EXPECT_EQ(host.shown.size(), 2U);
 }
 

@@ -138,8 +138,8 @@ TEST_F(Tulcmd, RefusesWhatCannotBeSelectedAndKeepsTheSelection) {
         {page("gone.mus"), "There is no file " + page("gone.mus") + "."},
         {page("sub"), page("sub") + " is a folder."},
         {page("sub/good.mus"), " lie in different folders; a selection has one folder."},
-        {page("back\\slash.mus"),
-         "The name " + page("back\\slash.mus") + " cannot be written into a names file."},
+        {page("line\nend.mus"),
+         "The name " + page("line\nend.mus") + " cannot be written into a names file."},
     };
     for (const auto& [file, text] : refusals) {
         const Outcome outcome = run({"valid", page("good.mus"), file});
@@ -152,6 +152,7 @@ TEST_F(Tulcmd, RefusesWhatCannotBeSelectedAndKeepsTheSelection) {
 
 TEST_F(Tulcmd, RefusesNamesThatDifferInLetterCaseOnly) {
     host.write("Page.mus", "1");
+    if (host.exists("PAGE.mus")) GTEST_SKIP() << "this disk does not tell them apart";
     host.write("PAGE.mus", "2");
     for (const Texts& words :
          std::vector<Texts>{{"valid", page("Page.mus"), page("PAGE.mus")}, {"valid", page("Page.mus")}}) {

@@ -121,7 +121,7 @@ TEST_F(ChoosingWindow, GoesToAnotherFolderBeforeItAccepts) {
     press(window, "cmdNamesOk");
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(text(window, "lblNamesNotice"), "There is no such folder: /no/such/folder");
-    folder.setText(QString::fromStdString(host.nativeFolder()));
+    folder.setText(QString::fromStdString(host.nativeFolder().string()));
     QTest::keyClick(&folder, Qt::Key_Return);
     EXPECT_EQ(folder.text().toStdString(), host.folder());
     EXPECT_EQ(text(window, "lblNamesCount"), "0 of 1 file chosen");
@@ -136,20 +136,27 @@ TEST_F(ChoosingWindow, GoesToAnotherFolderBeforeItAccepts) {
 }
 
 TEST_F(ChoosingWindow, StaysOpenWithTheReasonWhenNothingWasWritten) {
-    host.write("music/song.mus", "differs in letter case only");
     host.write("TULPROJ.PRO", "WarnOnPathLength=1\r\n");
     NamesWindow window(request());
     window.show();
     press(window, "cmdNamesAll");
     EXPECT_TRUE(text(window, "lblNamesNotice").startsWith("A path has")) << "all in here are long";
-    press(window, "cmdNamesOk");
-    EXPECT_TRUE(text(window, "lblNamesNotice").contains("differ in letter case only"));
-    clickRow(window, 0);
     host.faultyFiles().refusals["NAMES.TUL"] = FileError::readOnly;
     press(window, "cmdNamesOk");
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(text(window, "lblNamesNotice").toStdString(),
               "The names file could not be written: " + host.path("NAMES.TUL"));
+}
+
+TEST_F(ChoosingWindow, StaysOpenForNamesThatDifferInLetterCaseOnly) {
+    if (host.exists("music/song.mus")) GTEST_SKIP() << "this disk does not tell them apart";
+    host.write("music/song.mus", "differs in letter case only");
+    NamesWindow window(request());
+    window.show();
+    press(window, "cmdNamesAll");
+    press(window, "cmdNamesOk");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(text(window, "lblNamesNotice").contains("differ in letter case only"));
 }
 
 TEST_F(ChoosingWindow, ShowsAPartOfTheNames) {
@@ -166,7 +173,8 @@ TEST_F(ChoosingWindow, ShowsAPartOfTheNames) {
     QApplication::processEvents();
     press(window, "cmdNamesAll");
     child<QLineEdit>(window, "txtNamesPart").setText("P99");
-    EXPECT_EQ(text(window, "lblNamesCount").toStdString(), "11 of 11 files chosen; not shown and not taken: 993");
+    EXPECT_EQ(text(window, "lblNamesCount").toStdString(),
+              "11 of 11 files chosen; not shown and not taken: 993");
 }
 
 TEST_F(ChoosingWindow, ChoosesTheFolderThatStandsInItsField) {

@@ -187,8 +187,8 @@ TEST_F(OptionsPanel, SetsTheInitialFolderInThreeWays) {
     EXPECT_EQ(shown("txtInitialMusFolder"), "Z:\\scores");
     EXPECT_EQ(host.profile["TUL"]["InitialFolder"], "Z:\\scores");
     panel.set("txtInitialMusFolder", "/home/anna");
-    EXPECT_EQ(host.profile["TUL"]["InitialFolder"], "Z:\\home\\anna");
-    EXPECT_EQ(written("MusDirectory"), "Z:\\home\\anna");
+    EXPECT_EQ(host.profile["TUL"]["InitialFolder"], *files().fromNative("/home/anna"));
+    EXPECT_EQ(written("MusDirectory"), *files().fromNative("/home/anna"));
 }
 
 TEST_F(OptionsPanel, OffersTheVersionsThatAreThere) {

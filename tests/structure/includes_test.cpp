@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -7,6 +6,8 @@
 #include <regex>
 #include <set>
 #include <string>
+
+#include "support/scripted_host.h"
 
 namespace {
 
@@ -72,13 +73,13 @@ TEST(Includes, GoUpwardFromRoomToRoomOnly) {
 }
 
 TEST(Includes, AWrongArrowIsSeen) {
-    const fs::path file = fs::temp_directory_path() / ("tul-arrow-" + std::to_string(::getpid()) + ".cpp");
+    tul::testing::ScriptedHost host;
+    const fs::path file = host.nativeFolder() / "arrow.cpp";
     std::ofstream(file) << "#include \"centre/start_up.h\"\n#include <QString>\n#include \"base/text.h\"\n";
     const std::string wrong = wrongIncludes(file, "music");
     EXPECT_NE(wrong.find("centre/start_up.h"), std::string::npos);
     EXPECT_NE(wrong.find("QString"), std::string::npos);
     EXPECT_EQ(wrong.find("base/text.h"), std::string::npos);
-    fs::remove(file);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "support/scripted_host.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -10,6 +8,7 @@
 #include "centre/start_up.h"
 #include "panels/fresh_process.h"
 #include "shared/records.h"
+#include "support/test_place.h"
 
 namespace tul::testing {
 
@@ -118,10 +117,7 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
     bool anotherInstanceRuns() override { return host.anotherInstance; }
 };
 
-ScriptedHost::ScriptedHost() {
-    std::string pattern = (fs::temp_directory_path() / "tul-test-XXXXXX").string();
-    nativeFolder_ = mkdtemp(pattern.data());
-    setenv("HOME", nativeFolder_.c_str(), 1);  // whose drives are the test's own
+ScriptedHost::ScriptedHost() : nativeFolder_(makeTestPlace()) {
     machine_ = openNativeMachine();
     Host host = machine_->host();
     faultyFiles_ = std::make_unique<FaultyFiles>(*host.files);
@@ -135,12 +131,14 @@ ScriptedHost::ScriptedHost() {
     installHost(host);
     version.ownText = "Wx Test";
     freshProcess();
+    startFolder_ = files().currentFolder();
     files().changeFolder(*files().fromNative(nativeFolder_.string()));
     paths.ProgramFolder = folder();
     namePaths();
 }
 
 ScriptedHost::~ScriptedHost() {
+    machine_->host().files->changeFolder(startFolder_);  // a current folder cannot be removed everywhere
     installHost({});
     std::error_code ignored;
     fs::remove_all(nativeFolder_, ignored);
@@ -163,10 +161,7 @@ void ScriptedHost::makeReadOnly(const std::string& name) {
     fs::permissions(nativeFolder_ / name, fs::perms::owner_read);
 }
 
-void ScriptedHost::makeDriveC(const std::string& name) {
-    makeFolder(".wine/dosdevices");
-    fs::create_directory_symlink(nativeFolder_ / name, nativeFolder_ / ".wine/dosdevices/c:");
-}
+bool ScriptedHost::makeDriveC(const std::string& name) { return takeAsDriveC(nativeFolder_ / name); }
 
 void ScriptedHost::mayRun(const std::string& program) {
     programs[program] = [](const std::string&) { return 0; };

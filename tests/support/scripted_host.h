@@ -81,8 +81,8 @@ class ScriptedHost {
     /// With the folders above it.
     void makeFolder(const std::string& name) { std::filesystem::create_directories(nativeFolder_ / name); }
     void makeReadOnly(const std::string& name);
-    /// A drive C, which is this folder of the test's own.
-    void makeDriveC(const std::string& name);
+    /// A drive C, which is this folder of the test's own. False where that drive is the machine's.
+    bool makeDriveC(const std::string& name);
 
     /// A program of this name starts and does nothing.
     void mayRun(const std::string& program);
@@ -129,6 +129,7 @@ class ScriptedHost {
   private:
     struct Parts;
     std::filesystem::path nativeFolder_;
+    std::string startFolder_;
     std::unique_ptr<NativeMachine> machine_;
     std::unique_ptr<FaultyFiles> faultyFiles_;
     std::unique_ptr<Parts> parts_;

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <array>
 #include <cstdlib>
 #include <string_view>
@@ -34,6 +36,20 @@ bool hasDisplay() {
     for (const char* const name : names)
         if (!valueOf(name).empty()) return true;
     return false;
+}
+
+bool isTerminal(Stream stream) {
+    constexpr std::array numbers = {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO};
+    return ::isatty(numbers[static_cast<std::size_t>(stream)]) != 0;
+}
+
+std::string argumentText(int argc, char** argv) {
+    std::string text;
+    for (int i = 1; i < argc; ++i) {
+        if (i > 1) text += ' ';
+        text += argv[i];
+    }
+    return text;
 }
 
 }  // namespace tul

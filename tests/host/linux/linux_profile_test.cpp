@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "temporary_folder.h"
+#include "host/linux/temporary_folder.h"
 
 namespace tul {
 namespace {

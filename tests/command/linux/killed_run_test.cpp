@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "samples/many.h"
-#include "support/installation.h"
+#include "support/linux/installation.h"
 
 extern char** environ;
 

@@ -4,7 +4,7 @@
 
 #include "host/linux/linux_files.h"
 #include "host/linux/linux_platform.h"
-#include "temporary_folder.h"
+#include "host/linux/temporary_folder.h"
 
 namespace tul {
 namespace {

@@ -8,7 +8,7 @@
 #include <csignal>
 #include <thread>
 
-#include "temporary_folder.h"
+#include "host/linux/temporary_folder.h"
 
 namespace tul {
 namespace {

@@ -27,7 +27,7 @@ class FirstUseSeries : public HostTest {
 
     void make(std::initializer_list<const char*> names) {
         for (const fs::path name : names) {
-            host.makeFolder(name.parent_path());
+            host.makeFolder(name.parent_path().string());
             host.write(name.string(), "x");
         }
     }

@@ -78,6 +78,7 @@ class MemoryHost : public Files,
     std::string inputBox(const std::string&, const std::string& text) override { return text; }
     bool showsTextItself() const override { return true; }
     void showText(const std::string&) override {}
+    void showGuide(const std::string&) override {}
     void openPanel(const std::string&) override {}
     std::string frontCaption() const override { return {}; }
     void setPanelVisible(bool) override {}

@@ -44,7 +44,7 @@ FolderWindow::FolderWindow(const std::string& prompt, const std::string& folder)
     heading.setBold(true);
     form_->lblFolderPrompt->setFont(heading);
     connectControls();
-    open(folder);
+    openFolder(folder);
     form_->lstFolders->setFocus();
     const QFontMetrics metrics(font());
     form_->txtFolder->setMinimumWidth(metrics.averageCharWidth() * columns / 2);
@@ -57,7 +57,7 @@ void FolderWindow::connectControls() {
     connect(form_->txtFolder, &QLineEdit::editingFinished, this, [this] { openTyped(); });
     connect(form_->cmdFolderUp, &QPushButton::clicked, this, [this] { openAbove(); });
     connect(form_->cmdFolderBrowse, &QPushButton::clicked, this, [this] {
-        if (const auto folder = browsedFolder(*this, folder_)) open(*folder);
+        if (const auto folder = browsedFolder(*this, folder_)) openFolder(*folder);
     });
     connect(form_->lstFolders, &QListWidget::itemSelectionChanged, this, [this] { takeCurrent(); });
     connect(form_->lstFolders, &QListWidget::itemDoubleClicked, this, [this] { openCurrent(); });
@@ -67,7 +67,7 @@ void FolderWindow::connectControls() {
     form_->lstFolders->installEventFilter(this);
 }
 
-void FolderWindow::open(const std::string& folder) {
+void FolderWindow::openFolder(const std::string& folder) {
     const QSignalBlocker quiet(form_->lstFolders);
     listed_ = folder;
     form_->lstFolders->clear();
@@ -82,18 +82,18 @@ void FolderWindow::open(const std::string& folder) {
 
 void FolderWindow::openAbove() {
     const std::string above = folderAbove(listed_);
-    if (!above.empty()) open(above);
+    if (!above.empty()) openFolder(above);
 }
 
 void FolderWindow::openCurrent() {
-    if (!form_->lstFolders->selectedItems().isEmpty()) open(folder_);
+    if (!form_->lstFolders->selectedItems().isEmpty()) openFolder(folder_);
 }
 
 bool FolderWindow::openTyped() {
     const QString text = form_->txtFolder->text();
     if (text == shown(folder_)) return false;
     if (const auto folder = typedFolder(text))
-        open(*folder);
+        openFolder(*folder);
     else
         showNotice("There is no such folder: " + text);
     return true;

@@ -28,7 +28,7 @@ class FolderWindow : public QDialog {
   private:
     void connectControls();
     /// Lists what lies in a folder, which is the one chosen from now on.
-    void open(const std::string& folder);
+    void openFolder(const std::string& folder);
     void openAbove();
     void openCurrent();
     bool openTyped();

@@ -69,7 +69,7 @@ NamesWindow::NamesWindow(const NamesRequest& request)
     fillTypes();
     choice_.setSuffix(request_.suffix);
     connectControls();
-    open(request_.folder);
+    openFolder(request_.folder);
     form_->lstNames->setFocus();
     const QFontMetrics metrics(font());
     form_->txtNamesFolder->setMinimumWidth(metrics.averageCharWidth() * columns / 2);
@@ -90,9 +90,10 @@ void NamesWindow::fillTypes() {
 
 void NamesWindow::connectControls() {
     connect(form_->txtNamesFolder, &QLineEdit::editingFinished, this, [this] { openTyped(); });
-    connect(form_->cmdNamesUp, &QPushButton::clicked, this, [this] { open(folderAbove(choice_.folder())); });
+    connect(form_->cmdNamesUp, &QPushButton::clicked, this,
+            [this] { openFolder(folderAbove(choice_.folder())); });
     connect(form_->cmdNamesBrowse, &QPushButton::clicked, this, [this] {
-        if (const auto folder = browsedFolder(*this, choice_.folder())) open(*folder);
+        if (const auto folder = browsedFolder(*this, choice_.folder())) openFolder(*folder);
     });
     connect(form_->txtNamesPart, &QLineEdit::textChanged, this,
             [this](const QString& part) { changeList([&] { choice_.setPart(part.toStdString()); }); });
@@ -118,7 +119,7 @@ void NamesWindow::changeList(Change change) {
     showCount();
 }
 
-void NamesWindow::open(const std::string& folder) {
+void NamesWindow::openFolder(const std::string& folder) {
     bool found = false;
     changeList([&] { found = choice_.open(folder); });
     form_->txtNamesFolder->setText(shown(choice_.folder()));
@@ -131,7 +132,7 @@ bool NamesWindow::openTyped() {
     const QString text = form_->txtNamesFolder->text();
     if (text == shown(choice_.folder())) return false;
     if (const auto folder = typedFolder(text))
-        open(*folder);
+        openFolder(*folder);
     else
         showNotice("There is no such folder: " + text);
     return true;

@@ -34,7 +34,7 @@ class NamesWindow : public QDialog {
     /// Changes what the list shows, and selects in it what is chosen.
     template <class Change>
     void changeList(Change change);
-    void open(const std::string& folder);
+    void openFolder(const std::string& folder);
     bool openTyped();
     void selectChosen();
     void takeSelection(const QItemSelection& selected, const QItemSelection& deselected);

@@ -11,6 +11,8 @@ namespace tul {
 namespace {
 
 constexpr DWORD diskQuotaExceeded = 1295;  // which the compiler's headers have no name for
+constexpr int heldAttempts = 20;
+constexpr DWORD heldMilliseconds = 20;
 constexpr DWORD largestPiece = 1U << 30;
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
@@ -34,6 +36,21 @@ FileError writeAll(HANDLE file, std::string_view bytes) {
         bytes.remove_prefix(count);
     }
     return FileError::none;
+}
+
+/// A virus scanner or a service that keeps copies holds a file for a moment just after it was written. What
+/// is held longer is told.
+template <class Operation>
+bool succeedsSoon(Operation operation) {
+    for (int attempts = heldAttempts;; --attempts) {
+        if (operation()) return true;
+        const DWORD error = ::GetLastError();
+        const bool isHeld =
+            error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_ACCESS_DENIED;
+        if (!isHeld || attempts == 0) return false;
+        ::Sleep(heldMilliseconds);
+        ::SetLastError(error);
+    }
 }
 
 }  // namespace
@@ -79,9 +96,13 @@ FileError refusalToRemove(const std::string& path, FileError missing) {
         return FileError::permissionDenied;
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) return FileError::readOnly;
     // Programs that hold a file open are told apart before anything is written.
-    const Handle file(::CreateFileA(path.c_str(), GENERIC_WRITE | DELETE, shareAll, nullptr, OPEN_EXISTING,
+    Handle file;
+    const auto open = [&] {
+        file = Handle(::CreateFileA(path.c_str(), GENERIC_WRITE | DELETE, shareAll, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file ? FileError::none : lastFileError(missing);
+        return static_cast<bool>(file);
+    };
+    return succeedsSoon(open) ? FileError::none : lastFileError(missing);
 }
 
 NewVersion::~NewVersion() {
@@ -102,7 +123,10 @@ FileError NewVersion::begin(const std::string& path) {
         attributes_ = ::GetFileAttributesA(target_.c_str());
     }
     temporary_ = std::string(folderOf(target_)) + '.' + std::string(fileNameOf(target_)) + ".tul-new";
-    return claim();
+    const FileError fault = claim();
+    // What a killed run has copied may have the attributes of its source.
+    if (fault == FileError::none) ::SetFileAttributesA(temporary_.c_str(), FILE_ATTRIBUTE_NORMAL);
+    return fault;
 }
 
 FileError NewVersion::claim() {
@@ -135,20 +159,15 @@ FileError NewVersion::copyFrom(const std::string& path) {
     return FileError::none;
 }
 
-FileError NewVersion::finish() {
-    // Takes over what the system keeps with the name: rights, the short name, the date of creation.
-    if (exists_ && ::ReplaceFileA(target_.c_str(), temporary_.c_str(), nullptr,
-                                  REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0) {
-        owned_ = false;
-        return FileError::none;
-    }
-    return moveIntoPlace(MOVEFILE_REPLACE_EXISTING);
-}
+/// In one step of the file system: `ReplaceFile` would move the old file away first, and a kill between its
+/// steps would leave the name without a file.
+FileError NewVersion::finish() { return moveIntoPlace(MOVEFILE_REPLACE_EXISTING); }
 
 FileError NewVersion::finishAsNew() { return moveIntoPlace(0); }
 
 FileError NewVersion::moveIntoPlace(DWORD flags) {
-    if (::MoveFileExA(temporary_.c_str(), target_.c_str(), flags) == 0) return lastFileError();
+    const auto move = [&] { return ::MoveFileExA(temporary_.c_str(), target_.c_str(), flags) != 0; };
+    if (!succeedsSoon(move)) return lastFileError();
     owned_ = false;
     const DWORD kept = attributes_ & ~static_cast<DWORD>(FILE_ATTRIBUTE_ARCHIVE);
     if (kept != FILE_ATTRIBUTE_NORMAL && kept != 0) ::SetFileAttributesA(target_.c_str(), attributes_);

@@ -12,6 +12,10 @@ namespace {
 
 class WindowsMachine : public NativeMachine {
   public:
+    /// A drive without a medium is a failure of the one operation, not a box of the system's that asks for
+    /// it.
+    WindowsMachine() { ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); }
+
     Host host() override {
         return {.files = &files_,
                 .processes = &processes_,

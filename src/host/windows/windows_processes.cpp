@@ -4,6 +4,7 @@
 // Behind it, as it needs its words.
 #include <shellapi.h>
 
+#include <array>
 #include <cstdlib>
 
 #include "base/text.h"
@@ -24,6 +25,22 @@ bool isPlainFile(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+/// Where an installed program has told the system to find it, as Wordpad has; empty when it has not.
+std::string registeredProgram(const std::string& program) {
+    const std::string key = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\" + program;
+    for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+        std::array<char, 1024> text{};
+        DWORD size = text.size();
+        if (::RegGetValueA(root, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, text.data(), &size) !=
+            ERROR_SUCCESS)
+            continue;
+        std::string path = text.data();
+        std::erase(path, '"');
+        if (isPlainFile(path)) return path;
+    }
+    return {};
+}
+
 /// The whole path of a program; empty when there is none. The folder of the running program is not looked
 /// into, as the system itself would do first: a work folder's own copy comes before all others.
 std::string findProgram(const std::string& program) {
@@ -31,10 +48,11 @@ std::string findProgram(const std::string& program) {
     if (isPlainFile(here)) return here;
     if (fileNameOf(program) != program) return {};
     const char* const searchPath = std::getenv("PATH");
-    return textFrom([&](char* text, DWORD size) {
+    const std::string found = textFrom([&](char* text, DWORD size) {
         return ::SearchPathA(searchPath == nullptr ? "" : searchPath, program.c_str(), ".EXE", size, text,
                              nullptr);
     });
+    return found.empty() ? registeredProgram(program) : found;
 }
 
 /// A word as programs take it for one: in quotes where it needs them, with the quotes inside it marked.
@@ -97,8 +115,9 @@ LaunchResult WindowsProcesses::runAndWait(const Launch& launch) {
     handOnStreams(start);
     PROCESS_INFORMATION created{};
     std::string line = commandLineOf(program, launch);
-    if (::CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                         &created) == 0)
+    // The children show the system's own boxes again, which this program has switched off for itself.
+    if (::CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_DEFAULT_ERROR_MODE, nullptr,
+                         nullptr, &start, &created) == 0)
         return {.failure = startFailure(::GetLastError(), program)};
     const Handle thread(created.hThread);
     const Handle process(created.hProcess);
@@ -113,8 +132,9 @@ bool WindowsProcesses::canFind(const std::string& program) const { return !findP
 LaunchResult WindowsProcesses::openDocument(const std::string& path) {
     const auto result = reinterpret_cast<INT_PTR>(
         ::ShellExecuteA(nullptr, "open", path.c_str(), nullptr, nullptr, SW_SHOWNORMAL));
+    const DWORD error = ::GetLastError();  // the result itself is not of the system's errors
     if (result >= leastSuccess) return {.started = true, .exitCode = 0, .failure = {}};
-    return {.failure = path + " could not be opened: " + errorText(static_cast<DWORD>(result))};
+    return {.failure = path + " could not be opened: " + errorText(error)};
 }
 
 }  // namespace tul

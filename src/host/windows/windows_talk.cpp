@@ -77,11 +77,14 @@ StartersConsole::StartersConsole() {
         if (!hasError) static_cast<void>(std::freopen("CONOUT$", "w", stderr));
     }
     codePageBefore_ = ::GetConsoleOutputCP();
+    inputCodePageBefore_ = ::GetConsoleCP();
     if (codePageBefore_ != 0) ::SetConsoleOutputCP(CP_UTF8);
+    if (inputCodePageBefore_ != 0) ::SetConsoleCP(::GetACP());
 }
 
 StartersConsole::~StartersConsole() {
     if (codePageBefore_ != 0) ::SetConsoleOutputCP(codePageBefore_);
+    if (inputCodePageBefore_ != 0) ::SetConsoleCP(inputCodePageBefore_);
 }
 
 }  // namespace tul

@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QTimer>
-#include <iostream>
 
 #include "centre/start_up.h"
 #include "desktop/desktop_face.h"
@@ -39,7 +38,10 @@ int main(int argc, char** argv) {
     installHost(host);
     freshProcess();
     if (!files().changeFolder(machine->programFolder())) {
-        std::cerr << "The installation folder cannot be entered.\n";
+        MsgBox(
+            "The installation folder cannot be entered. Its path may have a letter that this system has no "
+            "single byte for: move the folder to another place.",
+            Buttons::ok, Icon::critical);
         return 1;
     }
     StartUp();

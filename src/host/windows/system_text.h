@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -40,6 +41,11 @@ std::string textFrom(Query query) {
         if (fits) return text;
     }
 }
+
+/// A text of the system's single-byte calls as its wide ones take it, and back; nothing when a character has
+/// no single byte.
+std::wstring wideText(const std::string& text);
+std::optional<std::string> singleBytes(const std::wstring& text);
 
 /// The system's own words for an error, without a line end.
 std::string errorText(DWORD error);

@@ -100,16 +100,16 @@ std::vector<std::string> WindowsFiles::list(const std::string& folder) const {
     std::vector<std::string> names;
     const std::string whole = wholePath(folder);
     if (whole.empty()) return names;
-    WIN32_FIND_DATAA entry;
-    const HANDLE search = ::FindFirstFileA((whole + (whole.ends_with('\\') ? "*" : "\\*")).c_str(), &entry);
+    WIN32_FIND_DATAW entry;
+    const std::wstring pattern = wideText(whole + (whole.ends_with('\\') ? "*" : "\\*"));
+    const HANDLE search = ::FindFirstFileW(pattern.c_str(), &entry);
     if (search == INVALID_HANDLE_VALUE) return names;
     do {
-        const std::string_view name = entry.cFileName;
         const bool isFile =
             (entry.dwFileAttributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) == 0;
-        // A question mark stands for what has no single byte: no path can name it.
-        if (isFile && name.find('?') == std::string_view::npos) names.emplace_back(name);
-    } while (::FindNextFileA(search, &entry) != 0);
+        // The system would put a near letter for one that has no single byte, and so name another file.
+        if (const auto name = singleBytes(entry.cFileName); isFile && name) names.push_back(*name);
+    } while (::FindNextFileW(search, &entry) != 0);
     ::FindClose(search);
     std::sort(names.begin(), names.end());
     return names;

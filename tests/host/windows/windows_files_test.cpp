@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "base/text.h"
 #include "host/windows/system_text.h"
 #include "support/scripted_host.h"
@@ -65,6 +67,26 @@ TEST_F(WindowsFilesTest, AShortNameLeadsToTheSameFile) {
     EXPECT_EQ(disk.shortName(host.path("none")), host.path("none"));
     const std::string tooLong = host.path(std::string(200, 'x') + ".mus");
     EXPECT_EQ(disk.shortName(tooLong), tooLong);
+}
+
+TEST_F(WindowsFilesTest, ANameWithoutSingleBytesIsNotListedUnderAnother) {
+    host.write("Dvor\xE1k.mus", "1");
+    const std::wstring other = wideText(host.folder()) + L"\\Dvo\x0159\x00E1k.mus";
+    Handle(
+        ::CreateFileW(other.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    EXPECT_EQ(disk.list(host.folder()), std::vector<std::string>{"Dvor\xE1k.mus"});
+}
+
+TEST_F(WindowsFilesTest, WhatHoldsAFileForAMomentIsWaitedFor) {
+    host.write("page.mus", "old");
+    Handle held = openElsewhere("page.mus", FILE_SHARE_READ);
+    std::thread scanner([&held] {
+        ::Sleep(100);
+        held.close();
+    });
+    EXPECT_EQ(disk.replace(host.path("page.mus"), "new"), FileError::none);
+    scanner.join();
+    EXPECT_EQ(host.read("page.mus"), "new");
 }
 
 TEST_F(WindowsFilesTest, AReadOnlyFileStays) {

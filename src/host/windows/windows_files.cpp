@@ -58,8 +58,11 @@ bool isSameFile(const std::string& one, const std::string& other) {
             ::CreateFileA(path.c_str(), 0, shareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
         return file && ::GetFileInformationByHandle(file.get(), &information) != 0;
     };
-    return query(one, a) && query(other, b) && a.dwVolumeSerialNumber == b.dwVolumeSerialNumber &&
-           a.nFileIndexHigh == b.nFileIndexHigh && a.nFileIndexLow == b.nFileIndexLow;
+    if (!query(one, a) || !query(other, b)) return false;
+    // Some network drives number no files.
+    if ((a.nFileIndexHigh | a.nFileIndexLow) == 0) return equalIgnoringCase(wholePath(one), wholePath(other));
+    return a.dwVolumeSerialNumber == b.dwVolumeSerialNumber && a.nFileIndexHigh == b.nFileIndexHigh &&
+           a.nFileIndexLow == b.nFileIndexLow;
 }
 
 bool exists(const std::string& path) { return ::GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }

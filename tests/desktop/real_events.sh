@@ -34,12 +34,7 @@ export DISPLAY
 program=$!
 started+=("$program")
 
-# Waits for a window of this title, and makes it the one that the keys go to.
-window() {
-    id=$(timeout 60 xdotool search --sync --onlyvisible --name "$1" | tail -n 1) || fail "no window $1"
-    xdotool windowfocus --sync "$id"
-}
-press() { xdotool key --clearmodifiers --delay 50 "$@"; }
+. "$(dirname "$0")/../support/user.sh"
 gone() {
     for _ in {1..200}; do xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 || return 0; sleep 0.05; done
     fail "$1 did not close"

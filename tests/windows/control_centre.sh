@@ -4,6 +4,9 @@
 set -euo pipefail
 home=$1 picture=$2
 wine=$(cd "$(dirname "$0")/../.." && pwd)/scripts/wine
+key_delay=80 # Wine takes its time
+settling=1
+. "$(dirname "$0")/../support/user.sh"
 log=$(mktemp)
 started=()
 finish() {
@@ -41,13 +44,6 @@ rm -f TULCNTRL.INI
 program=$!
 started+=("$program")
 
-# Waits for a window of this title, and makes it the one that the keys go to.
-window() {
-    id=$(timeout 60 xdotool search --sync --onlyvisible --name "$1" | tail -n 1) || fail "no window $1"
-    xdotool windowfocus --sync "$id"
-    sleep 1
-}
-press() { xdotool key --clearmodifiers --delay 80 "$@"; }
 
 window "TUL Control Center"
 import -window "$id" "$picture"

@@ -44,7 +44,6 @@ rm -f TULCNTRL.INI
 program=$!
 started+=("$program")
 
-
 window "TUL Control Center"
 import -window "$id" "$picture"
 press alt+t alt+a

@@ -91,11 +91,11 @@ constexpr std::pair<const char*, const char*> slursThinnerThan[] = {
 /// What a panel looks like apart from its tabs.
 void takeStates(PanelWindow& window, Gallery& gallery) {
     if (window.panel().name == "frmValid") {
-        valid::Validation& run = valid::validation;
-        run.control.beginRun();
-        run.lblValidStatus = "File being processed: 3 of 7";
-        run.panValidFloodRun = {.percent = 28, .visible = true};
-        run.panValidFloodFile = {.percent = 64, .visible = true};
+        RunView& run = valid::validation.view;
+        run.control.begin();
+        run.status = "File being processed: 3 of 7";
+        run.overFiles = {.percent = 28, .visible = true};
+        run.inFile = {.percent = 64, .visible = true};
         window.refresh();
         gallery.take(window, "frmValid-run");
         valid::resetValidation();

@@ -136,7 +136,7 @@ void cmdCycle() {
 void cmdLogoBackupStatus() {
     ReadNamesFile();
     Report report(paths.ProgramFolder + "\\TULWORK.PRN");
-    if (!report.open()) endWith("Failed to open " + report.path() + " for output");
+    if (report.open() != FileError::none) endWith("Failed to open " + report.path() + " for output");
     report.line("Backup status . . . . . . . " + dateAndTime());
     report.line("NAMES.TUL path  . . . . . . " + paths.NamesFilePath);
     int total = 0;

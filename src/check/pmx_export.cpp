@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <unordered_map>
 
 #include "base/numbers.h"
 #include "base/text.h"
 #include "centre/names_file.h"
+#include "centre/page_run.h"
 #include "centre/viewing.h"
 #include "check/pmx_numbers.h"
 #include "host/host.h"
@@ -128,9 +130,9 @@ ExportEnd exportItems(const std::string& path, std::string& text) {
         if (isFileList && musReader.MusWordIndex == musReader.MusWordCount) break;
         if (atTrailer() || atShortTrailer()) break;
         if (!exportItem(text)) return ExportEnd::damaged;
-        pmxRun.panPmxFloodFile.percent = musProgress();
+        pmxRun.view.inFile.percent = musProgress();
         yieldToEvents();
-        if (pmxRun.control.cancelled()) return ExportEnd::cancelled;
+        if (pmxRun.view.control.isStopped()) return ExportEnd::cancelled;
     }
     if (isFileList) return ExportEnd::complete;
     MusReadTrailer();
@@ -143,64 +145,79 @@ ExportEnd exportItems(const std::string& path, std::string& text) {
 
 // --- The run
 
-/// How the run goes on behind a file.
-enum class RunStep { nextFile, cancelled, outputRefused };
-
 void tellFault(const std::string& text, FileError fault) {
     MsgBox(joined(text + ", Error code=", static_cast<int>(fault)), Buttons::ok, Icon::exclamation);
 }
 
-void writeHead(Report& report, std::size_t pathWidth) {
+class ExportRun : public ToolRun {
+  public:
+    void writeHead(Report& report) override;
+    PageEnd processPage(const PageInRun& page) override;
+    ReportEnd writeEnd(Report& report, const RunResult& result) override;
+
+  private:
+    const std::size_t pathWidth_ = std::max(selection.LongestName.size(), shortestPathWidth);
+    std::string text_;  // one for all files, so that it has to grow once only
+    bool isRefused_ = false;
+};
+
+void ExportRun::writeHead(Report& report) {
     report.line("PMX File creation " + dateAndTime());
     report.line(" ");
-    report.line(padRight("Input Path", pathWidth) + "  Output Path");
-    report.line(padRight("----------", pathWidth, '-') + "  -----------");
+    report.line(padRight("Input Path", pathWidth_) + "  Output Path");
+    report.line(padRight("----------", pathWidth_, '-') + "  -----------");
 }
+
+bool isPmxFile(const std::string& path) { return upperCase(trimRight(path)).ends_with(pmxSuffix); }
 
 /// The output file is written once, behind the export. So that a refusal of it still comes before everything
 /// else that is to be told, the damage is told behind it.
-RunStep processFile(const std::string& path, std::string& text, Report& report, std::size_t pathWidth) {
-    if (upperCase(trimRight(path)).ends_with(pmxSuffix)) {
+PageEnd ExportRun::processPage(const PageInRun& page) {
+    const std::string& path = page.result.path;
+    if (isPmxFile(path)) {
         MsgBox("Input file to create PMX may not have .PMX suffix", Buttons::ok, Icon::exclamation);
-        return RunStep::nextFile;
+        page.result.reason = "its suffix is .PMX";
+        return PageEnd::next;
     }
     const std::string output = pmxPathOf(path);
-    report.line(padRight(path, pathWidth) + " " + padRight(fileNameOf(output), nameWidth));
-    text.clear();
-    const ExportEnd end = exportFile(path, text);
-    if (const FileError fault = files().replace(output, text); fault != FileError::none) {
+    page.report.line(padRight(path, pathWidth_) + " " + padRight(fileNameOf(output), nameWidth));
+    text_.clear();
+    const ExportEnd end = exportFile(path, text_);
+    if (const FileError fault = files().replace(output, text_); fault != FileError::none) {
         tellFault("Open error on file " + output, fault);
-        return RunStep::outputRefused;
+        page.result.reason = std::string(fileNameOf(output)) + " could not be written";
+        isRefused_ = true;
+        return PageEnd::endRun;
     }
+    page.result.isWritten = true;
+    page.result.isWhole = end != ExportEnd::damaged;
     if (end == ExportEnd::damaged) tellStructuralError();
-    if (pmxRun.control.cancelled()) return RunStep::cancelled;
+    if (pmxRun.view.control.isStopped()) return PageEnd::endRun;
     if (pmxRun.options.chkPMXshow) ViewWithEditor(output);
-    return RunStep::nextFile;
+    page.result.isDone = true;
+    return PageEnd::next;
 }
 
-RunStep processSelection(Report& report, std::size_t pathWidth) {
-    const int count = selection.SelectionCount;
-    std::string text;  // one for all files, so that it has to grow once only
-    for (int i = 1; i <= count; ++i) {
-        pmxRun.lblPmxStatus = "File being processed:" + str(i) + " of" + str(count);
-        pmxRun.panPmxFileName = selection.SelectionNames[i];
-        yieldToEvents();
-        const RunStep step = processFile(selection.SelectionNames[i], text, report, pathWidth);
-        if (step != RunStep::nextFile) return step;
-        pmxRun.panPmxFloodRun.percent = i * 100 / count;
-    }
-    return RunStep::nextFile;
-}
-
-void finishReport(Report& report) {
+ReportEnd ExportRun::writeEnd(Report& report, const RunResult& result) {
+    if (isRefused_) return ReportEnd::keep;
     report.line(" ");
     report.line("Number of files processed: " + plain(selection.SelectionCount));
-    if (pmxRun.control.cancelled()) report.line("(Processing interrupted by user)");
-    if (pmxRun.options.chkPMXreport) {
-        showAndDelete(report);
-    } else {
-        files().remove(report.path());
+    if (result.end == RunEnd::stopped) report.line("(Processing interrupted by user)");
+    return pmxRun.options.chkPMXreport ? ReportEnd::show : ReportEnd::remove;
+}
+
+/// Two pages that have one output file, which the second would write over the first; empty without any.
+std::string sharedOutput(const std::vector<std::string>& pages) {
+    std::unordered_map<std::string, std::string> inputs;
+    for (const std::string& page : pages) {
+        if (isPmxFile(page)) continue;
+        const std::string output = pmxPathOf(page);
+        const auto [known, isNew] = inputs.emplace(upperCase(output), page);
+        if (!isNew && known->second != page)
+            return "These two files have the same output file " + output + ":" + std::string(CrLf) +
+                   known->second + std::string(CrLf) + page;
     }
+    return {};
 }
 
 }  // namespace
@@ -213,7 +230,7 @@ std::string pmxPathOf(const std::string& path) {
 }
 
 ExportEnd exportFile(const std::string& path, std::string& text) {
-    pmxRun.panPmxFloodFile = {.percent = 0, .visible = true};
+    pmxRun.view.inFile = {.percent = 0, .visible = true};
     MusOpen(path, musReader.MusWordCount);
     if (pmxRun.options.chkPMXcomment) {
         appendLine(text, {"* Input file is ", path});
@@ -221,31 +238,24 @@ ExportEnd exportFile(const std::string& path, std::string& text) {
     }
     const ExportEnd end = exportItems(path, text);
     MusClose();
-    pmxRun.panPmxFloodFile = {};
+    pmxRun.view.inFile = {};
     return end;
 }
 
 void cmdPmxRun() {
     ReadNamesFile();
-    const std::size_t pathWidth = std::max(selection.LongestName.size(), shortestPathWidth);
-    Report report(paths.ProgramFolder + "\\TULPMX.PRN");
-    if (const FileError fault = files().replace(report.path(), ""); fault != FileError::none) {
-        tellFault("Open error in FRMPMX.FRM " + report.path(), fault);
-        return;
-    }
-    writeHead(report, pathWidth);
-    pmxRun.control.beginRun();
-    pmxRun.panPmxFloodRun = {.percent = 0, .visible = selection.SelectionCount > 1};
-    const RunStep step = processSelection(report, pathWidth);
-    pmxRun.panPmxFloodRun.visible = false;
-    pmxRun.lblPmxStatus.clear();
-    pmxRun.control.endLoop();
-    if (step == RunStep::outputRefused) {
-        report.close();
-    } else {
-        finishReport(report);
-    }
-    pmxRun.control.endRun();
+    const std::vector<std::string> pages = selectedPages();
+    if (const std::string refusal = sharedOutput(pages); !refusal.empty())
+        return refuseRun("pmx", refusal, Icon::exclamation);
+    ExportRun run;
+    runOverPages(
+        pmxRun.view,
+        {.tool = "pmx",
+         .pages = pages,
+         .report = "TULPMX.PRN",
+         .tellNoReport = [](const std::string& path,
+                            FileError fault) { tellFault("Open error in FRMPMX.FRM " + path, fault); }},
+        run);
 }
 
 }  // namespace tul::pmx

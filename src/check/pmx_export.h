@@ -3,8 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "shared/panel.h"
-#include "shared/run_control.h"
+#include "shared/run_view.h"
 
 /// Writes the items of music files as parameter text, one or two lines an item, for every selected file into
 /// a file of its name with the suffix ".PMX". The music files are not changed.
@@ -18,21 +17,18 @@ struct PmxOptions {
     bool chkPMXreport = true;    // show the report at the end
 };
 
-/// What the panel `frmPmx` shows of a run, what it asks for, and how the run is stopped.
+/// What the panel `frmPmx` asks for, and what it shows of a run.
 struct PmxRun {
     PmxOptions options;
-    RunControl control;
-    Progress panPmxFloodRun;   // over the files; shown only for more than one
-    Progress panPmxFloodFile;  // in the file
-    std::string panPmxFileName;
-    std::string lblPmxStatus;  // which file of how many
+    RunView view;
 };
 extern PmxRun pmxRun;
 
 void resetPmxRun();
 
 /// The run over the selection, which it reads anew: writes the PMX files and the report TULPMX.PRN, shows it
-/// and deletes it. A file that cannot be written ends the run; the report of what was done then stays.
+/// and deletes it. A file that cannot be written ends the run; the report of what was done then stays. Two
+/// pages that would be written into one file are refused before.
 void cmdPmxRun();
 
 enum class ExportEnd { complete, damaged, cancelled };

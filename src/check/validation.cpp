@@ -4,8 +4,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
-#include "centre/start_up.h"
-#include "centre/viewing.h"
+#include "centre/page_run.h"
 #include "check/file_columns.h"
 #include "host/host.h"
 #include "music/mus_reader.h"
@@ -23,7 +22,17 @@ constexpr std::size_t itemsWidth = 5;
 
 std::size_t pathWidth() { return selection.LongestName.size(); }
 
-void writeHead(Report& report) {
+class ValidationRun : public ToolRun {
+  public:
+    void writeHead(Report& report) override;
+    PageEnd processPage(const PageInRun& page) override;
+    ReportEnd writeEnd(Report& report, const RunResult& result) override;
+
+  private:
+    std::int16_t totalItems_ = 0;  // over the files; wraps
+};
+
+void ValidationRun::writeHead(Report& report) {
     const std::size_t blanks = pathWidth() - std::min<std::size_t>(pathWidth(), 4);
     report.line("MUS File validation " + dateAndTime());
     report.line(" ");
@@ -33,42 +42,34 @@ void writeHead(Report& report) {
                 " -------");
 }
 
-void writeTotals(Report& report) {
-    report.line(std::string(43, ' ') + "----");
-    report.line(std::string(42, ' ') + padRight(plain(validation.totalItems), itemsWidth) + ", " +
-                plain(selection.SelectionCount) + " file(s)");
-    if (validation.control.cancelled()) report.line("(Processing interrupted by user)");
-}
-
-/// Checks one file and writes its row. False when the user asked the run to stop.
-bool validateFile(Report& report) {
-    const std::string& path = validation.currentPath;
+PageEnd ValidationRun::processPage(const PageInRun& page) {
+    const std::string& path = page.result.path;
     const auto info = files().info(path);
     const std::string start =
         padRight(fileNameOf(path), nameWidth) + " " + EditDateTime(info) + sizeField(info ? info->length : 0);
     const std::string paddedPath = padRight(path, pathWidth());
+    page.result.isDone = true;
     if (IsFinale(path) == "Finale") {
-        report.line(start + " ---- " + paddedPath + " is a Finale file");
-        return true;
+        page.report.line(start + " ---- " + paddedPath + " is a Finale file");
+        return PageEnd::next;
     }
-    inputValidate(report);
-    if (validation.control.cancelled()) return false;
-    validation.totalItems = wrap16(validation.totalItems + musItem.MusItemNumber);
-    report.line(start + padRight(plain(musItem.MusItemNumber), itemsWidth) + " " + paddedPath + " " +
-                musReader.MusVersionText);
-    return true;
+    inputValidate(page.report);
+    if (validation.view.control.isStopped()) {
+        page.result.isDone = false;
+        return PageEnd::endRun;
+    }
+    totalItems_ = wrap16(totalItems_ + musItem.MusItemNumber);
+    page.report.line(start + padRight(plain(musItem.MusItemNumber), itemsWidth) + " " + paddedPath + " " +
+                     musReader.MusVersionText);
+    return PageEnd::next;
 }
 
-void validateSelection(Report& report) {
-    const int count = selection.SelectionCount;
-    for (int i = 1; i <= count; ++i) {
-        validation.lblValidStatus = "File being processed:" + str(i) + " of" + str(count);
-        validation.currentPath = selection.SelectionNames[i];
-        validation.panValidFileName = validation.currentPath;
-        yieldToEvents();
-        if (!validateFile(report)) return;
-        validation.panValidFloodRun.percent = i * 100 / count;
-    }
+ReportEnd ValidationRun::writeEnd(Report& report, const RunResult& result) {
+    report.line(std::string(43, ' ') + "----");
+    report.line(std::string(42, ' ') + padRight(plain(totalItems_), itemsWidth) + ", " +
+                plain(selection.SelectionCount) + " file(s)");
+    if (result.end == RunEnd::stopped) report.line("(Processing interrupted by user)");
+    return ReportEnd::show;
 }
 
 }  // namespace
@@ -76,21 +77,16 @@ void validateSelection(Report& report) {
 void resetValidation() { validation = {}; }
 
 void cmdValidateRun() {
-    validation.control.beginRun();
-    validation.totalItems = 0;
-    validation.damagedFiles = 0;
-    Report report(paths.ProgramFolder + "\\TULVALID.PRN");
-    if (!report.open())
-        endWith("File " + report.path() + " could not be opened for output. Hit OK to abort.");
-    writeHead(report);
-    validation.panValidFloodRun = {.percent = 0, .visible = selection.SelectionCount > 1};
-    validateSelection(report);
-    validation.panValidFloodRun.visible = false;
-    validation.lblValidStatus.clear();
-    validation.control.endLoop();
-    writeTotals(report);
-    showAndDelete(report);
-    validation.control.endRun();
+    ValidationRun run;
+    runOverPages(validation.view,
+                 {.tool = "valid",
+                  .pages = selectedPages(),
+                  .report = "TULVALID.PRN",
+                  .tellNoReport =
+                      [](const std::string& path, FileError) {
+                          endWith("File " + path + " could not be opened for output. Hit OK to abort.");
+                      }},
+                 run);
 }
 
 }  // namespace tul::valid

@@ -7,6 +7,7 @@
 #include "check/validation.h"
 #include "host/host.h"
 #include "music/mus_reader.h"
+#include "music/pipeline.h"
 #include "shared/function_module.h"
 #include "shared/records.h"
 
@@ -24,26 +25,26 @@ enum class ItemEnd { goOn, stop };
 void inform(const std::string& text) { MsgBox(text, Buttons::ok, Icon::information); }
 
 void informStructure(const std::string& failure, int item) {
-    inform(failure + newLine + joined("Item number: ", item) + newLine + "File: " + validation.currentPath);
+    inform(failure + newLine + joined("Item number: ", item) + newLine + "File: " + currentPath());
 }
 
-void informNoMusFile() { inform("File " + validation.currentPath + " may not be a MUS file."); }
+void informNoMusFile() { inform("File " + currentPath() + " may not be a MUS file."); }
 
 /// A failure behind which nothing can be read: told, and recovery of the items before it offered.
 ItemEnd giveUp(const std::string& failure, bool mayBeNoMusFile) {
-    validation.damaged = true;
+    pipeline.page.isWhole = false;
     MusClose();
     const int item = musItem.MusItemNumber;
     informStructure(failure, item);
     if (mayBeNoMusFile && item == 1) informNoMusFile();
-    RecoverMUS(validation.currentPath, item - 1);
+    RecoverMUS(currentPath(), item - 1);
     return ItemEnd::stop;
 }
 
 /// Asks about something that a sound file may hold but hardly means. True to go on.
 bool askToContinue(const std::string& finding) {
-    return MsgBox(finding + " in file " + validation.currentPath + newLine +
-                      joined("Item = ", musItem.MusItemNumber) + newLine + newLine + "Continue?",
+    return MsgBox(finding + " in file " + currentPath() + newLine + joined("Item = ", musItem.MusItemNumber) +
+                      newLine + newLine + "Continue?",
                   Buttons::yesNo, Icon::question) == Answer::yes;
 }
 
@@ -73,7 +74,7 @@ void readParameterItem(int parameters) {
     if (parameters > Parameters::count) {
         inform("MUS file structure error. Invalid number of parms: " + plain(parameters) + newLine +
                joined("Item number: ", musItem.MusItemNumber - 1) + newLine +
-               joined("Par1=", musItem.MusPar[1]) + newLine + "File: " + validation.currentPath);
+               joined("Par1=", musItem.MusPar[1]) + newLine + "File: " + currentPath());
         inform("Too many parameters in an item. SCORE sometimes does not reject this.");
     }
     const int kept = parameters < Parameters::count ? parameters : Parameters::count;
@@ -105,7 +106,7 @@ ItemEnd validateItem(Report& report) {
     if (musItem.MusWord < lowestItemCode || musItem.MusWord > highestItemCode) {
         // The item goes on being handled, on what a closed file leaves: the words stay as they are, and the
         // index runs on until it passes the word count.
-        validation.damaged = true;
+        pipeline.page.isWhole = false;
         MusClose();
         informStructure("MUS file structure error. Invalid item type: " + plain(musItem.MusWord),
                         musItem.MusItemNumber);
@@ -118,7 +119,7 @@ ItemEnd validateItem(Report& report) {
             return giveUp("MUS file structure error. Text length error (" + plain(*parameters) + ").", true);
         readTextItem(*parameters);
     } else {
-        if (isRefusedByTools(code, *parameters)) validation.damaged = true;
+        if (isRefusedByTools(code, *parameters)) pipeline.page.isWhole = false;
         readParameterItem(*parameters);
     }
     if (!checkMeaning()) {
@@ -126,26 +127,26 @@ ItemEnd validateItem(Report& report) {
         report.line("(Processing discontinued by user)");
         return ItemEnd::stop;
     }
-    validation.panValidFloodFile.percent = musProgress();
+    validation.view.inFile.percent = musProgress();
     yieldToEvents();
-    if (!validation.control.cancelled()) return ItemEnd::goOn;
+    if (!validation.view.control.isStopped()) return ItemEnd::goOn;
     MusClose();
     return ItemEnd::stop;
 }
 
 void tellNoWordCount() {
-    validation.damaged = true;
+    pipeline.page.isWhole = false;
     MusClose();
-    inform("File " + validation.currentPath + " may not be a MUS file. ");
+    inform("File " + currentPath() + " may not be a MUS file. ");
     inform("Wordcount found to be:" + str(musReader.MusWordCount));
-    RecoverMUS(validation.currentPath, musItem.MusItemNumber);
+    RecoverMUS(currentPath(), musItem.MusItemNumber);
 }
 
 void tellBeyondEnd() {
-    validation.damaged = true;
+    pipeline.page.isWhole = false;
     MusClose();
     informStructure("Attempt to read beyond end of file.", musItem.MusItemNumber);
-    RecoverMUS(validation.currentPath, musItem.MusItemNumber);
+    RecoverMUS(currentPath(), musItem.MusItemNumber);
 }
 
 void validateItems(Report& report) {
@@ -165,12 +166,10 @@ void validateItems(Report& report) {
 
 void inputValidate(Report& report) {
     const WaitingPointer pointer;
-    validation.panValidFloodFile = {.percent = 0, .visible = true};
-    validation.damaged = false;
-    MusOpen(validation.currentPath, musReader.MusWordCount);
+    validation.view.inFile = {.percent = 0, .visible = true};
+    MusOpen(currentPath(), musReader.MusWordCount);
     validateItems(report);
-    if (validation.damaged) ++validation.damagedFiles;
-    validation.panValidFloodFile = {};
+    validation.view.inFile = {};
 }
 
 void RecoverMUS(const std::string& path, int items) {

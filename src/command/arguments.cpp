@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "base/numbers.h"
 #include "base/text.h"
 #include "panels/panel_list.h"
 
@@ -17,21 +18,22 @@ std::string panelLines() {
         if (*entry.alias != '\0') name += std::string(", ") + entry.alias;
         text += "  " + padRight(name, 24) + entry.description + "\n";
     }
-    text +=
-        "\nExit status: 0 the run ended, 1 the program ended at a fatal message, 2 wrong usage,\n"
-        "3 validation found a damaged file.";
+    text += "\nExit status:";
+    for (const ExitStatusEntry& entry : exitStatuses())
+        text += "\n  " + padRight(plain(static_cast<int>(entry.status)), 5) + entry.meaning;
     return text;
 }
 
 ParseResult usageError(const std::string& what) {
-    return {.goOn = false, .exitStatus = exitUsage, .text = what + "\nSee: tulcmd --help"};
+    return {.goOn = false, .exitStatus = ExitStatus::usage, .text = what + "\nSee: tulcmd --help"};
 }
 
 /// The parser takes "[a,b]" for a list of two files. A file of such a name is the same file behind "./".
 std::vector<std::string> withPlainBrackets(std::vector<std::string> words) {
     for (std::size_t i = 0; i < words.size(); ++i) {
-        const bool isValue = i > 0 && (words[i - 1] == "--home" || words[i - 1] == "--set" ||
-                                       words[i - 1] == "--press" || words[i - 1] == "--answer");
+        const bool isValue =
+            i > 0 && (words[i - 1] == "--home" || words[i - 1] == "--set" || words[i - 1] == "--press" ||
+                      words[i - 1] == "--answer" || words[i - 1] == "--json");
         if (!isValue && words[i].starts_with('[')) words[i].insert(0, "./");
     }
     return words;
@@ -67,6 +69,8 @@ ParseResult parseArguments(const std::vector<std::string>& words, Arguments& arg
     app.add_flag("--list", arguments.list,
                  "Show the panel's fields and commands with present values and prompts");
     app.add_flag("--verbose", arguments.verbose, "Show the warnings of start-up, too");
+    app.add_option("--json", arguments.json, "Write what became of the runs, page by page, as data")
+        ->type_name("FILE");
     app.add_option("PANEL", arguments.panel, "The panel to run")->type_name("");
     app.add_option("FILE", arguments.files, "The music files to work on; otherwise the present selection")
         ->type_name("");
@@ -78,7 +82,7 @@ ParseResult parseArguments(const std::vector<std::string>& words, Arguments& arg
     } catch (const CLI::CallForHelp&) {
         std::string help = app.help();
         while (help.ends_with('\n')) help.pop_back();
-        return {.goOn = false, .exitStatus = 0, .text = help};
+        return {.goOn = false, .exitStatus = ExitStatus::done, .text = help};
     } catch (const CLI::ParseError& error) {
         return usageError(error.what());
     }

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "shared/exit_status.h"
+
 namespace tul::command {
 
 /// One thing to do on the panel, in the order of the command line.
@@ -22,6 +24,7 @@ struct Arguments {
     RestAnswer restAnswer = RestAnswer::ask;  // to the questions behind them
     bool list = false;
     bool verbose = false;
+    std::string json;  // the file that takes the results of the runs; empty: none
     std::string panel;
     std::vector<std::string> files;
 };
@@ -29,12 +32,9 @@ struct Arguments {
 /// How reading a command line ended: go on, or stop with a text for the user and an exit status.
 struct ParseResult {
     bool goOn = true;
-    int exitStatus = 0;
-    std::string text;
+    ExitStatus exitStatus = ExitStatus::done;
+    std::string text = {};
 };
-
-inline constexpr int exitFatal = 1;
-inline constexpr int exitUsage = 2;
 
 /// Reads the arguments behind the program's name. Help goes on as a text with status 0; wrong usage with a
 /// line that says what and how to see what there is, status 2.

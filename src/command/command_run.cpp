@@ -7,14 +7,15 @@
 #include <set>
 #include <unordered_set>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "base/numbers.h"
 #include "base/text.h"
 #include "centre/names_file.h"
+#include "centre/page_run.h"
 #include "centre/start_up.h"
-#include "music/pipeline.h"
+#include "command/run_json.h"
+#include "host/interrupt.h"
 #include "panels/fresh_process.h"
 #include "panels/panel_list.h"
 #include "shared/letter_case.h"
@@ -28,25 +29,12 @@ namespace {
 /// A refusal to begin: what was wrong, for standard error.
 using Refusal = std::optional<std::string>;
 
-std::string kindName(FieldKind kind) {
-    switch (kind) {
-        case FieldKind::text:
-            return "text";
-        case FieldKind::check:
-            return "check";
-        case FieldKind::option:
-            return "option";
-        case FieldKind::tab:
-            return "tab";
-        case FieldKind::list:
-            return "list";
-        case FieldKind::label:
-            return "label";
-        case FieldKind::progress:
-            return "progress";
-    }
-    return {};
-}
+/// How a call ended, and what is to be told of it.
+struct CallEnd {
+    ExitStatus status = ExitStatus::done;
+    std::string text = {};
+    std::string hint = {};  // how to see what there is
+};
 
 std::string onOneLine(const std::string& text) {
     std::string line;
@@ -65,18 +53,19 @@ constexpr std::size_t kindColumn = 10;
 void listPanel(Panel& panel, std::ostream& out) {
     out << panel.name << " - " << toUtf8(panel.caption) << "\n\nFields:\n";
     for (const Field& field : panel.fields) {
-        out << "  " << padRight(field.name, nameColumn) << padRight(kindName(field.kind), kindColumn)
-            << (field.enabled() && !field.isReadOnly() ? "" : "(read only) ") << onOneLine(field.text())
-            << '\n';
-        if (const std::string prompt = field.prompt(); !prompt.empty())
-            out << std::string(2 + nameColumn + kindColumn, ' ') << onOneLine(prompt) << '\n';
+        out << "  " << padRight(field.name, nameColumn) << padRight(field.kindName(), kindColumn)
+            << (panel.isEnabled(field) && !field.isReadOnly() ? "" : "(read only) ")
+            << onOneLine(field.text()) << '\n';
+        for (const std::string& hint : {field.prompt(), field.choices()})
+            if (!hint.empty())
+                out << std::string(2 + nameColumn + kindColumn, ' ') << onOneLine(hint) << '\n';
     }
     out << "\nCommands:\n";
     for (const Command& command : panel.commands) {
         std::string caption = command.caption();
         std::erase(caption, '&');
         out << "  " << padRight(command.name, nameColumn) << toUtf8(caption)
-            << (command.visible() && command.enabled() ? "" : " (disabled)")
+            << (command.visible() && panel.isEnabled(command) ? "" : " (disabled)")
             << (command.checked() ? " (checked)" : "")
             << (command.name == panel.runCommand ? " (default)" : "") << '\n';
         if (const std::string tip = command.toolTip(); !tip.empty())
@@ -128,7 +117,7 @@ std::string unknownText(const Panel& panel, const Action& action) {
 
 bool anyPanelHas(const Action& action) {
     for (const PanelEntry& entry : panelList())
-        if (Panel panel = entry.make(); has(panel, action)) return true;
+        if (Panel panel = entry.describe(); has(panel, action)) return true;
     return false;
 }
 
@@ -140,19 +129,6 @@ Refusal findUnknown(const Arguments& arguments, Panel& panel) {
         if (action.kind == Action::Kind::press) pressed = true;
     }
     return std::nullopt;
-}
-
-Refusal refusalOf(PanelAnswer answer, const std::string& name, bool mayLackSelection) {
-    switch (answer) {
-        case PanelAnswer::done:
-            return std::nullopt;
-        case PanelAnswer::invalid:
-            return "The value does not fit " + name + ".";
-        case PanelAnswer::unknown:
-        case PanelAnswer::disabled:
-            break;
-    }
-    return name + " is not enabled now" + (mayLackSelection ? ": no music files are selected." : ".");
 }
 
 /// The lists that were brought up since the last look, as a window would show them.
@@ -167,7 +143,7 @@ class ListPrinter {
     void printNew(const Panel& panel) {
         for (const Field& field : panel.fields) {
             if (!isUp(field) || !shown_.insert(field.name).second) continue;
-            const ListBox& list = *std::get<ListBox*>(field.value);
+            const ListBox& list = *std::get<ListKind>(field.kind).value;
             if (!list.title.empty()) out_ << toUtf8(list.title) << "\n\n";
             for (const std::string& entry : list.entries) out_ << toUtf8(entry) << '\n';
         }
@@ -175,8 +151,8 @@ class ListPrinter {
 
   private:
     static bool isUp(const Field& field) {
-        const auto list = std::get_if<ListBox*>(&field.value);
-        return list && (*list)->visible && field.visible();
+        const auto* const list = std::get_if<ListKind>(&field.kind);
+        return list && list->value->visible && field.visible();
     }
 
     std::ostream& out_;
@@ -184,28 +160,53 @@ class ListPrinter {
 };
 
 PanelAnswer fill(Panel& panel, const Action& action) {
-    const bool isPath = panel.field(action.name)->isPath;
-    return panel.set(action.name, isPath ? action.value : toSingleBytes(action.value));
+    const auto* const text = std::get_if<TextKind>(&panel.field(action.name)->kind);
+    return panel.set(action.name, text && text->isPath ? action.value : toSingleBytes(action.value));
 }
 
-Refusal act(const Arguments& arguments, OpenPanels& panels, std::ostream& out) {
+std::string listHintFor(const Panel& panel) {
+    return std::string(findPanel(panel.name)->shortName) + " --list";
+}
+
+CallEnd usageError(const Panel& panel, const std::string& text) {
+    return {ExitStatus::usage, text, listHintFor(panel)};
+}
+
+/// Nothing, or why the action could not be done.
+std::optional<CallEnd> perform(Panel& panel, const Action& action) {
+    if (!has(panel, action)) return usageError(panel, unknownText(panel, action));
+    const bool presses = action.kind == Action::Kind::press;
+    switch (presses ? panel.press(action.name) : fill(panel, action)) {
+        case PanelAnswer::done:
+            return std::nullopt;
+        case PanelAnswer::invalid:
+            return usageError(panel, "The value does not fit " + action.name + ".");
+        case PanelAnswer::unknown:
+        case PanelAnswer::disabled:
+            break;
+    }
+    if (!presses || panel.runCommand.empty() || selection.SelectionValid)
+        return usageError(panel, action.name + " is not enabled now.");
+    noteRefusedRun(findPanel(panel.name)->shortName, "no music files are selected");
+    return CallEnd{ExitStatus::refused, action.name + " is not enabled now: no music files are selected.",
+                   listHintFor(panel)};
+}
+
+std::optional<CallEnd> act(const Arguments& arguments, OpenPanels& panels, std::ostream& out) {
     std::vector<Action> actions = arguments.actions;
     const auto isPress = [](const Action& action) { return action.kind == Action::Kind::press; };
     if (std::none_of(actions.begin(), actions.end(), isPress)) {
         const Panel& panel = panels.front();
-        if (panel.runCommand.empty()) return panel.name + " has no Run command: press one.";
+        if (panel.runCommand.empty())
+            return usageError(panel, panel.name + " has no Run command: press one.");
         actions.push_back({Action::Kind::press, panel.runCommand, {}});
     }
     ListPrinter lists(out);
     lists.markShown(panels.front());
     for (const Action& action : actions) {
-        Panel& panel = panels.front();
-        if (!has(panel, action)) return unknownText(panel, action);
+        if (isInterrupted()) return std::nullopt;
         const std::size_t before = panels.count();
-        const PanelAnswer answer = isPress(action) ? panel.press(action.name) : fill(panel, action);
-        const bool mayLackSelection =
-            isPress(action) && !panel.runCommand.empty() && !selection.SelectionValid;
-        if (Refusal refusal = refusalOf(answer, action.name, mayLackSelection)) return refusal;
+        if (const auto refusal = perform(panels.front(), action)) return refusal;
         panels.dropClosed();
         if (panels.count() > before) lists.markShown(panels.front());
         lists.printNew(panels.front());
@@ -213,10 +214,9 @@ Refusal act(const Arguments& arguments, OpenPanels& panels, std::ostream& out) {
     return std::nullopt;
 }
 
-/// Start-up, the panel, and what is to be done on it. The panel's exit status, or what was wrong.
-std::variant<int, std::string> runPanel(const Arguments& arguments, const PanelEntry& entry,
-                                        const std::vector<std::string>& names, ConsoleFace& consoleFace,
-                                        std::ostream& out) {
+/// Start-up, the panel, and what is to be done on it.
+CallEnd runPanel(const Arguments& arguments, const PanelEntry& entry, const std::vector<std::string>& names,
+                 ConsoleFace& consoleFace, std::ostream& out) {
     // The names file belongs to the process that has claimed the installation. It is written before start-up
     // checks it; but the questions of a first use select files themselves, and throw that selection away.
     const bool mayWrite =
@@ -230,14 +230,56 @@ std::variant<int, std::string> runPanel(const Arguments& arguments, const PanelE
     panels.open(entry);
     if (arguments.list) {
         listPanel(panels.front(), out);
-        return 0;
+        return {};
     }
-    if (const Refusal refusal = act(arguments, panels, out)) return *refusal;
-    return panels.exitStatus();
+    return act(arguments, panels, out).value_or(CallEnd());
 }
 
-std::string listHintFor(const std::string& form) {
-    return std::string(findPanel(form)->shortName) + " --list";
+/// The same to its end, whatever that is.
+CallEnd runToEnd(const Arguments& arguments, const PanelEntry& entry, const std::vector<std::string>& names,
+                 ConsoleFace& consoleFace, std::ostream& out) {
+    try {
+        return runPanel(arguments, entry, names, consoleFace, out);
+    } catch (const ProgramEnd& end) {
+        if (end.status == 0) return {};
+        // The message itself does not always say which page it was.
+        const std::string page = runResults.empty() ? std::string() : runResults.back().brokenAt;
+        return {ExitStatus::fatal,
+                page.empty() ? page : "The run ended at " + page + "; the files before it are done."};
+    } catch (const std::exception& fault) {
+        return {ExitStatus::fatal, std::string("The program ended at a fault of its own: ") + fault.what()};
+    }
+}
+
+/// Of all that happened in a call the gravest counts.
+ExitStatus statusOf(const CallEnd& end) {
+    ExitStatus status = graver(end.status, isInterrupted() ? ExitStatus::stopped : ExitStatus::done);
+    for (const RunResult& run : runResults) status = graver(status, run.exitStatus());
+    return status;
+}
+
+void tell(const CallEnd& end, std::ostream& err) {
+    if (!end.text.empty()) err << toUtf8(end.text) << '\n';
+    if (!end.hint.empty()) err << "See: tulcmd " << end.hint << '\n';
+}
+
+/// What is wrong with the call itself, before anything is done.
+std::optional<CallEnd> findMistake(const Arguments& arguments, const PanelEntry& entry,
+                                   std::vector<std::string>& names, const std::string& programFolder) {
+    Panel panel = entry.describe();
+    if (const Refusal unknown = findUnknown(arguments, panel)) return usageError(panel, *unknown);
+    const auto refuse = [](const std::string& text) { return CallEnd{ExitStatus::usage, text, "--help"}; };
+    if (const Refusal refusal = takeFiles(arguments.files, names)) return refuse(*refusal);
+    const auto home = arguments.home.empty() ? programFolder : files().fromNative(arguments.home);
+    if (!home || !files().changeFolder(*home)) return refuse("There is no folder " + arguments.home + ".");
+    return std::nullopt;
+}
+
+/// False where a file for the results was asked for and cannot be written.
+bool writeJson(const std::string& nativePath, ExitStatus status) {
+    if (nativePath.empty()) return true;
+    const auto path = files().fromNative(nativePath);
+    return path && files().replace(*path, jsonOf(runResults, status)) == FileError::none;
 }
 
 }  // namespace
@@ -245,43 +287,28 @@ std::string listHintFor(const std::string& form) {
 int runCommand(const Arguments& arguments, Host machine, const std::string& programFolder,
                const Console& console) {
     const PanelEntry& entry = *findPanel(arguments.panel);
-    const auto refuse = [&](const std::string& what, const std::string& hint) {
-        console.err << toUtf8(what) << "\nSee: tulcmd " << hint << '\n';
-        return exitUsage;
-    };
     ConsoleFace consoleFace(console, arguments);
     machine.face = &consoleFace;
     installHost(machine);
     freshProcess();
 
-    Panel unloaded = entry.make();
-    if (const Refusal unknown = findUnknown(arguments, unloaded))
-        return refuse(*unknown, listHintFor(unloaded.name));
     std::vector<std::string> names;
-    if (const Refusal refusal = takeFiles(arguments.files, names)) return refuse(*refusal, "--help");
-    const auto home = arguments.home.empty() ? programFolder : files().fromNative(arguments.home);
-    if (!home || !files().changeFolder(*home))
-        return refuse("There is no folder " + arguments.home + ".", "--help");
-
-    int status = 0;
-    try {
-        const auto outcome = runPanel(arguments, entry, names, consoleFace, console.out);
-        if (const auto refusal = std::get_if<std::string>(&outcome))
-            return refuse(*refusal, listHintFor(consoleFace.panels().front().name));
-        status = std::get<int>(outcome);
-    } catch (const ProgramEnd& end) {
-        status = end.status;
-        // The message itself does not always say which page it was.
-        if (status == exitFatal && !pipeline.currentPath.empty())
-            console.err << "The run ended at " << toUtf8(pipeline.currentPath)
-                        << "; the files before it are done.\n";
-    } catch (const std::exception& fault) {
-        console.err << "The program ended at a fault of its own: " << fault.what() << '\n';
-        return exitFatal;
+    if (const auto mistake = findMistake(arguments, entry, names, programFolder)) {
+        tell(*mistake, console.err);
+        return static_cast<int>(mistake->status);
     }
-    if (console.out.flush()) return status;
-    console.err << "Standard output could not be written.\n";
-    return exitFatal;
+    const CallEnd end = runToEnd(arguments, entry, names, consoleFace, console.out);
+    tell(end, console.err);
+    ExitStatus status = statusOf(end);
+    if (!console.out.flush()) {
+        console.err << "Standard output could not be written.\n";
+        status = graver(status, ExitStatus::fatal);
+    }
+    if (!writeJson(arguments.json, status)) {
+        console.err << "The file " << arguments.json << " could not be written.\n";
+        status = graver(status, ExitStatus::notAllDone);
+    }
+    return static_cast<int>(status);
 }
 
 }  // namespace tul::command

@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
+#include "host/interrupt.h"
 #include "panels/panel_list.h"
 
 namespace tul::command {
@@ -82,7 +83,7 @@ Answer ConsoleFace::ask(const Message& message) {
         chosen = &choices.front();
     } else if (restAnswer_ == RestAnswer::no) {
         if (const Choice* no = findChoice(choices, "No")) chosen = no;
-    } else if (console_.canAsk) {
+    } else if (mayAskTerminal()) {
         const Choice* found = nullptr;
         while (!found && console_.in) found = findChoice(choices, askTerminal("[" + namesOf(choices) + "] "));
         if (found) chosen = found;
@@ -99,7 +100,7 @@ std::string ConsoleFace::inputBox(const std::string& prompt, const std::string& 
         if (equalIgnoringCase(text, "Cancel")) text.clear();
     } else if (restAnswer_ == RestAnswer::yes) {
         text = defaultText;
-    } else if (restAnswer_ == RestAnswer::ask && console_.canAsk) {
+    } else if (restAnswer_ == RestAnswer::ask && mayAskTerminal()) {
         text = askTerminal("[" + toUtf8(defaultText) + "] ");
         if (text.empty() && console_.in) text = defaultText;
     }
@@ -138,7 +139,7 @@ void ConsoleFace::openPanel(const std::string& name) {
     Panel panel = entry.make();
     console_.out << toUtf8(panel.caption) << "\n\n";
     for (const Field& field : panel.fields)
-        if (field.kind == FieldKind::list) writeLines(console_.out, field.text());
+        if (std::holds_alternative<ListKind>(field.kind)) writeLines(console_.out, field.text());
     panel.press("mnuReturn");
 }
 
@@ -150,8 +151,8 @@ void ConsoleFace::yield() {
     if (!console_.showsProgress || panels_.count() == 0) return;
     std::string line;
     for (const Field& field : panels_.front().fields)
-        if (const auto progress = std::get_if<Progress*>(&field.value); progress && (*progress)->visible)
-            line += padRight(plain((*progress)->percent) + " %", 7);
+        if (const auto* const bar = std::get_if<ProgressKind>(&field.kind); bar && bar->value->visible)
+            line += padRight(bar->text() + " %", 7);
     if (line.empty()) return;
     console_.err << '\r' << line << std::flush;
     progressShown_ = true;
@@ -178,6 +179,9 @@ std::string ConsoleFace::nextQueued() {
     answers_.pop_front();
     return text;
 }
+
+/// An interrupt has answered all questions that may still come, with a refusal.
+bool ConsoleFace::mayAskTerminal() const { return console_.canAsk && !isInterrupted(); }
 
 std::string ConsoleFace::askTerminal(const std::string& hint) {
     console_.err << hint << std::flush;

@@ -53,6 +53,7 @@ class ConsoleFace : public Face {
     void tellAnswer(const std::string& answer);
     Answer ask(const Message& message);
     std::string nextQueued();
+    bool mayAskTerminal() const;
     std::string askTerminal(const std::string& hint);
     void clearProgress();
 

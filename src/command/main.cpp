@@ -5,6 +5,7 @@
 #include "command/arguments.h"
 #include "command/command_run.h"
 #include "host/host.h"
+#include "host/interrupt.h"
 #include "host/talk.h"
 
 int main(int argc, char** argv) {
@@ -14,10 +15,11 @@ int main(int argc, char** argv) {
     Arguments arguments;
     const ParseResult parsed = parseArguments(std::vector<std::string>(argv + 1, argv + argc), arguments);
     if (!parsed.goOn) {
-        (parsed.exitStatus == 0 ? std::cout : std::cerr) << parsed.text << '\n';
-        return parsed.exitStatus;
+        (parsed.exitStatus == ExitStatus::done ? std::cout : std::cerr) << parsed.text << '\n';
+        return static_cast<int>(parsed.exitStatus);
     }
     setTalkOfChildren(Talk::terminal);
+    watchForInterrupts();
     const auto machine = openNativeMachine();
     const Console console{.out = std::cout,
                           .err = std::cerr,

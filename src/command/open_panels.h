@@ -20,12 +20,9 @@ class OpenPanels {
     std::size_t count() const { return panels_.size(); }
     Panel& front() { return panels_.back(); }
     const Panel& front() const { return panels_.back(); }
-    /// The highest of all panels that the run has used.
-    int exitStatus() const;
 
   private:
     std::deque<Panel> panels_;
-    int statusOfClosed_ = 0;
 };
 
 }  // namespace tul::command

@@ -65,6 +65,13 @@ QList<QWidget*> withItsLabel(QWidget& form, QWidget& widget) {
     return widgets;
 }
 
+/// A list or a bar may not be wanted now.
+bool isUp(const Field& field) {
+    if (const auto* const list = std::get_if<ListKind>(&field.kind)) return list->value->visible;
+    if (const auto* const bar = std::get_if<ProgressKind>(&field.kind)) return bar->value->visible;
+    return true;
+}
+
 /// A disabled control is no background, although clicks fall through it.
 bool isBackground(const QWidget& widget, const QMouseEvent& event) {
     const QWidget* const child = widget.childAt(event.position().toPoint());
@@ -77,6 +84,9 @@ Binder::Binder(QWidget& form, Panel& panel, Act act) : form_(form), panel_(panel
     for (Field& field : panel_.fields) bindField(field);
     for (Command& command : panel_.commands) bindCommand(command);
     findUnknownControls();
+    if (!panel_.takeFiles) return;
+    form_.setAcceptDrops(true);
+    form_.installEventFilter(this);
 }
 
 void Binder::refresh() {
@@ -93,53 +103,64 @@ void Binder::press(const std::string& command) {
 }
 
 void Binder::bindField(Field& field) {
-    if (field.kind == FieldKind::option && std::holds_alternative<int*>(field.value)) return bindRow(field);
+    if (const auto* const row = std::get_if<RowKind>(&field.kind)) return bindRow(field, *row);
     QWidget* const widget = named<QWidget>(form_, QString::fromStdString(field.name));
     if (!widget) {
         mismatches_ << "the form has no " + QString::fromStdString(field.name);
         return;
     }
     bound_ << widget->objectName();
-    refreshers_.push_back([&field, widget, together = withItsLabel(form_, *widget)] {
-        const auto list = std::get_if<ListBox*>(&field.value);
-        const auto progress = std::get_if<Progress*>(&field.value);
-        const bool isUp = (!list || (*list)->visible) && (!progress || (*progress)->visible);
+    refreshers_.push_back([this, &field, widget, together = withItsLabel(form_, *widget)] {
         for (QWidget* const each : together) {
-            each->setVisible(field.visible() && isUp);
+            each->setVisible(field.visible() && isUp(field));
             // A frame's caption says nothing about what is in it.
-            if (!qobject_cast<QGroupBox*>(each)) each->setEnabled(field.enabled());
+            if (!qobject_cast<QGroupBox*>(each)) each->setEnabled(panel_.isEnabled(field));
         }
         // The tip of a tab strip is that of its tabs: what is on a page would show it as its own.
         auto* const tabs = qobject_cast<QTabWidget*>(widget);
         if (const std::string tip = field.toolTip(); !tip.empty())
             (tabs ? tabs->tabBar() : widget)->setToolTip(shown(tip));
     });
-    switch (field.kind) {
-        case FieldKind::check:
-        case FieldKind::option:
-            if (auto* const button = qobject_cast<QAbstractButton*>(widget)) return bindFlag(field, *button);
-            break;
-        case FieldKind::tab:
-            return bindTab(field, *widget);
-        case FieldKind::list:
-            return bindList(field, *widget);
-        case FieldKind::progress:
-            for (QWidget* const each : withItsLabel(form_, *widget)) keepSpace(*each);
-            if (auto* const bar = qobject_cast<QProgressBar*>(widget))
-                refreshers_.push_back(
-                    [&field, bar] { bar->setValue(std::get<Progress*>(field.value)->percent); });
-            return;
-        case FieldKind::text:
-        case FieldKind::label:
-            return bindText(field, *widget);
-    }
-    mismatches_ << widget->objectName() + " is of another kind in the form";
+    std::visit([&](const auto& kind) { bind(field, kind, *widget); }, field.kind);
+}
+
+void Binder::bind(Field& field, const CheckKind& check, QWidget& widget) {
+    auto* const button = qobject_cast<QAbstractButton*>(&widget);
+    if (!button) return tellOtherKind(widget);
+    bindFlag(field, *button);
+    refreshers_.push_back([&check, button] { button->setChecked(*check.value); });
+}
+
+void Binder::bind(Field& field, const OptionKind& option, QWidget& widget) {
+    auto* const button = qobject_cast<QAbstractButton*>(&widget);
+    if (!button) return tellOtherKind(widget);
+    bindFlag(field, *button);
+    QButtonGroup*& group = groups_[QString::fromStdString(option.group)];
+    if (!group) group = new QButtonGroup(this);
+    group->addButton(button);
+    refreshers_.push_back([&option, button, group] {
+        if (button->isChecked() == *option.value) return;
+        group->setExclusive(false);  // else the last one could not be switched off
+        button->setChecked(*option.value);
+        group->setExclusive(true);
+    });
+}
+
+void Binder::bind(Field&, const ProgressKind& progress, QWidget& widget) {
+    auto* const bar = qobject_cast<QProgressBar*>(&widget);
+    if (!bar) return tellOtherKind(widget);
+    for (QWidget* const each : withItsLabel(form_, widget)) keepSpace(*each);
+    refreshers_.push_back([&progress, bar] { bar->setValue(progress.value->percent); });
+}
+
+void Binder::tellOtherKind(const QWidget& widget) {
+    mismatches_ << widget.objectName() + " is of another kind in the form";
 }
 
 /// Options in a row, numbered from 0 behind the name: the field has the number of the one that is on.
-void Binder::bindRow(Field& field) {
+void Binder::bindRow(Field& field, const RowKind& row) {
     auto* const group = new QButtonGroup(this);
-    for (int number = 0; number < field.choices; ++number) {
+    for (int number = 0; number < static_cast<int>(row.names.size()); ++number) {
         const QString name = QString::fromStdString(field.name) + '_' + QString::number(number);
         auto* const button = named<QAbstractButton>(form_, name);
         if (!button) {
@@ -150,9 +171,9 @@ void Binder::bindRow(Field& field) {
         group->addButton(button, number);
         connect(button, &QAbstractButton::clicked, this,
                 [this, &field, number] { set(field.name, plain(number)); });
-        refreshers_.push_back([&field, button, number] {
-            button->setEnabled(field.enabled());
-            if (*std::get<int*>(field.value) == number) button->setChecked(true);
+        refreshers_.push_back([this, &field, &row, button, number] {
+            button->setEnabled(panel_.isEnabled(field));
+            if (*row.value == number) button->setChecked(true);
         });
     }
 }
@@ -160,99 +181,93 @@ void Binder::bindRow(Field& field) {
 void Binder::bindFlag(Field& field, QAbstractButton& button) {
     connect(&button, &QAbstractButton::clicked, this,
             [this, &field](bool on) { set(field.name, on ? "1" : "0"); });
-    if (field.kind == FieldKind::option) return bindOption(field, button);
-    refreshers_.push_back([&field, &button] { button.setChecked(*std::get<bool*>(field.value)); });
 }
 
-void Binder::bindOption(const Field& field, QAbstractButton& button) {
-    QButtonGroup*& group = groups_[QString::fromStdString(field.group)];
-    if (!group) group = new QButtonGroup(this);
-    group->addButton(&button);
-    refreshers_.push_back([&field, &button, group] {
-        const bool on = *std::get<bool*>(field.value);
-        if (button.isChecked() == on) return;
-        group->setExclusive(false);  // else the last one could not be switched off
-        button.setChecked(on);
-        group->setExclusive(true);
-    });
-}
-
-void Binder::bindTab(Field& field, QWidget& widget) {
+void Binder::bind(Field& field, const TabKind& tabs, QWidget& widget) {
     auto* const tab = qobject_cast<QTabWidget*>(&widget);
-    if (!tab) {
-        mismatches_ << widget.objectName() + " is no tab strip in the form";
-        return;
-    }
-    if (field.choices != tab->count()) mismatches_ << widget.objectName() + " has other tabs in the form";
+    if (!tab) return tellOtherKind(widget);
+    if (static_cast<int>(tabs.names.size()) != tab->count())
+        mismatches_ << widget.objectName() + " has other tabs in the form";
     connect(tab, &QTabWidget::currentChanged, this,
             [this, &field](int page) { set(field.name, plain(page)); });
-    refreshers_.push_back([&field, tab] {
+    refreshers_.push_back([&tabs, tab] {
         const QSignalBlocker quiet(tab);
-        tab->setCurrentIndex(*std::get<int*>(field.value));
+        tab->setCurrentIndex(*tabs.value);
     });
 }
 
-void Binder::bindText(Field& field, QWidget& widget) {
-    if (auto* const edit = qobject_cast<QLineEdit*>(&widget)) {
-        if (field.isReadOnly() && !field.click) {
-            QPalette flat = edit->palette();
-            flat.setBrush(QPalette::Base, flat.brush(QPalette::Window));
-            edit->setPalette(flat);
-        } else {
-            edit->setCursor(Qt::PointingHandCursor);
-            edit->installEventFilter(this);
-            clicked_[edit] = [this, &field] { act_([this, &field] { panel_.click(field.name); }); };
-        }
-        refreshers_.push_back([&field, edit] {
-            const QString text = shown(field.text());
-            if (edit->text() == text) return;
-            edit->setText(text);
-            edit->setCursorPosition(0);
-            if (field.toolTip().empty()) edit->setToolTip(text);  // it may be longer than the field
-        });
-    } else if (auto* const label = qobject_cast<QLabel*>(&widget)) {
+void Binder::bind(Field& field, const TextKind&, QWidget& widget) {
+    if (auto* const edit = qobject_cast<QLineEdit*>(&widget)) return bindLine(field, *edit);
+    bindLabel(field, widget);
+}
+
+void Binder::bind(Field& field, const LabelKind&, QWidget& widget) {
+    if (auto* const edit = qobject_cast<QLineEdit*>(&widget)) return bindLine(field, *edit);
+    bindLabel(field, widget);
+}
+
+void Binder::bindLine(Field& field, QLineEdit& edit) {
+    if (field.isReadOnly() && !field.click) {
+        QPalette flat = edit.palette();
+        flat.setBrush(QPalette::Base, flat.brush(QPalette::Window));
+        edit.setPalette(flat);
+    } else {
+        edit.setCursor(Qt::PointingHandCursor);
+        edit.installEventFilter(this);
+        clicked_[&edit] = [this, &field] { act_([this, &field] { panel_.click(field.name); }); };
+    }
+    refreshers_.push_back([&field, &edit] {
+        const QString text = shown(field.text());
+        if (edit.text() == text) return;
+        edit.setText(text);
+        edit.setCursorPosition(0);
+        if (field.toolTip().empty()) edit.setToolTip(text);  // it may be longer than the field
+    });
+}
+
+void Binder::bindLabel(Field& field, QWidget& widget) {
+    if (auto* const label = qobject_cast<QLabel*>(&widget)) {
         label->setTextFormat(Qt::PlainText);
         refreshers_.push_back([&field, label] { label->setText(shown(field.text())); });
     } else if (auto* const frame = qobject_cast<QGroupBox*>(&widget)) {
         refreshers_.push_back([&field, frame] { frame->setTitle(asCaption(field.text())); });
     } else {
-        mismatches_ << widget.objectName() + " shows no text in the form";
+        tellOtherKind(widget);
     }
 }
 
-void Binder::bindList(Field& field, QWidget& widget) {
+void Binder::bind(Field& field, const ListKind& kind, QWidget& widget) {
     if (auto* const title = named<QLabel>(form_, widget.objectName() + "Title"))
-        refreshers_.push_back([&field, title] {
-            const ListBox& list = *std::get<ListBox*>(field.value);
-            title->setText(shown(list.title));
-            title->setVisible(field.visible() && list.visible && !list.title.empty());
+        refreshers_.push_back([&field, list = kind.value, title] {
+            title->setText(shown(list->title));
+            title->setVisible(field.visible() && list->visible && !list->title.empty());
         });
     if (auto* const list = qobject_cast<QListWidget*>(&widget)) {
-        bindListWidget(field, *list);
+        bindListWidget(field, kind, *list);
     } else if (auto* const choice = qobject_cast<QComboBox*>(&widget)) {
-        bindChoice(field, *choice);
+        bindChoice(field, kind, *choice);
     } else if (auto* const page = qobject_cast<QPlainTextEdit*>(&widget)) {
-        refreshers_.push_back([&field, page, last = std::string()]() mutable {
-            if (std::string text = field.text(); text != last) {
+        refreshers_.push_back([&kind, page, last = std::string()]() mutable {
+            if (std::string text = kind.text(); text != last) {
                 page->setPlainText(shown(text));
                 last = std::move(text);
             }
         });
     } else {
-        mismatches_ << widget.objectName() + " is no list in the form";
+        tellOtherKind(widget);
     }
 }
 
-void Binder::bindListWidget(Field& field, QListWidget& list) {
-    refreshers_.push_back([&field, &list, last = std::vector<std::string>()]() mutable {
-        const auto& entries = std::get<ListBox*>(field.value)->entries;
+void Binder::bindListWidget(Field& field, const ListKind& kind, QListWidget& list) {
+    refreshers_.push_back([&kind, &list, last = std::vector<std::string>()]() mutable {
+        const auto& entries = kind.value->entries;
         if (entries == last) return;
         last = entries;
         list.clear();
         for (const std::string& entry : entries) list.addItem(shown(entry));
         list.setCurrentRow(0);
     });
-    if (!field.accept) return;
+    if (!kind.choose) return;
     refreshers_.push_back([&list, wasHidden = false]() mutable {
         if (wasHidden && !list.isHidden()) list.setFocus();
         wasHidden = list.isHidden();
@@ -264,13 +279,12 @@ void Binder::bindListWidget(Field& field, QListWidget& list) {
 }
 
 /// A list that drops down: it always shows the entry that is chosen.
-void Binder::bindChoice(Field& field, QComboBox& choice) {
-    for (const std::string& entry : std::get<ListBox*>(field.value)->entries) choice.addItem(shown(entry));
-    connect(&choice, &QComboBox::activated, this, [this, &field](int row) {
-        set(field.name, std::get<ListBox*>(field.value)->entries[static_cast<std::size_t>(row)]);
-    });
-    refreshers_.push_back(
-        [&field, &choice] { choice.setCurrentIndex(std::get<ListBox*>(field.value)->selected); });
+void Binder::bindChoice(Field& field, const ListKind& kind, QComboBox& choice) {
+    const ListBox& list = *kind.value;
+    for (const std::string& entry : list.entries) choice.addItem(shown(entry));
+    connect(&choice, &QComboBox::activated, this,
+            [this, &field, &list](int row) { set(field.name, list.entries[static_cast<std::size_t>(row)]); });
+    refreshers_.push_back([&list, &choice] { choice.setCurrentIndex(list.selected); });
 }
 
 void Binder::bindCommand(Command& command) {
@@ -293,9 +307,9 @@ void Binder::bindCommand(Command& command) {
     } else if (auto* const entry = named<QAction>(form_, name)) {
         bound_ << name;
         connect(entry, &QAction::triggered, this, [this, &command] { press(command.name); });
-        refreshers_.push_back([&command, entry] {
+        refreshers_.push_back([this, &command, entry] {
             entry->setText(shown(command.caption()));
-            entry->setEnabled(command.enabled());
+            entry->setEnabled(panel_.isEnabled(command));
             entry->setVisible(command.visible());
             if (entry->isCheckable()) entry->setChecked(command.checked());
         });
@@ -307,21 +321,14 @@ void Binder::bindCommand(Command& command) {
 void Binder::bindButton(Command& command, QAbstractButton& button) {
     connect(&button, &QAbstractButton::clicked, this, [this, &command] { press(command.name); });
     refreshers_.push_back(
-        [&command, &button, formText = button.text(), together = withItsLabel(form_, button)] {
+        [this, &command, &button, formText = button.text(), together = withItsLabel(form_, button)] {
             button.setText(captionOf(command.caption(), formText, together.size() > 1));
             for (QWidget* const each : together) {
-                each->setEnabled(command.enabled());
+                each->setEnabled(panel_.isEnabled(command));
                 each->setVisible(command.visible());
             }
             button.setToolTip(shown(command.toolTip()));
         });
-    if (command.drop) bindDrop(command, button);
-}
-
-void Binder::bindDrop(Command& command, QWidget& widget) {
-    widget.setAcceptDrops(true);
-    widget.installEventFilter(this);
-    takesFiles_[&widget] = &command;
 }
 
 /// A menu none of whose entries can be chosen is disabled itself.
@@ -345,7 +352,7 @@ void Binder::findUnknownControls() {
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
-    if (takesFiles_.contains(watched)) return handleDrop(*static_cast<QWidget*>(watched), *event);
+    if (watched == &form_ && panel_.takeFiles && handleDrop(*event)) return true;
     if (const auto field = chooses_.constFind(watched); field != chooses_.constEnd()) {
         auto* list = qobject_cast<QListWidget*>(watched);
         if (!list) list = qobject_cast<QListWidget*>(watched->parent());
@@ -396,40 +403,41 @@ bool Binder::handleList(QListWidget& list, const QEvent& event) {
     } else {
         return false;
     }
-    const auto& entries = std::get<ListBox*>(panel_.field(field)->value)->entries;
+    const auto& entries = std::get<ListKind>(panel_.field(field)->kind).value->entries;
     set(field, chosen ? entries[static_cast<std::size_t>(list.row(chosen))] : std::string());
     return true;
 }
 
-bool Binder::handleDrop(QWidget& widget, QEvent& event) {
-    auto* const button = qobject_cast<QAbstractButton*>(&widget);
-    Command& command = *takesFiles_.value(&widget);
-    const auto markTarget = [button](bool on) {
-        if (button) button->setDown(on);
-    };
+/// The select button shows that the files are taken, wherever on the window they are let go.
+void Binder::markDrop(bool on) {
+    static const QRegularExpression selects("^cmd.*Select$");
+    for (QAbstractButton* const button : form_.findChildren<QAbstractButton*>(selects)) button->setDown(on);
+}
+
+bool Binder::handleDrop(QEvent& event) {
     switch (event.type()) {
         case QEvent::DragEnter:
         case QEvent::DragMove: {
             auto& drag = static_cast<QDragMoveEvent&>(event);
-            if (!command.enabled() || !holdsFiles(drag.mimeData()->urls())) return false;
+            if (!panel_.canTakeFiles() || !holdsFiles(drag.mimeData()->urls())) return false;
             drag.acceptProposedAction();
-            markTarget(true);
+            markDrop(true);
             return true;
         }
         case QEvent::DragLeave:
-            markTarget(false);
+            markDrop(false);
             return false;
         case QEvent::Drop: {
             auto& drop = static_cast<QDropEvent&>(event);
-            markTarget(false);
+            markDrop(false);
             drop.acceptProposedAction();
             // The program that the files come from waits until this has returned.
             QMetaObject::invokeMethod(
                 this,
-                [this, &command, urls = drop.mimeData()->urls()] {
+                [this, urls = drop.mimeData()->urls()] {
                     act_([&] {
-                        const std::vector<std::string> files = filesOf(urls);
-                        if (command.enabled() && !files.empty()) command.drop(files);
+                        if (const std::vector<std::string> files = filesOf(urls); !files.empty())
+                            panel_.drop(files);
                     });
                 },
                 Qt::QueuedConnection);

@@ -14,6 +14,7 @@ class QAction;
 class QButtonGroup;
 class QComboBox;
 class QEvent;
+class QLineEdit;
 class QListWidget;
 class QWidget;
 
@@ -37,19 +38,27 @@ class Binder : public QObject {
 
   private:
     void bindField(Field& field);
-    void bindRow(Field& field);
-    void bindCommand(Command& command);
-    void bindText(Field& field, QWidget& widget);
+    // One for each kind of field.
+    void bind(Field& field, const TextKind& text, QWidget& widget);
+    void bind(Field& field, const CheckKind& check, QWidget& widget);
+    void bind(Field& field, const OptionKind& option, QWidget& widget);
+    void bind(Field& field, const TabKind& tabs, QWidget& widget);
+    void bind(Field&, const RowKind&, QWidget&) {}  // has several widgets
+    void bind(Field& field, const ListKind& kind, QWidget& widget);
+    void bind(Field& field, const LabelKind& label, QWidget& widget);
+    void bind(Field& field, const ProgressKind& progress, QWidget& widget);
+    void bindRow(Field& field, const RowKind& row);
     void bindFlag(Field& field, QAbstractButton& button);
-    void bindOption(const Field& field, QAbstractButton& button);
-    void bindTab(Field& field, QWidget& widget);
-    void bindList(Field& field, QWidget& widget);
-    void bindListWidget(Field& field, QListWidget& list);
-    void bindChoice(Field& field, QComboBox& choice);
+    void bindLine(Field& field, QLineEdit& edit);
+    void bindLabel(Field& field, QWidget& widget);
+    void bindListWidget(Field& field, const ListKind& kind, QListWidget& list);
+    void bindChoice(Field& field, const ListKind& kind, QComboBox& choice);
+    void bindCommand(Command& command);
     void bindButton(Command& command, QAbstractButton& button);
-    void bindDrop(Command& command, QWidget& widget);
     bool handleList(QListWidget& list, const QEvent& event);
-    bool handleDrop(QWidget& widget, QEvent& event);
+    bool handleDrop(QEvent& event);
+    void markDrop(bool on);
+    void tellOtherKind(const QWidget& widget);
     void disableEmptyMenus();
     void findUnknownControls();
 
@@ -63,7 +72,6 @@ class Binder : public QObject {
     QHash<QObject*, std::function<void()>> clicked_;  // by clicks and keys on widgets that are no buttons
     QHash<QObject*, std::function<void()>> twiceClicked_;
     QHash<QObject*, std::string> chooses_;  // fields of lists with a choice
-    QHash<QObject*, Command*> takesFiles_;
     QHash<QString, QButtonGroup*> groups_;
     QStringList bound_;
     QStringList mismatches_;

@@ -1,13 +1,15 @@
 #pragma once
 
+#include <memory>
 #include <span>
+#include <string>
 #include <vector>
 
+#include "centre/page_run.h"
 #include "shared/panel.h"
-#include "shared/report.h"
 
 /// What the general edit tool is made of: families of edits, one file each. A run applies those of the page
-/// in front. `edit_families.cpp` lists them all.
+/// in front that are chosen. `edit_families.cpp` lists them all.
 namespace tul::edit {
 
 /// Pages of `tabEdit`. The names are those of the items that they work on.
@@ -26,32 +28,41 @@ enum Tab {
     tabLyrics,
     tabFont,
     tabSpecial,
-    tabCount,
+};
+/// Their names on the command line, in this order.
+std::vector<std::string> tabNames();
+
+/// What a family does in a run. The object lives as long as the run does, and what it counts lives in it.
+class FamilyRun {
+  public:
+    virtual ~FamilyRun() = default;
+    /// Changes the items in the table, and counts each change by `countChange`.
+    virtual void updateFile(const PageInRun& page) = 0;
+    /// Its lines behind the last file.
+    virtual void writeCounters(Report& report, const RunResult& result) const = 0;
 };
 
-/// The file that a run is at: its number in the run, from 1, and where its report lines go.
-struct FileOfRun {
-    Report& report;
-    int number;
-};
-
-/// One family of edits. Where a page has several, each looks itself whether it is the one that is chosen.
+/// One family of edits.
 struct Family {
     int tab;
-    /// The controls of its options.
+    /// The controls of its options, and its buttons.
     std::vector<Field> (*fields)();
+    std::vector<Command> (*commands)() = nullptr;
     /// Gives its options their first values.
     void (*reset)();
+    /// True when it is the one that is chosen on its page; null where it is the only one.
+    bool (*isChosen)() = nullptr;
     /// False, and told why, when a run with these options makes no sense.
-    bool (*mayRun)();
-    /// The start of a run: nothing counted, nothing asked yet. May be null.
-    void (*begin)();
-    /// Changes the items in the table. Counts each change in `fileChanges` and in a counter of its own.
-    void (*updateFile)(const FileOfRun& file);
-    /// Its lines behind the last file.
-    void (*writeCounters)(Report& report);
+    bool (*mayRun)() = nullptr;
+    std::unique_ptr<FamilyRun> (*begin)();
 };
 
 std::span<const Family* const> families();
+
+/// For a family's `begin`.
+template <class Run>
+std::unique_ptr<FamilyRun> beginRun() {
+    return std::make_unique<Run>();
+}
 
 }  // namespace tul::edit

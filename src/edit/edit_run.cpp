@@ -1,11 +1,11 @@
 #include "edit/edit_run.h"
 
 #include <algorithm>
-#include <vector>
+#include <utility>
 
+#include "base/numbers.h"
 #include "base/text.h"
 #include "centre/names_file.h"
-#include "centre/viewing.h"
 #include "edit/edit_profile.h"
 #include "shared/function_module.h"
 #include "shared/records.h"
@@ -16,56 +16,75 @@ Edit editing;
 
 namespace {
 
+constexpr const char* toolName = "edit";
 constexpr std::string_view hyphens = "----";
+constexpr ToolForm editForm = {.countsCharacters = true};
 
-std::vector<const Family*> familiesOf(int tab) {
-    std::vector<const Family*> found;
-    for (const Family* family : families())
-        if (family->tab == tab) found.push_back(family);
-    return found;
-}
+class EditRun : public PageUpdateRun {
+  public:
+    EditRun(std::string title, FamilyRuns families)
+        : PageUpdateRun(editForm, editing.chkEditBackup ? Rewrite::always : Rewrite::ifChanged),
+          title_(std::move(title)),
+          families_(std::move(families)) {}
 
-/// The pages that have buttons only: a run reads and writes the files as they are.
-bool hasButtonsOnly(int tab) { return tab == tabFont || tab == tabSpecial; }
+    void writeHead(Report& report) override;
+    ReportEnd writeEnd(Report& report, const RunResult& result) override;
 
-void writeHead(Report& report, const std::string& title) {
+  protected:
+    void updatePage(const PageInRun& page) override {
+        for (const auto& family : families_) family->updateFile(page);
+    }
+
+  private:
+    std::string title_;
+    FamilyRuns families_;
+};
+
+void EditRun::writeHead(Report& report) {
     const std::size_t width = std::max(selection.LongestName.size(), hyphens.size());
-    report.line(title + " " + dateAndTime());
+    report.line(title_ + " " + dateAndTime());
     report.line(" ");
     report.line(padRight("File", width));
     report.line(padRight(hyphens, width, '-'));
 }
 
-void writeIfChanged() {
-    if (editing.chkEditBackup || editing.counters.fileChanges != 0) attempt([] { writeFile(editForm); });
+ReportEnd EditRun::writeEnd(Report& report, const RunResult& result) {
+    editing.view.file.clear();
+    report.line(" ");
+    for (const auto& family : families_) family->writeCounters(report, result);
+    report.line(" ");
+    report.line("Number of files processed: " + plain(selection.SelectionCount));
+    return ReportEnd::show;
 }
 
-void processFile(Report& report, int number, const RunPlan& plan) {
-    editing.counters.fileChanges = 0;
-    report.line(editing.txtEditFile);
-    yieldToEvents();
-    pipeline.currentPath = editing.txtEditFile;
-    attempt([] { storeFile(editForm); });
-    attempt([&] { plan.updateFile({report, number}); });
-    if (isCancelled()) return;
-    writeIfChanged();
-    editing.counters.totalUpdates += editing.counters.fileChanges;
-}
+/// The pages that have buttons only: a run reads and writes the files as they are.
+bool hasButtonsOnly(int tab) { return tab == tabFont || tab == tabSpecial; }
 
-void processSelection(Report& report, const RunPlan& plan) {
-    const int count = selection.SelectionCount;
-    for (int number = 1; number <= count; ++number) {
-        editing.lblEditStatus = "File being processed:" + str(number) + " of" + str(count);
-        editing.txtEditFile = selection.SelectionNames[number];
-        processFile(report, number, plan);
-        if (isCancelled()) break;
+/// The families of a page that are chosen on it. False where there are some, and none of them is.
+bool findChosen(int tab, std::vector<const Family*>& chosen) {
+    bool hasFamilies = false;
+    for (const Family* family : families()) {
+        if (family->tab != tab) continue;
+        hasFamilies = true;
+        if (!family->isChosen || family->isChosen()) chosen.push_back(family);
     }
-    editing.lblEditStatus = Edit().lblEditStatus;
-    editing.txtEditFile.clear();
-    endPipelineRun();
+    return !hasFamilies || !chosen.empty();
+}
+
+/// Why the page in front cannot be run, told where it is not obvious.
+bool mayRun(const std::vector<const Family*>& chosen) {
+    if (chosen.empty() && !hasButtonsOnly(editing.tabEdit))
+        return refuse("This version has no edits for this tab yet. No file was touched.");
+    return std::all_of(chosen.begin(), chosen.end(),
+                       [](const Family* family) { return !family->mayRun || family->mayRun(); });
 }
 
 }  // namespace
+
+std::vector<std::string> tabNames() {
+    return {"clef",   "rest", "staff", "text",  "numbers", "barline", "general",
+            "offset", "slur", "line",  "stems", "lyrics",  "font",    "special"};
+}
 
 void resetEdit() {
     editing = {};
@@ -73,55 +92,38 @@ void resetEdit() {
     for (const Family* family : families()) family->reset();
 }
 
-void runOverSelection(const RunPlan& plan) {
-    editing.control.running = true;
-    editing.counters = {};
+RunResult runFamilies(const std::string& title, FamilyRuns families) {
     ReadNamesFile();
-    Report report(paths.ProgramFolder + "\\TULEDIT.PRN");
-    if (!report.open()) endWith("Failed to open " + report.path() + " for output");
-    writeHead(report, plan.title);
-    beginPipelineRun(editing.chkEditBackup);
-    processSelection(report, plan);
-    report.line(" ");
-    plan.writeCounters(report);
-    report.line(" ");
-    report.line("Number of files processed: " + plain(selection.SelectionCount));
-    reportSuspectFiles(report);
-    showAndDelete(report);
-    editing.control.endRun();
+    EditRun run(title, std::move(families));
+    return runOverPages(editing.view,
+                        {.tool = toolName,
+                         .pages = selectedPages(),
+                         .report = "TULEDIT.PRN",
+                         .tellNoReport = [](const std::string& path,
+                                            FileError) { endWith("Failed to open " + path + " for output"); },
+                         .changesPages = true,
+                         .backup = editing.chkEditBackup,
+                         .idleStatus = Edit().view.status},
+                        run);
 }
 
 void cmdEditRun() {
-    const int tab = editing.tabEdit;
-    if (tab == tabStems) return;
-    const std::vector<const Family*> chosen = familiesOf(tab);
-    if (chosen.empty() && !hasButtonsOnly(tab)) {
-        refuse("This version has no edits for this tab yet. No file was touched.");
-        return;
-    }
-    for (const Family* family : chosen)
-        if (!family->mayRun()) return;
-    for (const Family* family : chosen)
-        if (family->begin) family->begin();
+    std::vector<const Family*> chosen;
+    if (editing.tabEdit == tabStems || !findChosen(editing.tabEdit, chosen) || !mayRun(chosen))
+        return noteRefusedRun(toolName);
     const WaitingPointer pointer;
-    runOverSelection({.title = "TUL Edit run",
-                      .updateFile =
-                          [&](const FileOfRun& file) {
-                              for (const Family* family : chosen) family->updateFile(file);
-                          },
-                      .writeCounters =
-                          [&](Report& report) {
-                              for (const Family* family : chosen) family->writeCounters(report);
-                          }});
+    FamilyRuns runs;
+    for (const Family* family : chosen) runs.push_back(family->begin());
+    runFamilies("TUL Edit run", std::move(runs));
 }
 
-void writeCounter(Report& report, std::string_view label, std::int32_t count, std::string_view behind) {
-    report.line(std::string(label) + formatted(count, "#######0") + std::string(behind));
+void writeCounter(Report& report, std::string_view label, std::int64_t count, std::string_view behind) {
+    report.line(std::string(label) + formatted(static_cast<double>(count), "#######0") + std::string(behind));
 }
 
 bool isConfirmed(const std::string& question) {
     const Answer answer = MsgBox(question, Buttons::yesNoCancel, Icon::question);
-    if (answer == Answer::cancel) cancelRun();
+    if (answer == Answer::cancel) editing.view.control.abandon();
     return answer == Answer::yes;
 }
 
@@ -130,12 +132,6 @@ std::string itemNumberLine(int item) { return "Item number:" + str(item) + std::
 bool refuse(const std::string& text) {
     MsgBox(text, Buttons::ok, Icon::information);
     return false;
-}
-
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
-
-bool isDigitsOnly(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
 }  // namespace tul::edit

@@ -5,7 +5,6 @@
 
 #include "base/print_line.h"
 #include "base/text.h"
-#include "edit/edit_fields.h"
 #include "edit/edit_run.h"
 
 namespace tul::edit {
@@ -115,12 +114,14 @@ bool joinedBy(const std::string& logic, bool left, bool right) {
 
 // --- One file
 
-class GeneralUpdate {
+class GeneralRun : public FamilyRun {
   public:
-    void update(int item, ItemRow& row, Report& report) const;
-    void writeHead(Report& report) const;
+    void updateFile(const PageInRun& page) override;
+    void writeCounters(Report& report, const RunResult& result) const override;
 
   private:
+    void update(int item, ItemRow& row, Report& report) const;
+    void writeHead(Report& report) const;
     bool selects(const ItemRow& row) const;
     bool holdsFirst(const ItemRow& row) const;
     bool holdsJoined(std::size_t number, const ItemRow& row) const;
@@ -137,7 +138,7 @@ class GeneralUpdate {
 };
 
 /// The value alone tells whether something is compared, whatever the parameter is.
-bool GeneralUpdate::holdsFirst(const ItemRow& row) const {
+bool GeneralRun::holdsFirst(const ItemRow& row) const {
     const Condition& first = conditions_[0];
     if (!first.holds(row.pars, margin_)) return false;
     if (first.relation != "=") return true;
@@ -147,27 +148,27 @@ bool GeneralUpdate::holdsFirst(const ItemRow& row) const {
 }
 
 /// Evaluated before any click as well: its result has no effect then.
-bool GeneralUpdate::holdsJoined(std::size_t number, const ItemRow& row) const {
+bool GeneralRun::holdsJoined(std::size_t number, const ItemRow& row) const {
     return !edit_.lstl[number - 1].text.starts_with('-') && conditions_[number].holds(row.pars, margin_);
 }
 
-bool GeneralUpdate::selects(const ItemRow& row) const {
+bool GeneralRun::selects(const ItemRow& row) const {
     const bool first = holdsFirst(row);
     const bool second = holdsJoined(1, row);
     const bool third = holdsJoined(2, row);
     return joinedBy(edit_.lstl[1].text, joinedBy(edit_.lstl[0].text, first, second), third);
 }
 
-void GeneralUpdate::change(ItemRow& row) const {
+void GeneralRun::change(ItemRow& row) const {
     if (setsText_) {
         row.text = edit_.txtv4;
     } else if (changedPar_ != 0) {
         row.pars[changedPar_] = newValue_;
     }
-    ++editing.counters.fileChanges;
+    ++pipeline.page.changes;
 }
 
-void GeneralUpdate::update(int item, ItemRow& row, Report& report) const {
+void GeneralRun::update(int item, ItemRow& row, Report& report) const {
     if (!selects(row)) return;
     if (edit_.optOptionChange) change(row);
     PrintLine line;
@@ -185,7 +186,7 @@ std::string actionLine() {
     return "Text " + edit.txtGeneralEdit + " to " + edit.txtv4;
 }
 
-void GeneralUpdate::writeHead(Report& report) const {
+void GeneralRun::writeHead(Report& report) const {
     const bool changes = edit_.optOptionChange;
     report.line(std::string("TulEdit General for ") + (changes ? "CHANGE" : "REPORT"));
     report.line("Margin: " + formatted(margin_, valuePattern));
@@ -204,19 +205,18 @@ void GeneralUpdate::writeHead(Report& report) const {
 // --- The family
 
 /// A parameter that no item has ends the program. The file that it was found in stays as it was.
-void updateFile(const FileOfRun& file) {
-    const GeneralUpdate general;
-    if (file.number == 1) general.writeHead(file.report);
+void GeneralRun::updateFile(const PageInRun& page) {
+    if (page.number == 1) writeHead(page.report);
     try {
-        forEachItem([&](int item, ItemRow& row) { general.update(item, row, file.report); });
+        forEachItem([&](int item, ItemRow& row) { update(item, row, page.report); });
     } catch (const IndexFault&) {
         endWith("Parameter out of range in the general edit. Items have Par1 to Par20." + std::string(CrLf) +
-                "Not changed: " + editing.txtEditFile);
+                "Not changed: " + page.result.path);
     }
 }
 
-void writeCounters(Report& report) {
-    writeCounter(report, "Number general updates. . . . . . . . . ", editing.counters.totalUpdates);
+void GeneralRun::writeCounters(Report& report, const RunResult& result) const {
+    writeCounter(report, "Number general updates. . . . . . . . . ", result.changes());
 }
 
 // --- Fields
@@ -224,21 +224,13 @@ void writeCounters(Report& report) {
 Field choice(const char* name, ChoiceList& list, const char* what) {
     std::string prompt = what;
     for (const std::string& entry : list.list.entries) prompt += " " + entry;
-    return {.name = name,
-            .kind = FieldKind::list,
-            .value = &list.list,
-            .prompt = prompt,
-            .accept =
-                [&list](const std::string& entry) {
-                    list.choose(entry);
-                    return entry;
-                },
-            .enabled = isIdle};
+    Field field = listField(name, list.list, [&list](const std::string& entry) { list.choose(entry); });
+    field.prompt = prompt;
+    return field;
 }
 
 Field actionField(Field field) {
-    field.visible = [] { return generalEdit.optOptionChange; };
-    return field;
+    return shownIf(std::move(field), [] { return generalEdit.optOptionChange; });
 }
 
 std::vector<Field> fields() {
@@ -274,9 +266,7 @@ const Family generalFamily = {
     .fields = fields,
     .reset = [] { generalEdit = {}; },
     .mayRun = mayRun,
-    .begin = nullptr,
-    .updateFile = updateFile,
-    .writeCounters = writeCounters,
+    .begin = beginRun<GeneralRun>,
 };
 
 ChoiceList relationList() { return {{"=", "<>", "<", "<=", ">", ">="}, -1}; }

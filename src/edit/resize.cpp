@@ -6,13 +6,11 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "centre/names_file.h"
-#include "centre/viewing.h"
+#include "centre/page_run.h"
 #include "edit/resize_checks.h"
 #include "host/host.h"
-#include "music/pipeline.h"
 #include "shared/function_module.h"
 #include "shared/records.h"
-#include "shared/report.h"
 
 namespace tul::resize {
 
@@ -80,7 +78,22 @@ std::string refusalOf(const ResizeOptions& options) {
 
 // --- The run
 
-void writeHead(Report& report) {
+constexpr ToolForm resizForm = {.openFailure = "Open of output MUS file failed. Hit OK to terminate"};
+
+class ResizeRun : public PageUpdateRun {
+  public:
+    ResizeRun() : PageUpdateRun(resizForm, Rewrite::always) {}
+    void writeHead(Report& report) override;
+    ReportEnd writeEnd(Report& report, const RunResult& result) override;
+
+  protected:
+    void updatePage(const PageInRun& page) override;
+
+  private:
+    Counters counters_;
+};
+
+void ResizeRun::writeHead(Report& report) {
     const std::size_t width = std::max(selection.LongestName.size(), shortestPathWidth);
     report.line("TUL Rezise run " + dateAndTime());
     report.line(" ");
@@ -88,52 +101,29 @@ void writeHead(Report& report) {
     report.line(padRight("----", width, '-'));
 }
 
-void processSelection(Report& report) {
-    const int count = selection.SelectionCount;
-    for (int i = 1; i <= count; ++i) {
-        const std::string& path = selection.SelectionNames[i];
-        report.line(path);
-        resizing.lblResizeStatus = "File being processed:" + str(i) + " of" + str(count);
-        yieldToEvents();
-        pipeline.currentPath = path;
-        attempt([] { storeFile(resizForm); });
-        attempt(updateFile);
-        attempt([] { writeFile(resizForm); });
-    }
+void ResizeRun::updatePage(const PageInRun& page) {
+    const std::int64_t before = counters_.all();
+    updateFile(counters_);
+    page.result.changes = counters_.all() - before;
 }
 
-void writeCounters(Report& report) {
+ReportEnd ResizeRun::writeEnd(Report& report, const RunResult&) {
     const auto line = [&](const char* what, std::int32_t count) {
         report.line(what + formatted(count, "#######0"));
     };
-    const Counters& counters = resizing.counters;
     report.line(" ");
-    line("Number of note        sizes changed . . . . ", counters.notes());
-    line("Number of staff       sizes changed . . . . ", counters.staves);
-    line("Number of slur        sizes changed . . . . ", counters.slurs);
-    line("Number of lyrics/text sizes changed . . . . ", counters.texts);
-    line("Number of page number sizes changed . . . . ", counters.pageNumbers);
-    line("Number of symbol      sizes changed . . . . ", counters.symbolSizes);
-    line("Number of symbol      Par4  changed . . . . ", counters.symbolPar4);
-    line("Number of bar number  sizes changed . . . . ", counters.barNumbers);
-    line("Number of placeholders set/reset. . . . . . ", counters.placeholders);
+    line("Number of note        sizes changed . . . . ", counters_.notes());
+    line("Number of staff       sizes changed . . . . ", counters_.staves);
+    line("Number of slur        sizes changed . . . . ", counters_.slurs);
+    line("Number of lyrics/text sizes changed . . . . ", counters_.texts);
+    line("Number of page number sizes changed . . . . ", counters_.pageNumbers);
+    line("Number of symbol      sizes changed . . . . ", counters_.symbolSizes);
+    line("Number of symbol      Par4  changed . . . . ", counters_.symbolPar4);
+    line("Number of bar number  sizes changed . . . . ", counters_.barNumbers);
+    line("Number of placeholders set/reset. . . . . . ", counters_.placeholders);
     report.line(" ");
     report.line("Number of files processed: " + plain(selection.SelectionCount));
-}
-
-void runOverSelection() {
-    resizing.counters = {};
-    ReadNamesFile();
-    Report report(paths.ProgramFolder + "\\TULWORK.PRN");
-    if (!report.open()) endWith("Failed to open " + report.path() + " for output");
-    writeHead(report);
-    beginPipelineRun(resizing.options.chkResizBackup);
-    processSelection(report);
-    resizing.lblResizeStatus.clear();
-    endPipelineRun();
-    writeCounters(report);
-    reportSuspectFiles(report);
-    showAndDelete(report);
+    return ReportEnd::show;
 }
 
 /// A number of the settings as a field shows it, where it fits.
@@ -162,13 +152,19 @@ void fillFromProjectSettings() {
 }
 
 void cmdResizeRun() {
-    if (const std::string refusal = refusalOf(resizing.options); !refusal.empty()) {
-        MsgBox(refusal, Buttons::ok, Icon::information);
-        return;
-    }
-    resizing.control.running = true;
-    runOverSelection();
-    resizing.control.endRun();
+    if (const std::string refusal = refusalOf(resizing.options); !refusal.empty())
+        return refuseRun("resiz", refusal);
+    ReadNamesFile();
+    ResizeRun run;
+    runOverPages(resizing.view,
+                 {.tool = "resiz",
+                  .pages = selectedPages(),
+                  .report = "TULWORK.PRN",
+                  .tellNoReport = [](const std::string& path,
+                                     FileError) { endWith("Failed to open " + path + " for output"); },
+                  .changesPages = true,
+                  .backup = resizing.options.chkResizBackup},
+                 run);
 }
 
 }  // namespace tul::resize

@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <string>
 
-#include "shared/run_control.h"
+#include "shared/run_view.h"
 
 /// Changes sizes in all selected music files: note heads, slurs, staves, symbols, page and bar numbers,
 /// lyrics and texts. It also sets and removes the texts that keep the place of lute notes.
 namespace tul::resize {
 
 /// Pages of `tabResiz`. A run works on the items of the page in front; symbols alone are worked on from any.
-enum Tab { tabNotes, tabSlurs, tabStaves, tabSymbols, tabNumbers, tabTexts, tabPlaceholders, tabCount };
+enum Tab { tabNotes, tabSlurs, tabStaves, tabSymbols, tabNumbers, tabTexts, tabPlaceholders };
 
 /// Sizes and fonts are texts that begin with a number.
 struct ResizeOptions {
@@ -85,14 +85,17 @@ struct Counters {
     std::int32_t placeholders = 0;
 
     std::int32_t notes() const { return mini + small + black + half + whole + blackDiamond + whiteDiamond; }
+    /// Of any kind.
+    std::int64_t all() const {
+        return std::int64_t{notes()} + slurs + staves + texts + pageNumbers + barNumbers + symbolSizes +
+               symbolPar4 + placeholders;
+    }
 };
 
-/// What the panel `frmResiz` asks for and shows. Activity and progress within a file are the pipeline's.
+/// What the panel `frmResiz` asks for, and what it shows of a run.
 struct Resize {
     ResizeOptions options;
-    Counters counters;
-    RunControl control;           // a run cannot be stopped, so its button never says Cancel
-    std::string lblResizeStatus;  // which file of how many
+    RunView view;
 };
 extern Resize resizing;
 
@@ -106,7 +109,7 @@ void fillFromProjectSettings();
 void cmdResizeRun();
 
 /// Changes the items of the table by the options, and counts.
-void updateFile();
+void updateFile(Counters& counters);
 
 /// True for the heads of lute notes, Par 6 from 900 to 912.
 constexpr bool is9xx(float head) { return head >= 900.0F && head <= 912.0F; }

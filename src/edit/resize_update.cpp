@@ -58,12 +58,12 @@ float headOf(float par6) {
     return head >= 10.0F ? head - 10.0F : head;
 }
 
-void resizeNote(ItemRow& row, float newSize) {
+void resizeNote(ItemRow& row, float newSize, Counters& counters) {
     Note note = {headOf(row.pars[6]), std::fabs(integerPart(row.pars[4])), row.pars[15]};
     for (const NoteFilter& filter : noteFilters) {
         if (!(resizing.options.*filter.box) || !filter.matches(note)) continue;
         note.size = newSize;
-        ++(resizing.counters.*filter.counter);
+        ++(counters.*filter.counter);
     }
     row.pars[15] = note.size;
 }
@@ -106,7 +106,7 @@ void storeDescender(const Parameters& note) {
     }
 }
 
-void setPlaceholders(const Parameters& note, std::vector<int>& placeholders) {
+void setPlaceholders(const Parameters& note, std::vector<int>& placeholders, Counters& counters) {
     const float head = note[6];
     float place = note[3] - 0.7F;
     float size = 0.0F;
@@ -121,17 +121,17 @@ void setPlaceholders(const Parameters& note, std::vector<int>& placeholders) {
     }
     const int before = musItemTable.itemCount;
     storePlaceholder(note[2], place, note[4], size);
-    ++resizing.counters.placeholders;
+    ++counters.placeholders;
     if (resizing.options.chkPlaceholderDescenders) storeDescender(note);
     for (int item = before + 1; item <= musItemTable.itemCount; ++item) placeholders.push_back(item);
 }
 
-void resetPlaceholders(const Parameters& note, std::vector<int>& placeholders) {
+void resetPlaceholders(const Parameters& note, std::vector<int>& placeholders, Counters& counters) {
     std::erase_if(placeholders, [&](int item) {
         Parameters& pars = musItemTable[item].pars;
         if (pars[2] != note[2] || !(std::fabs(pars[3] - note[3]) <= placeholderReach)) return false;
         pars[1] = deletedItem;
-        ++resizing.counters.placeholders;
+        ++counters.placeholders;
         return true;
     });
 }
@@ -141,6 +141,7 @@ void resetPlaceholders(const Parameters& note, std::vector<int>& placeholders) {
 /// The fields' numbers, taken out of their texts once a file.
 class FileUpdate {
   public:
+    explicit FileUpdate(Counters& counters) : counters_(counters) {}
     void update(ItemRow& row);
 
   private:
@@ -165,7 +166,7 @@ class FileUpdate {
     };
 
     const ResizeOptions& options_ = resizing.options;
-    Counters& counters_ = resizing.counters;
+    Counters& counters_;
     const float noteSize_ = numberOf(options_.txtResizeNoteSize);
     const float slur_ = numberOf(options_.txtResizeSlur);
     const float staffSize_ = numberOf(options_.txtResizeStaffSize);
@@ -206,10 +207,10 @@ void FileUpdate::update(ItemRow& row) {
 }
 
 void FileUpdate::updateNote(ItemRow& row) {
-    if (options_.tabResiz == tabNotes && options_.anyNotes()) resizeNote(row, noteSize_);
+    if (options_.tabResiz == tabNotes && options_.anyNotes()) resizeNote(row, noteSize_, counters_);
     if (options_.tabResiz != tabPlaceholders || !is9xx(row.pars[6])) return;
-    if (options_.chkPlaceholderSet) setPlaceholders(row.pars, placeholders_);
-    if (options_.chkPlaceholderReset) resetPlaceholders(row.pars, placeholders_);
+    if (options_.chkPlaceholderSet) setPlaceholders(row.pars, placeholders_, counters_);
+    if (options_.chkPlaceholderReset) resetPlaceholders(row.pars, placeholders_, counters_);
 }
 
 void FileUpdate::updateSlur(Parameters& pars) {
@@ -283,10 +284,9 @@ void FileUpdate::updateText(ItemRow& row) {
 
 }  // namespace
 
-void updateFile() {
-    pipeline.activity = "Updating";
-    yieldToEvents();
-    FileUpdate file;
+void updateFile(Counters& counters) {
+    showActivity("Updating");
+    FileUpdate file(counters);
     const int count = musItemTable.itemCount;  // what is appended meanwhile is not visited
     for (int item = 1; item <= count; ++item) file.update(musItemTable[item]);
 }

@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "base/text.h"
-#include "edit/edit_fields.h"
 #include "edit/edit_run.h"
 #include "edit/text_search.h"
 
@@ -17,9 +16,25 @@ const std::string newLine(CrLf);
 constexpr std::size_t prefixLength = 3;
 constexpr std::string_view replaceQuestion = "Replace? (Cancel will stop any further modifying)";
 
-bool deletionAgreed = false;  // to all items of the filter, in this run
+class FontsRun : public FamilyRun {
+  public:
+    void updateFile(const PageInRun&) override;
+    void writeCounters(Report& report, const RunResult& result) const override;
 
-std::string inFile() { return "in file: " + editing.txtEditFile + newLine; }
+  private:
+    void setFont(std::string& text, std::size_t place);
+    void modifyFonts(int item, ItemRow& row);
+    void modifyText(int item, ItemRow& row);
+    void agreeToDeletion();
+    void deleteText(int item, ItemRow& row);
+    void modifyNumber(int item, Parameters& pars);
+
+    std::int32_t modified_ = 0;
+    std::int32_t deleted_ = 0;
+    bool deletionAgreed_ = false;  // to all items of the filter
+};
+
+std::string inFile() { return "in file: " + currentPath() + newLine; }
 
 /// The end of a question, behind what was found.
 std::string behindFound(int item, std::string_view question) {
@@ -30,14 +45,14 @@ std::string behindFound(int item, std::string_view question) {
 
 std::string inputPrefix() { return "_" + textFonts.txtEditFontInput; }
 
-void setFont(std::string& text, std::size_t place) {
+void FontsRun::setFont(std::string& text, std::size_t place) {
     text.replace(place, prefixLength, "_" + textFonts.txtEditFontOutput);
-    countChange(editing.counters.countChanged);
+    countChange(modified_);
 }
 
 /// The first of the fonts is changed, whichever was found: what a No has left behind is changed by the next
 /// Yes.
-void modifyFonts(int item, ItemRow& row) {
+void FontsRun::modifyFonts(int item, ItemRow& row) {
     const std::string font = inputPrefix();
     const bool fits = textFonts.txtModifySize.empty() || valueOf(textFonts.txtModifySize) == row.pars[6];
     for (std::size_t from = 0; (from = row.text.find(font, from)) != std::string::npos;
@@ -52,7 +67,7 @@ void modifyFonts(int item, ItemRow& row) {
     }
 }
 
-void modifyText(int item, ItemRow& row) {
+void FontsRun::modifyText(int item, ItemRow& row) {
     const std::string_view filter = trim(textFonts.txtDelModFilter);
     if (filter.empty()) return modifyFonts(item, row);
     if (row.text == inputPrefix() + std::string(filter)) setFont(row.text, 0);
@@ -60,16 +75,16 @@ void modifyText(int item, ItemRow& row) {
 
 // --- Deletion
 
-void agreeToDeletion() {
-    if (textFonts.txtDelModFilter.empty() || deletionAgreed) return;
+void FontsRun::agreeToDeletion() {
+    if (textFonts.txtDelModFilter.empty() || deletionAgreed_) return;
     const Answer answer = MsgBox("Delete all the items with text '" + textFonts.txtDelModFilter + "'?" +
                                      newLine + "Answering NO will terminate the session.",
                                  Buttons::yesNo, Icon::question);
     if (answer != Answer::yes) endWith("TUL needs to close after selecting NO to this prompt.");
-    deletionAgreed = true;
+    deletionAgreed_ = true;
 }
 
-void deleteText(int item, ItemRow& row) {
+void FontsRun::deleteText(int item, ItemRow& row) {
     agreeToDeletion();
     if (!hasFont(row.text, textFonts.txtEditFontInput)) return;
     if (textSearch.chkEditVerify &&
@@ -79,13 +94,13 @@ void deleteText(int item, ItemRow& row) {
         return;
     if (!row.text.ends_with(textFonts.txtDelModFilter)) return;
     row.pars[1] = deletedItem;
-    countChange(editing.counters.countDeleted);
+    countChange(deleted_);
 }
 
 // --- Numbers
 
 /// A number is asked about even where it will not be changed; a Cancel counts all the same.
-void modifyNumber(int item, Parameters& pars) {
+void FontsRun::modifyNumber(int item, Parameters& pars) {
     constexpr float thousand = 1000.0F;
     constexpr float hundred = 100.0F;
     float font = pars[7];
@@ -99,14 +114,32 @@ void modifyNumber(int item, Parameters& pars) {
         return;
     if (textFonts.optEditDeleteText || !textFonts.chkEditModifyInclude) return;
     pars[7] = valueOf(textFonts.txtEditFontOutput) + (pars[7] - font);
-    countChange(editing.counters.countChanged);
+    countChange(modified_);
 }
 
 // --- The family
 
+void FontsRun::updateFile(const PageInRun&) {
+    forEachItem([this](int item, ItemRow& row) {
+        if (row.pars[1] == 10.0F) modifyNumber(item, row.pars);
+        if (row.pars[1] != 16.0F) return;
+        textFonts.optEditDeleteText ? deleteText(item, row) : modifyText(item, row);
+    });
+}
+
+void FontsRun::writeCounters(Report& report, const RunResult&) const {
+    const TextFonts& fonts = textFonts;
+    if (fonts.optEditDeleteText)
+        return writeCounter(report, "Number of Code16 items deleted  . . . . . . ", deleted_,
+                            " (Font " + fonts.txtEditFontInput + ")");
+    writeCounter(report,
+                 fonts.chkEditModifyInclude ? "Number of Code16/Code10 fonts modified  . . "
+                                            : "Number of Code16 fonts modified . . . . . . ",
+                 modified_, " (Font " + fonts.txtEditFontInput + " to " + fonts.txtEditFontOutput + ")");
+}
+
 bool mayRun() {
     const TextFonts& fonts = textFonts;
-    if (!fonts.optEditDeleteModify) return true;
     if (fonts.optEditDeleteText && fonts.txtEditFontInput.empty())
         return refuse("The input font must be defined for Code16 deletion.");
     if (!fonts.optEditModifyText) return true;
@@ -115,28 +148,6 @@ bool mayRun() {
     if (fonts.txtEditFontInput == fonts.txtEditFontOutput)
         return refuse("Input and output font are equal. Run canceled.");
     return true;
-}
-
-void updateFile(const FileOfRun&) {
-    if (!textFonts.optEditDeleteModify) return;
-    forEachItem([](int item, ItemRow& row) {
-        if (row.pars[1] == 10.0F) modifyNumber(item, row.pars);
-        if (row.pars[1] != 16.0F) return;
-        textFonts.optEditDeleteText ? deleteText(item, row) : modifyText(item, row);
-    });
-}
-
-void writeCounters(Report& report) {
-    const TextFonts& fonts = textFonts;
-    if (!fonts.optEditDeleteModify) return;
-    if (fonts.optEditDeleteText)
-        return writeCounter(report, "Number of Code16 items deleted  . . . . . . ",
-                            editing.counters.countDeleted, " (Font " + fonts.txtEditFontInput + ")");
-    writeCounter(report,
-                 fonts.chkEditModifyInclude ? "Number of Code16/Code10 fonts modified  . . "
-                                            : "Number of Code16 fonts modified . . . . . . ",
-                 editing.counters.countChanged,
-                 " (Font " + fonts.txtEditFontInput + " to " + fonts.txtEditFontOutput + ")");
 }
 
 // --- Fields
@@ -163,10 +174,9 @@ const Family textFontsFamily = {
     .tab = tabText,
     .fields = fields,
     .reset = [] { textFonts = {}; },
+    .isChosen = [] { return textFonts.optEditDeleteModify; },
     .mayRun = mayRun,
-    .begin = [] { deletionAgreed = false; },
-    .updateFile = updateFile,
-    .writeCounters = writeCounters,
+    .begin = beginRun<FontsRun>,
 };
 
 }  // namespace tul::edit

@@ -7,7 +7,6 @@
 
 #include "base/text.h"
 #include "centre/option_checks.h"
-#include "edit/edit_fields.h"
 #include "edit/edit_run.h"
 
 namespace tul::edit {
@@ -67,19 +66,20 @@ bool isTextDelimiter(char character) {
 
 /// Takes the first occurrence out as long as there is one. The occurrence that ends first is the first, so
 /// that one look at each character is enough.
-std::string removeAll(const std::string& text, const std::string& searched) {
+std::string removeAll(const std::string& text, const std::string& searched, std::int32_t& count) {
     std::string kept;
     for (const char character : text) {
         kept += character;
         if (!kept.ends_with(searched)) continue;
         kept.resize(kept.size() - searched.size());
-        countChange(editing.counters.countChanged);
+        countChange(count);
     }
     return kept;
 }
 
 /// A refused occurrence is passed by the length of the replacement, not by its own.
-std::string replaceAll(const std::string& text, const std::string& searched, const std::string& replacement) {
+std::string replaceAll(const std::string& text, const std::string& searched, const std::string& replacement,
+                       std::int32_t& count) {
     std::string replaced;
     std::size_t done = 0;  // so much of the text is in `replaced`
     std::size_t from = 0;
@@ -94,7 +94,7 @@ std::string replaceAll(const std::string& text, const std::string& searched, con
         }
         replaced.append(text, done, hit - done) += replacement;
         done = from = behind;
-        countChange(editing.counters.countChanged);
+        countChange(count);
     }
     return replaced.append(text, done);
 }
@@ -108,23 +108,28 @@ bool isPrefixAlone(std::string_view text) {
     return (text.starts_with("__") && text.size() == 4) || (text.starts_with('_') && text.size() == 3);
 }
 
-/// The search in one file. The reserved words change the replacement, for the items behind them as well.
-class ItemSearch {
+/// The reserved words change the replacement, for the items and files behind them as well.
+class SearchRun : public FamilyRun {
   public:
-    void update(int item, ItemRow& row) const;
+    void updateFile(const PageInRun&) override {
+        forEachItem([this](int item, ItemRow& row) { update(item, row); });
+    }
+    void writeCounters(Report& report, const RunResult& result) const override;
 
   private:
+    void update(int item, ItemRow& row);
     bool passesFilters(const ItemRow& row) const;
-    void replaceWhole(ItemRow& row) const;
+    void replaceWhole(ItemRow& row);
     bool find(ItemRow& row, std::string& searched) const;
-    void replaceIn(ItemRow& row, const std::string& searched) const;
+    void replaceIn(ItemRow& row, const std::string& searched);
 
     const std::string searched_ = withoutDelimiters(textSearch.txtEditSearchString1);
     const float size_ = valueOf(textSearch.txtEditSearchSize);
     const float margin_ = valueOf(textSearch.txtEditSearchMargin);
+    std::int32_t replaces_ = 0;
 };
 
-bool ItemSearch::passesFilters(const ItemRow& row) const {
+bool SearchRun::passesFilters(const ItemRow& row) const {
     if (textSearch.chkEditSearchFont && !hasFont(row.text, textSearch.txtEditSearchFont)) return false;
     if (!textSearch.chkEditSearchSize) return true;
     constexpr float hundred = 100.0F;
@@ -132,14 +137,14 @@ bool ItemSearch::passesFilters(const ItemRow& row) const {
     return std::fabs(size - size_) <= margin_;
 }
 
-void ItemSearch::replaceWhole(ItemRow& row) const {
+void SearchRun::replaceWhole(ItemRow& row) {
     if (row.text != textSearch.txtEditSearchString1) return;
     row.text = textSearch.txtEditSearchString2;
-    countChange(editing.counters.countChanged);
+    countChange(replaces_);
 }
 
 /// True when the item holds what is searched, which a reserved word changes, and the item with it.
-bool ItemSearch::find(ItemRow& row, std::string& searched) const {
+bool SearchRun::find(ItemRow& row, std::string& searched) const {
     const std::string part(searchedPart(row.text));
     searched = searched_;
     if (searched == barreWord && part.starts_with('C')) {
@@ -159,29 +164,36 @@ bool ItemSearch::find(ItemRow& row, std::string& searched) const {
 }
 
 /// The prefix is blanked meanwhile, so that nothing is found in it, and then laid over the text's beginning.
-void ItemSearch::replaceIn(ItemRow& row, const std::string& searched) const {
+void SearchRun::replaceIn(ItemRow& row, const std::string& searched) {
     const std::string replacement = withoutDelimiters(textSearch.txtEditSearchString2);
     std::string& text = row.text;
     const std::string prefix = text.substr(0, prefixLength(text));
     text.replace(0, prefix.size(), prefix.size(), ' ');
-    text = replacement.empty() ? removeAll(text, searched) : replaceAll(text, searched, replacement);
+    text = replacement.empty() ? removeAll(text, searched, replaces_)
+                               : replaceAll(text, searched, replacement, replaces_);
     std::copy_n(prefix.begin(), std::min(prefix.size(), text.size()), text.begin());
     if (!prefix.empty() && isPrefixAlone(text)) row.pars[1] = deletedItem;
 }
 
-void ItemSearch::update(int item, ItemRow& row) const {
+void SearchRun::update(int item, ItemRow& row) {
     if (row.pars[1] != 16.0F || !passesFilters(row)) return;
     if (textSearch.chkSearchReplaceIncludeFont) return replaceWhole(row);
     std::string searched;
     if (!find(row, searched)) return;
     if (textSearch.chkEditVerify &&
         !isConfirmed("Found string: " + searched + newLine + "in text string: " + row.text + newLine +
-                     "in file: " + editing.txtEditFile + newLine + "replace by string: " +
+                     "in file: " + currentPath() + newLine + "replace by string: " +
                      textSearch.txtEditSearchString2 + newLine + itemNumberLine(item) + newLine +
                      "Replace? (Cancel will stop any further search/replace)"))
         return;
     replaceIn(row, searched);
-    ++editing.counters.fileChanges;
+    ++pipeline.page.changes;
+}
+
+void SearchRun::writeCounters(Report& report, const RunResult&) const {
+    writeCounter(report, "Number of replaces . . . . . . ", replaces_,
+                 " (Find string: " + textSearch.txtEditSearchString1 +
+                     " Replace string: " + textSearch.txtEditSearchString2 + ")");
 }
 
 // --- The family
@@ -189,23 +201,10 @@ void ItemSearch::update(int item, ItemRow& row) const {
 bool isEmptyString(const std::string& text) { return text.empty() || text == "\"\"" || text == "''"; }
 
 bool mayRun() {
-    if (!textSearch.optEditSearch) return true;
     if (isEmptyString(textSearch.txtEditSearchString1)) return refuse("No search string defined.");
     if (textSearch.txtEditSearchString1 == textSearch.txtEditSearchString2)
         return refuse("No use running search/replace with equal strings.");
     return true;
-}
-
-void updateFile(const FileOfRun&) {
-    if (!textSearch.optEditSearch) return;
-    forEachItem([search = ItemSearch()](int item, ItemRow& row) { search.update(item, row); });
-}
-
-void writeCounters(Report& report) {
-    if (textSearch.optEditSearch)
-        writeCounter(report, "Number of replaces . . . . . . ", editing.counters.countChanged,
-                     " (Find string: " + textSearch.txtEditSearchString1 +
-                         " Replace string: " + textSearch.txtEditSearchString2 + ")");
 }
 
 // --- Fields
@@ -258,10 +257,9 @@ const Family textSearchFamily = {
     .tab = tabText,
     .fields = fields,
     .reset = [] { textSearch = {}; },
+    .isChosen = [] { return textSearch.optEditSearch; },
     .mayRun = mayRun,
-    .begin = nullptr,
-    .updateFile = updateFile,
-    .writeCounters = writeCounters,
+    .begin = beginRun<SearchRun>,
 };
 
 Field fontField(const char* name, std::string& value) {

@@ -27,6 +27,13 @@ struct FileInfo {
     std::uint64_t length = 0;  // bytes
     DateTime stamp;            // of the last change, local time
     bool folder = false;
+    std::int64_t moment = 0;   // of the last change, in the system's finest unit
+    std::uint64_t number = 0;  // of the file on its disk; 0 where the system numbers none
+
+    /// True for a file that nobody has changed or replaced between the two looks.
+    [[nodiscard]] bool isSameAs(const FileInfo& later) const {
+        return length == later.length && moment == later.moment && number == later.number;
+    }
 };
 
 /// Files and folders by the paths that the installation writes: drive, colon, backslashes. Every operation

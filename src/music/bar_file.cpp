@@ -76,7 +76,7 @@ float markBarlines(const Parameters& staff) {
 void MusStoreBarFile(BarReader reader) {
     musItemTable.itemCount = 0;
     barTexts.clear();
-    MusOpen(pipeline.currentPath, musReader.MusWordCount);
+    MusOpen(currentPath(), musReader.MusWordCount);
     for (;;) {
         MusNextItem();
         if (musReader.MusReadState == musStructuralError) tellStructuralError();

@@ -18,25 +18,25 @@ namespace {
 constexpr std::size_t headerBytes = 2;
 constexpr std::size_t wordBytes = 4;
 
-PageBytes page;  // one for all files, so that it has to grow once only
+PageBytes pageBytes;  // one for all files, so that it has to grow once only
 
 /// What the panel shows for as long as a step takes, however it ends.
 class Activity {
   public:
-    Activity(const ToolForm& form, const char* name) : isShown_(form.showsProgress) {
-        if (!isShown_) return;
-        pipeline.activity = name;
-        pipeline.progress = {.percent = 0, .visible = true};
+    Activity(const ToolForm& form, const char* name) : view_(form.showsProgress ? pipeline.view : nullptr) {
+        if (!view_) return;
+        view_->activity = name;
+        view_->inFile = {.percent = 0, .visible = true};
     }
     ~Activity() {
-        if (isShown_) pipeline.progress.visible = false;
+        if (view_) view_->inFile.visible = false;
     }
     Activity(const Activity&) = delete;
     Activity& operator=(const Activity&) = delete;
 
   private:
     WaitingPointer pointer_;
-    bool isShown_;
+    RunView* view_;
 };
 
 /// True when the file ends where its word count says. What stands behind that is lost in the rewriting, and
@@ -49,7 +49,7 @@ bool hasLengthOfItsCount() {
 /// Appends the next item to the table. False at the end of the items, or where the structure breaks off.
 bool storeNextItem(const ToolForm& form) {
     MusNextItem();
-    if (musReader.MusReadState == musEndOfItems) pipeline.readWhole = hasLengthOfItsCount();
+    if (musReader.MusReadState == musEndOfItems) pipeline.page.isWhole = hasLengthOfItsCount();
     if (musReader.MusReadState == musStructuralError && form.loop == ItemLoop::common) tellStructuralError();
     if (musReader.MusReadState != musItemReady) return false;
     if (form.showsProgress) showReading();
@@ -63,7 +63,7 @@ bool storeNextItemAsRead() {
     if (musReader.MusWordIndex > musReader.MusWordCount) return false;
     if (atTrailer() || atShortTrailer()) {
         MusReadTrailer();
-        pipeline.readWhole = hasLengthOfItsCount();
+        pipeline.page.isWhole = hasLengthOfItsCount();
         return false;
     }
     if (!MusReadHead()) return false;
@@ -90,23 +90,25 @@ bool isWritten(const ToolForm& form, const ItemRow& row) {
 /// False when a row, or their number, makes a file that cannot be read again.
 bool putTableIntoPage(const ToolForm& form) {
     bool readable = true;
-    page.begin();
+    pageBytes.begin();
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         ItemRow& row = musItemTable[item];
         if (!isWritten(form, row)) continue;
         if (form.countsCharacters && row.pars[1] == 16.0F) row.pars[12] = static_cast<float>(row.text.size());
-        page.item(row);
+        pageBytes.item(row);
         readable = readable && canBeReadAgain(row);
     }
-    page.end(musReader.MusUnitText == "(Metric)");
-    return readable && page.bytes.size() <= mostPageBytes;
+    pageBytes.end(musReader.MusUnitText == "(Metric)");
+    return readable && pageBytes.bytes.size() <= mostPageBytes;
 }
 
 [[noreturn]] void endAtRefusal(const ToolForm& form, FileError fault) {
-    const std::string& path = pipeline.currentPath;
+    const std::string& path = currentPath();
     const std::string newLine(CrLf);
+    pipeline.page.reason = "it could not be replaced";
     switch (fault) {
         case FileError::readOnly:
+            pipeline.page.reason = "read-only";
             endWith("Attempt to rewrite Read-only file" + newLine + path + newLine + "Run canceled");
         case FileError::diskFull:
             endWith("Failed to write file " + path + ". Drive full." + newLine +
@@ -119,46 +121,36 @@ bool putTableIntoPage(const ToolForm& form) {
     }
 }
 
-void reportFiles(Report& report, const std::string& what, const std::vector<std::string>& paths) {
-    if (paths.empty()) return;
-    std::string line = what;
-    for (const std::string& path : paths) {
-        if (&path != &paths.front()) line += ", ";
-        line += fileNameOf(path);
-    }
-    report.line(line);
+/// A page that was changed since its reading has another owner's work in it.
+bool isAsRead() {
+    const auto present = files().info(currentPath());
+    return present && pipeline.pageAsRead && pipeline.pageAsRead->isSameAs(*present);
 }
 
 }  // namespace
 
-void resetPipeline() { pipeline = {}; }
-
-void beginPipelineRun(bool backup) {
-    resetPipeline();
-    pipeline.backup = backup;
-}
-
-void endPipelineRun() {
-    pipeline.currentPath.clear();
-    pipeline.activity.clear();
-    pipeline.progress = {};
+void showActivity(const std::string& name) {
+    if (pipeline.view) pipeline.view->activity = name;
+    yieldToEvents();
 }
 
 void showReading() {
     if (musReader.MusWordCount == 0) throw IndexFault();
-    pipeline.progress.percent = musProgress();
+    if (pipeline.view) pipeline.view->inFile.percent = musProgress();
 }
 
 void storeFile(const ToolForm& form) {
-    pipeline.readWhole = false;
+    PageResult& page = pipeline.page;
+    page.isWhole = false;
     if (pipeline.backup && form.takesBackup) {
-        if (form.showsProgress) pipeline.activity = "Backing up";
+        if (form.showsProgress && pipeline.view) pipeline.view->activity = "Backing up";
         yieldToEvents();
-        TakeBackup(pipeline.currentPath);
+        page.lacksBackup = !TakeBackup(page.path);
     }
     const Activity reading(form, "Reading");
     musItemTable.itemCount = 0;
-    MusOpen(pipeline.currentPath, musReader.MusWordCount);
+    pipeline.pageAsRead = files().info(page.path);
+    MusOpen(page.path, musReader.MusWordCount);
     if (form.loop == ItemLoop::own) {
         while (storeNextItemAsRead()) {
         }
@@ -171,17 +163,17 @@ void storeFile(const ToolForm& form) {
 
 void writeFile(const ToolForm& form) {
     if (musItemTable.itemCount == 0) return;
+    PageResult& page = pipeline.page;
     const Activity writing(form, "Writing");
     const bool readable = putTableIntoPage(form);
-    if (const FileError fault = files().replace(pipeline.currentPath, page.bytes); fault != FileError::none)
+    if (!isAsRead()) {
+        page.reason = "changed by another program since it was read";
+        return;
+    }
+    if (const FileError fault = files().replace(page.path, pageBytes.bytes); fault != FileError::none)
         endAtRefusal(form, fault);
-    if (!pipeline.readWhole) pipeline.incomplete.push_back(pipeline.currentPath);
-    if (!readable) pipeline.unreadable.push_back(pipeline.currentPath);
-}
-
-void reportSuspectFiles(Report& report) {
-    reportFiles(report, "Rewritten from an incomplete reading, items may be missing: ", pipeline.incomplete);
-    reportFiles(report, "Rewritten with items that cannot be read again: ", pipeline.unreadable);
+    page.isWritten = true;
+    page.isReadable = readable;
 }
 
 }  // namespace tul

@@ -49,14 +49,15 @@ void cmdSysInfo() {
 
 }  // namespace
 
-Panel makeAboutPanel() {
-    aboutPanel = {};
+void resetAboutPanel() { aboutPanel = {}; }
+
+Panel describeAboutPanel() {
     Panel panel;
     panel.name = "frmAbout";
     panel.caption = "About " + programTitle;
     panel.fields = {
-        {.name = "lblTitle", .kind = FieldKind::label, .value = &aboutPanel.lblTitle},
-        {.name = "lblVersion", .kind = FieldKind::label, .value = &aboutPanel.lblVersion},
+        labelField("lblTitle", aboutPanel.lblTitle),
+        labelField("lblVersion", aboutPanel.lblVersion),
     };
     panel.commands = {
         {.name = "cmdDisclaimer", .caption = "Disclaimer", .run = showDisclaimer},
@@ -67,19 +68,18 @@ Panel makeAboutPanel() {
     return panel;
 }
 
-Panel makeColorPanel() {
-    colorPanel = {};
+void resetColorPanel() { colorPanel = {}; }
+
+Panel describeColorPanel() {
     Panel panel;
     panel.name = "frmColor";
     panel.caption = "Panel colors";
     panel.fields = {
-        {.name = "txtColor",
-         .kind = FieldKind::text,
-         .value = &colorPanel.txtColor,
-         .prompt =
-             "An input box will request some value to be typed. This example is for demonstration only...",
-         .accept = [](const std::string&) { return colorPanel.txtColor; }},
-        {.name = "lblColor", .kind = FieldKind::label, .value = &colorPanel.lblColor},
+        textField(
+            "txtColor", colorPanel.txtColor,
+            "An input box will request some value to be typed. This example is for demonstration only...",
+            [](const std::string&) { return colorPanel.txtColor; }),
+        labelField("lblColor", colorPanel.lblColor),
     };
     panel.commands = {
         {.name = "cmdColorReturn", .caption = "Return", .run = [] { colorPanel.closed = true; }},

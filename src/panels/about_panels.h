@@ -5,9 +5,11 @@
 namespace tul {
 
 /// `frmAbout`: name and version of the program, the warranty text, and the platform's own information.
-Panel makeAboutPanel();
+Panel describeAboutPanel();
+void resetAboutPanel();
 
 /// `frmColor`: what the colours of the panels mean.
-Panel makeColorPanel();
+Panel describeColorPanel();
+void resetColorPanel();
 
 }  // namespace tul

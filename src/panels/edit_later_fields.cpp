@@ -9,16 +9,11 @@
 
 #include "base/numbers.h"
 #include "centre/project_options.h"
-#include "edit/edit_fields.h"
 #include "edit/edit_profile.h"
 #include "shared/key_value_file.h"
 #include "shared/records.h"
 
 namespace tul::editlater {
-
-using edit::checkField;
-using edit::optionField;
-using edit::textField;
 
 namespace {
 
@@ -202,19 +197,23 @@ std::string fingerSize() {
 
 }  // namespace
 
+void resetLaterFields() { shown = {}; }
+
 std::vector<Field> laterFields() {
+    // Nothing changes them as long as they are disabled.
     static std::deque<std::string> textValues;
     static std::deque<bool> flagValues;
-    textValues.clear();
-    flagValues.clear();
-    std::vector<Field> fields = bracketFields();
+    const bool isFirst = textValues.empty();
     for (const LaterText& later : texts)
-        fields.push_back(textField(later.name, textValues.emplace_back(later.value), ""));
-    for (const LaterFlag& later : flags) {
-        bool& value = flagValues.emplace_back(later.on);
-        fields.push_back(*later.frame == '\0' ? checkField(later.name, value)
-                                              : optionField(later.frame, later.name, value));
-    }
+        if (isFirst) textValues.emplace_back(later.value);
+    for (const LaterFlag& later : flags)
+        if (isFirst) flagValues.emplace_back(later.on);
+    std::vector<Field> fields = bracketFields();
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        fields.push_back(textField(texts[i].name, textValues[i], ""));
+    for (std::size_t i = 0; i < flags.size(); ++i)
+        fields.push_back(*flags[i].frame == '\0' ? checkField(flags[i].name, flagValues[i])
+                                                 : optionField(flags[i].frame, flags[i].name, flagValues[i]));
     fields.push_back(textField("txtCurrentPlateNr", shown.txtCurrentPlateNr, ""));
     fields.push_back(textField("txtLJsize", shown.txtLJsize, ""));
     fields.push_back(textField("txtLJfont", shown.txtLJfont, ""));
@@ -238,7 +237,7 @@ std::vector<Command> laterCommands() {
     commands.push_back({.name = "frmEditClick",
                         .caption = "Click on the background: hide the developer's buttons",
                         .run = [] { shown.hidesButtons = true; },
-                        .enabled = [] { return identity.DeveloperMode && edit::isIdle(); }});
+                        .enabled = [] { return identity.DeveloperMode; }});
     return commands;
 }
 

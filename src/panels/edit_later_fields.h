@@ -9,6 +9,7 @@
 namespace tul::editlater {
 
 std::vector<Field> laterFields();
+void resetLaterFields();
 std::vector<Command> laterCommands();
 /// Shows in them what the project settings say of plate numbers and lyrics.
 void showProjectSettings();

@@ -5,6 +5,7 @@
 namespace tul {
 
 /// `frmEdit`: the general edit tool with its fourteen tabs.
-Panel makeEditPanel();
+Panel describeEditPanel();
+void resetEditPanel();
 
 }  // namespace tul

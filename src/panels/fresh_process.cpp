@@ -1,18 +1,16 @@
 #include "panels/fresh_process.h"
 
-#include "centre/global_options.h"
 #include "centre/main_panel.h"
 #include "centre/project_options.h"
 #include "centre/score_launching.h"
-#include "check/pmx_export.h"
-#include "check/validation.h"
-#include "edit/edit_run.h"
-#include "edit/resize.h"
+#include "host/interrupt.h"
 #include "music/bar_file.h"
 #include "music/item_table.h"
 #include "music/mus_reader.h"
 #include "music/pipeline.h"
+#include "panels/panel_list.h"
 #include "shared/records.h"
+#include "shared/run_result.h"
 
 namespace tul {
 
@@ -21,15 +19,14 @@ void freshProcess() {
     resetMusReader();
     musItemTable = {};
     barTexts.clear();
-    resetPipeline();
+    pipeline = {};
     resetCentreRecords();
     fontTable = {};
-    globalOptions = {};
     scoreRun = {};
-    valid::resetValidation();
-    pmx::resetPmxRun();
-    resize::resetResize();
-    edit::resetEdit();
+    runResults.clear();
+    setInterrupted(false);
+    for (const PanelEntry& entry : panelList())
+        if (entry.reset) entry.reset();
 }
 
 }  // namespace tul

@@ -1,6 +1,8 @@
 #include "panels/global_options_panel.h"
 
 #include <initializer_list>
+#include <utility>
+#include <variant>
 
 #include "centre/global_options.h"
 #include "centre/main_panel.h"
@@ -19,7 +21,7 @@ namespace {
 
 using Text = std::string GlobalOptions::*;
 using Flag = bool GlobalOptions::*;
-using Keep = std::string (*)(const std::string& typed);
+using KeepText = std::string (*)(const std::string& typed);
 
 std::string keepAll(const std::string& typed) { return typed; }
 
@@ -33,7 +35,7 @@ struct TextEntry {
     Text text;
     const char* key;
     const char* prompt;
-    Keep keep;
+    KeepText keep;
 };
 
 const std::vector<TextEntry> textEntries = {
@@ -70,7 +72,7 @@ const std::vector<TextEntry> textEntries = {
      keepLyricsSize},
 };
 
-std::function<std::string(const std::string&)> keepAndShare(const char* key, Keep keep) {
+Keep keepAndShare(const char* key, KeepText keep) {
     return [key, keep](const std::string& typed) {
         std::string kept = keep(typed);
         storeProjectOption(key, kept);
@@ -80,72 +82,53 @@ std::function<std::string(const std::string&)> keepAndShare(const char* key, Kee
 
 void addTexts(std::vector<Field>& fields) {
     for (const TextEntry& entry : textEntries)
-        fields.push_back({.name = entry.name,
-                          .kind = FieldKind::text,
-                          .value = &(globalOptions.*entry.text),
-                          .prompt = std::string(entry.prompt),
-                          .accept = keepAndShare(entry.key, entry.keep)});
+        fields.push_back(textField(entry.name, globalOptions.*entry.text, std::string(entry.prompt),
+                                   keepAndShare(entry.key, entry.keep)));
 }
 
 /// A click opens the list of fonts; a prefix may be given as well.
 Field fontField(const char* name, Text text, const char* key) {
-    return {.name = name,
-            .kind = FieldKind::text,
-            .value = &(globalOptions.*text),
-            .accept = keepAndShare(key, keepFontPrefix),
-            .toolTip = std::string("A font of the list, or its prefix such as _01"),
-            .click = [text] { openFontList(text); }};
+    return withTip(
+        clickField(
+            name, globalOptions.*text, [text] { openFontList(text); }, keepAndShare(key, keepFontPrefix)),
+        "A font of the list, or its prefix such as _01");
 }
 
 /// A click lets the user choose; a folder may be given in the platform's own form as well.
 Field folderField() {
-    return {.name = "txtInitialMusFolder",
-            .kind = FieldKind::text,
-            .value = &globalOptions.txtInitialMusFolder,
-            .accept =
-                [](const std::string& typed) {
-                    setInitialFolder(files().fromNative(typed).value_or(typed));
-                    return globalOptions.txtInitialMusFolder;
-                },
-            .toolTip = std::string("Select initial MUS folder"),
-            .click = chooseInitialFolder,
-            .isPath = true};
+    Field field = clickField("txtInitialMusFolder", globalOptions.txtInitialMusFolder, chooseInitialFolder,
+                             [](const std::string& typed) {
+                                 setInitialFolder(files().fromNative(typed).value_or(typed));
+                                 return globalOptions.txtInitialMusFolder;
+                             });
+    std::get<TextKind>(field.kind).isPath = true;
+    return withTip(std::move(field), "Select initial MUS folder");
 }
 
-Field label(const char* name, Text text) {
-    return {.name = name, .kind = FieldKind::label, .value = &(globalOptions.*text)};
-}
+Field label(const char* name, Text text) { return labelField(name, globalOptions.*text); }
 
-Field check(const char* name, Flag box) {
-    return {.name = name, .kind = FieldKind::check, .value = &(globalOptions.*box)};
-}
+Field check(const char* name, Flag box) { return checkField(name, globalOptions.*box); }
 
 Field option(const char* frame, const char* name, Flag flag) {
-    return {.name = name, .kind = FieldKind::option, .value = &(globalOptions.*flag), .group = frame};
+    return optionField(frame, name, globalOptions.*flag);
 }
 
 /// An option that the tools see as a setting as soon as it is on.
 Field choice(const char* frame, const char* name, Flag flag, std::string ProjectSettings::*setting,
              const char* value) {
-    Field field = option(frame, name, flag);
-    field.accept = [flag, setting, value](const std::string& state) {
+    return withStep(option(frame, name, flag), [flag, setting, value] {
         if (globalOptions.*flag) projectSettings.*setting = value;
-        return state;
-    };
-    return field;
+    });
 }
 
 Field splitOption(const char* name, Flag flag) {
-    Field field = option("fraTulSplit", name, flag);
-    field.enabled = [] { return globalOptions.splitMayBeChosen; };
-    return field;
+    return onlyIf(option("fraTulSplit", name, flag), [] { return globalOptions.splitMayBeChosen; });
 }
 
 Field engineOption(const char* name, Flag flag, const char* value, Flag linked) {
     Field field = choice("fraScoreEngine", name, flag, &ProjectSettings::ScoreEnginePreference, value);
-    field.visible = [linked] { return globalOptions.*linked; };
-    field.enabled = field.visible;
-    return field;
+    const auto isLinked = [linked] { return globalOptions.*linked; };
+    return onlyIf(shownIf(std::move(field), isLinked), isLinked);
 }
 
 void addOptions(std::vector<Field>& fields) {
@@ -215,8 +198,9 @@ std::vector<Command> commands() {
 
 }  // namespace
 
-Panel makeGlobalOptionsPanel() {
-    globalOptions = {};
+void resetGlobalOptionsPanel() { globalOptions = {}; }
+
+Panel describeGlobalOptionsPanel() {
     Panel panel;
     panel.name = "frmGlobalOptions";
     panel.caption = "Global TUL options";
@@ -227,21 +211,12 @@ Panel makeGlobalOptionsPanel() {
     panel.fields.push_back(fontField("txtPlateFont", &GlobalOptions::txtPlateFont, "PlateNumberFont"));
     panel.fields.push_back(fontField("txtLyricsFont", &GlobalOptions::txtLyricsFont, "LyricsFont"));
     panel.fields.push_back(label("txtFontName", &GlobalOptions::txtFontName));
-    panel.fields.push_back({.name = "lstFont",
-                            .kind = FieldKind::list,
-                            .value = &globalOptions.lstFont,
-                            .accept = [](const std::string& entry) {
-                                chooseFont(entry);
-                                return entry;
-                            }});
+    panel.fields.push_back(listField("lstFont", globalOptions.lstFont, chooseFont));
     addOptions(panel.fields);
-    panel.fields.push_back({.name = "optPanelPreference",
-                            .kind = FieldKind::option,
-                            .value = &globalOptions.optPanelPreference,
-                            .group = "fraPanelPreference",
-                            .choices = preferableTabs});
-    for (auto [name, list] : {std::pair{"List1", &globalOptions.List1}, {"List2", &globalOptions.List2}})
-        panel.fields.push_back({.name = name, .kind = FieldKind::list, .value = list});
+    panel.fields.push_back(
+        rowField("optPanelPreference", globalOptions.optPanelPreference, {"main", "tools", "special"}));
+    panel.fields.push_back(listField("List1", globalOptions.List1));
+    panel.fields.push_back(listField("List2", globalOptions.List2));
     panel.commands = commands();
     panel.place = &globalOptions.place;
     panel.load = OptionsPanelLoad;

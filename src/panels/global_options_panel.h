@@ -5,6 +5,7 @@
 namespace tul {
 
 /// `frmGlobalOptions`: the choices of a project, kept in TULPROJ.PRO.
-Panel makeGlobalOptionsPanel();
+Panel describeGlobalOptionsPanel();
+void resetGlobalOptionsPanel();
 
 }  // namespace tul

@@ -203,28 +203,19 @@ Commands eventCommands() {
 }
 
 std::vector<Field> fields() {
+    const auto shows = [](bool& flag) { return [&flag] { return flag; }; };
     return {
-        {.name = "tabLogo",
-         .kind = FieldKind::tab,
-         .value = &mainPanel.tabLogo,
-         .toolTip = "Set the preferred panel tab in Set project options>Other.",
-         .visible = [] { return mainPanel.tabsVisible; },
-         .choices = 4},
-        {.name = "lstTextFiles",
-         .kind = FieldKind::list,
-         .value = &mainPanel.lstTextFiles,
-         .accept =
-             [](const std::string& entry) {
-                 chooseTextFile(entry);
-                 return entry;
-             },
-         .visible = [] { return mainPanel.lstTextFiles.visible; }},
+        withTip(shownIf(tabField("tabLogo", mainPanel.tabLogo, {"main", "tools", "special", "3rd party"}),
+                        shows(mainPanel.tabsVisible)),
+                "Set the preferred panel tab in Set project options>Other."),
+        shownIf(listField("lstTextFiles", mainPanel.lstTextFiles, chooseTextFile),
+                shows(mainPanel.lstTextFiles.visible)),
     };
 }
 
 }  // namespace
 
-Panel makeLogoPanel() {
+Panel describeLogoPanel() {
     Panel panel;
     panel.name = "frmLogo";
     panel.caption = mainPanel.caption;

@@ -5,6 +5,6 @@
 namespace tul {
 
 /// `frmLogo`: the main panel, the one that is always there.
-Panel makeLogoPanel();
+Panel describeLogoPanel();
 
 }  // namespace tul

@@ -5,13 +5,11 @@
 
 namespace tul {
 
-Panel makeNotepadPanel() {
+Panel describeNotepadPanel() {
     Panel panel;
     panel.name = "frmNotepad";
     panel.caption = notepadPanel.caption;
-    panel.fields = {
-        {.name = "lstTulboard", .kind = FieldKind::list, .value = &notepadPanel.lstTulboard},
-    };
+    panel.fields = {listField("lstTulboard", notepadPanel.lstTulboard)};
     panel.commands = {
         {.name = "mnuReturn", .caption = std::string("&Return"), .run = [] { notepadPanel.closed = true; }},
         {.name = "mnuNotepad", .caption = std::string("&Notepad"), .run = editNotepadFile},

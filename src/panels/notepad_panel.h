@@ -5,6 +5,6 @@
 namespace tul {
 
 /// `frmNotepad`: the built-in viewer, over the file that was handed to it.
-Panel makeNotepadPanel();
+Panel describeNotepadPanel();
 
 }  // namespace tul

@@ -15,21 +15,24 @@ namespace tul {
 const std::vector<PanelEntry>& panelList() {
     static const std::vector<PanelEntry> panels = {
         {"frmLogo", "logo", "", "the main panel: opens the tools, launches the utilities", "main-panel.md",
-         makeLogoPanel},
+         describeLogoPanel, nullptr},
         {"frmValid", "valid", "validate", "check the structure of music files", "validation.md",
-         makeValidPanel},
-        {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", "pmx.md", makePmxPanel},
+         describeValidPanel, resetValidPanel},
+        {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", "pmx.md", describePmxPanel,
+         resetPmxPanel},
         {"frmResiz", "resiz", "resize", "change sizes of notes, slurs, staves, symbols, numbers and texts",
-         "resize.md", makeResizPanel},
+         "resize.md", describeResizPanel, resetResizPanel},
         {"frmEdit", "edit", "", "search and replace texts, change fonts, find and change items by conditions",
-         "edit.md", makeEditPanel},
+         "edit.md", describeEditPanel, resetEditPanel},
         {"frmGlobalOptions", "globaloptions", "options",
          "the choices of a project: folder, suffix, fonts, sizes", "settings-options.md",
-         makeGlobalOptionsPanel},
+         describeGlobalOptionsPanel, resetGlobalOptionsPanel},
         {"frmAbout", "about", "", "version of the program, disclaimer, system information", "main-panel.md",
-         makeAboutPanel},
-        {"frmColor", "color", "", "what the colors of the panels mean", "windows.md", makeColorPanel},
-        {"frmNotepad", "notepad", "", "the built-in viewer of text files", "windows.md", makeNotepadPanel},
+         describeAboutPanel, resetAboutPanel},
+        {"frmColor", "color", "", "what the colors of the panels mean", "windows.md", describeColorPanel,
+         resetColorPanel},
+        {"frmNotepad", "notepad", "", "the built-in viewer of text files", "windows.md", describeNotepadPanel,
+         nullptr},
     };
     return panels;
 }

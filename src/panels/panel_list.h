@@ -15,7 +15,14 @@ struct PanelEntry {
     const char* alias;        // also accepted; "" without one
     const char* description;  // one line for the help
     const char* guide;        // its page of the user guide
-    Panel (*make)();          // a new panel over its tool's record, which starts anew
+    Panel (*describe)();      // the panel over its tool's record as it stands; asking has no effect
+    void (*reset)();          // gives the record its first values; null where its owner does
+
+    /// A new panel, whose record starts anew.
+    [[nodiscard]] Panel make() const {
+        if (reset) reset();
+        return describe();
+    }
 };
 
 const std::vector<PanelEntry>& panelList();

@@ -5,6 +5,7 @@
 namespace tul {
 
 /// `frmPmx`: export of music files as parameter text.
-Panel makePmxPanel();
+Panel describePmxPanel();
+void resetPmxPanel();
 
 }  // namespace tul

@@ -2,12 +2,9 @@
 
 #include <utility>
 
-#include "centre/panel_place.h"
 #include "edit/resize.h"
 #include "edit/resize_checks.h"
-#include "music/pipeline.h"
 #include "panels/tool_panel.h"
-#include "shared/records.h"
 
 namespace tul {
 
@@ -17,77 +14,53 @@ using resize::resizing;
 using Options = resize::ResizeOptions;
 using Text = std::string Options::*;
 using Flag = bool Options::*;
-using Keep = std::string (*)(const std::string& typed);
 
-struct ResizPanel {
-    PanelPlace place;
-    std::string viewTip;
-};
-ResizPanel resizPanel;
-
-bool isIdle() { return !resizing.control.running; }
+ToolPanelState state;
 
 Field text(const char* name, Text value, const char* prompt, Keep keep) {
-    return {.name = name,
-            .kind = FieldKind::text,
-            .value = &(resizing.options.*value),
-            .prompt = std::string(prompt),
-            .accept = keep,
-            .enabled = isIdle};
+    return textField(name, resizing.options.*value, prompt, std::move(keep));
 }
 
-Field check(const char* name, Flag value) {
-    return {.name = name, .kind = FieldKind::check, .value = &(resizing.options.*value), .enabled = isIdle};
-}
+Field check(const char* name, Flag value) { return checkField(name, resizing.options.*value); }
 
 Field option(const char* frame, const char* name, Flag value) {
-    return {.name = name,
-            .kind = FieldKind::option,
-            .value = &(resizing.options.*value),
-            .group = frame,
-            .enabled = isIdle};
+    return optionField(frame, name, resizing.options.*value);
 }
 
 Field noteSizeField() {
-    Field field = text("txtResizeNoteSize", &Options::txtResizeNoteSize,
-                       "New note size (between 0.7 and 2.0)", resize::keepNoteSize);
-    field.enabled = [] { return isIdle() && resizing.options.anyNotes(); };
-    return field;
+    return onlyIf(text("txtResizeNoteSize", &Options::txtResizeNoteSize,
+                       "New note size (between 0.7 and 2.0)", resize::keepNoteSize),
+                  [] { return resizing.options.anyNotes(); });
 }
 
 Field stemOption() {
-    Field field = option("fraResizeStem", "optResizeStem", &Options::optResizeStem);
-    field.enabled = false;
-    field.toolTip = "compensation not yet supported";
-    return field;
+    return withTip(
+        onlyIf(option("fraResizeStem", "optResizeStem", &Options::optResizeStem), [] { return false; }),
+        "compensation not yet supported");
 }
 
 /// An instrument id or a part, as the options beside it say.
 Field staffField() {
-    Field field = text("txtResizeStaffInstrPart", &Options::txtResizeStaffInstrPart, "", nullptr);
-    field.prompt = [] {
-        return std::string(resizing.options.optResizeStaffPart
-                               ? "Part[,increment]. If no increment is given, 1 is assumed\r\n"
-                                 "Examples: 1,2 means staff 1, 3, 5, 7, etc.\r\n"
-                                 "2,4 means staff 2, 6, 10, etc."
-                               : "Instrument Id.");
-    };
-    field.accept = [](const std::string& typed) {
-        return resizing.options.optResizeStaffPart ? resize::keepPart(typed)
-                                                   : resize::keepInstrumentId(typed);
-    };
-    return field;
+    return textField(
+        "txtResizeStaffInstrPart", resizing.options.txtResizeStaffInstrPart,
+        [] {
+            return std::string(resizing.options.optResizeStaffPart
+                                   ? "Part[,increment]. If no increment is given, 1 is assumed\r\n"
+                                     "Examples: 1,2 means staff 1, 3, 5, 7, etc.\r\n"
+                                     "2,4 means staff 2, 6, 10, etc."
+                                   : "Instrument Id.");
+        },
+        [](const std::string& typed) {
+            return resizing.options.optResizeStaffPart ? resize::keepPart(typed)
+                                                       : resize::keepInstrumentId(typed);
+        });
 }
 
 Field textStringField() {
-    Field field = text("txtResizeTextResize", &Options::txtResizeTextResize,
-                       "Complete text string including leading font. Note that trailing spaces are not "
-                       "considered in the comparison. A string consisting of just a font prefix is allowed.",
-                       nullptr);
-    field.accept = [](const std::string& typed) {
-        return resize::keepTextWithFont(typed, resizing.options.txtResizeTextResize);
-    };
-    return field;
+    return keptField("txtResizeTextResize", resizing.options.txtResizeTextResize,
+                     "Complete text string including leading font. Note that trailing spaces are not "
+                     "considered in the comparison. A string consisting of just a font prefix is allowed.",
+                     resize::keepTextWithFont);
 }
 
 std::vector<Field> noteAndSlurFields() {
@@ -158,57 +131,41 @@ std::vector<Field> textAndPlaceholderFields() {
     };
 }
 
-std::vector<Field> runFields() {
-    return {
-        {.name = "tabResiz",
-         .kind = FieldKind::tab,
-         .value = &resizing.options.tabResiz,
-         .prompt = "0 notes, 1 slurs, 2 staves, 3 symbols, 4 numbers, 5 lyrics and text, 6 placeholders",
-         .enabled = isIdle,
-         .choices = resize::tabCount},
-        check("chkResizBackup", &Options::chkResizBackup),
-        {.name = "lblResizeStatus", .kind = FieldKind::label, .value = &resizing.lblResizeStatus},
-        {.name = "lblResizeActivity", .kind = FieldKind::label, .value = &pipeline.activity},
-        {.name = "panResizeFlood", .kind = FieldKind::progress, .value = &pipeline.progress},
-    };
-}
-
-std::vector<Command> commands() {
-    return {
-        selectCommand("cmdResizeSelect", "Select Score music file(s)", resizPanel.viewTip, isIdle),
-        viewCommand("cmdResizeView", resizPanel.viewTip, isIdle),
-        {.name = "cmdResizeRun",
-         .caption = std::string("Run"),
-         .run = resize::cmdResizeRun,
-         .enabled = [] { return selection.SelectionValid && isIdle(); }},
-        {.name = "cmdResizeReturn",
-         .caption = std::string("Return"),
-         .run = [] { resizing.control.press(); },
-         .enabled = isIdle},
-    };
+std::vector<Field> fields() {
+    std::vector<Field> all = {
+        tabField("tabResiz", resizing.options.tabResiz,
+                 {"notes", "slurs", "staves", "symbols", "numbers", "texts", "placeholders"})};
+    for (const auto& page :
+         {noteAndSlurFields(), staffAndSymbolFields(), numberFields(), textAndPlaceholderFields()})
+        all.insert(all.end(), page.begin(), page.end());
+    return all;
 }
 
 }  // namespace
 
-Panel makeResizPanel() {
+void resetResizPanel() {
     resize::resetResize();
-    resizPanel = {};
-    Panel panel;
-    panel.name = "frmResiz";
-    panel.caption = "TulResize - Sizes of notes, slurs, staves, symbols, numbers and texts";
-    panel.runCommand = "cmdResizeRun";
-    panel.fields = runFields();
-    for (const auto& fields :
-         {noteAndSlurFields(), staffAndSymbolFields(), numberFields(), textAndPlaceholderFields()})
-        panel.fields.insert(panel.fields.end(), fields.begin(), fields.end());
-    panel.commands = commands();
-    panel.place = &resizPanel.place;
-    panel.load = [] {
-        resize::fillFromProjectSettings();
-        loadToolPanel(resizPanel.place);
-    };
-    panel.closed = [] { return resizing.control.closed; };
-    return panel;
+    state = {};
+}
+
+Panel describeResizPanel() {
+    return toolPanel({
+        .form = "frmResiz",
+        .caption = "TulResize - Sizes of notes, slurs, staves, symbols, numbers and texts",
+        .controls = {.buttons = "Resize",
+                     .status = "lblResizeStatus",
+                     .activity = "lblResizeActivity",
+                     .overFiles = "panResizeFloodRun",
+                     .inFile = "panResizeFlood",
+                     .backup = "chkResizBackup"},
+        .selectPrompt = "Select Score music file(s)",
+        .view = resizing.view,
+        .state = state,
+        .backup = &resizing.options.chkResizBackup,
+        .run = resize::cmdResizeRun,
+        .fields = fields(),
+        .load = resize::fillFromProjectSettings,
+    });
 }
 
 }  // namespace tul

@@ -5,6 +5,7 @@
 namespace tul {
 
 /// `frmResiz`: sizes of notes, slurs, staves, symbols, numbers and texts, and placeholders of lute notes.
-Panel makeResizPanel();
+Panel describeResizPanel();
+void resetResizPanel();
 
 }  // namespace tul

@@ -1,5 +1,8 @@
 #include "panels/tool_panel.h"
 
+#include <iterator>
+#include <utility>
+
 #include "base/numbers.h"
 #include "centre/names_file.h"
 #include "centre/panel_place.h"
@@ -15,30 +18,93 @@ std::string viewCaption() {
     return "View " + plain(selection.SelectionCount) + (selection.SelectionCount == 1 ? " file" : " files");
 }
 
+bool isSelected() { return selection.SelectionValid; }
+
+template <class Entry>
+void append(std::vector<Entry>& all, std::vector<Entry> more) {
+    all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+std::vector<Field> commonFields(const ToolPanelSpec& spec) {
+    const ToolControls& controls = spec.controls;
+    RunView& view = spec.view;
+    std::vector<Field> fields;
+    if (controls.backup) fields.push_back(checkField(controls.backup, *spec.backup));
+    if (controls.status) fields.push_back(labelField(controls.status, view.status));
+    if (controls.file) fields.push_back(labelField(controls.file, view.file));
+    if (controls.activity) fields.push_back(labelField(controls.activity, view.activity));
+    if (controls.overFiles) fields.push_back(progressField(controls.overFiles, view.overFiles));
+    if (controls.inFile) fields.push_back(progressField(controls.inFile, view.inFile));
+    return fields;
+}
+
+/// A step, and behind it what hangs on the selection.
+std::function<void()> changingSelection(std::function<void()> step, std::function<void()> behind) {
+    return [step = std::move(step), behind = std::move(behind)] {
+        step();
+        if (behind) behind();
+    };
+}
+
+std::vector<Command> commonCommands(const ToolPanelSpec& spec) {
+    const std::string stem = std::string("cmd") + spec.controls.buttons;
+    ToolPanelState& state = spec.state;
+    RunView& view = spec.view;
+    return {
+        {.name = stem + "Select",
+         .caption = "Select",
+         .run =
+             changingSelection([prompt = spec.selectPrompt, &state] { SelectFiles(prompt, state.viewTip); },
+                               spec.selectionChanged),
+         .toolTip = "Select music files, or drop them here"},
+        {.name = stem + "View",
+         .caption = viewCaption,
+         .run = changingSelection([&state] { ViewNamesFile(state.viewTip); }, spec.selectionChanged),
+         .enabled = isSelected,
+         .toolTip = [&state] { return state.viewTip; }},
+        {.name = stem + "Run", .caption = "Run", .run = spec.run, .enabled = isSelected},
+        {.name = stem + "Return",
+         .caption = [&view] { return view.control.caption(); },
+         .run =
+             [&view, leave = spec.leave] {
+                 if (leave && !view.control.isBusy()) leave();
+                 view.control.press();
+             },
+         .whileBusy = true},
+    };
+}
+
 }  // namespace
 
-void loadToolPanel(PanelPlace& place) {
-    place.height = heightOfPanels();
-    positionPanel(place);
-    ReadNamesFile();
-}
-
-Command selectCommand(const std::string& name, const std::string& message, std::string& viewTip,
-                      Live<bool> enabled) {
-    return {.name = name,
-            .caption = "Select",
-            .run = [message, &viewTip] { SelectFiles(message, viewTip); },
-            .enabled = std::move(enabled),
-            .toolTip = "Select music files, or drop them here",
-            .drop = [&viewTip](const std::vector<std::string>& dropped) { DropFiles(dropped, viewTip); }};
-}
-
-Command viewCommand(const std::string& name, std::string& viewTip, const Live<bool>& enabled) {
-    return {.name = name,
-            .caption = viewCaption,
-            .run = [&viewTip] { ViewNamesFile(viewTip); },
-            .enabled = [enabled] { return selection.SelectionValid && enabled(); },
-            .toolTip = [&viewTip] { return viewTip; }};
+Panel toolPanel(ToolPanelSpec spec) {
+    Panel panel;
+    panel.name = spec.form;
+    panel.caption = spec.caption;
+    panel.runCommand = std::string("cmd") + spec.controls.buttons + "Run";
+    panel.commands = commonCommands(spec);
+    append(panel.commands, std::move(spec.commands));
+    panel.fields = std::move(spec.fields);
+    append(panel.fields, commonFields(spec));
+    ToolPanelState& state = spec.state;
+    panel.place = &state.place;
+    panel.load = [&state, load = spec.load, behind = spec.selectionChanged] {
+        state.place.height = heightOfPanels();
+        positionPanel(state.place);
+        if (load) load();
+        ReadNamesFile();
+        if (behind) behind();
+    };
+    panel.busy = [&view = spec.view] { return view.control.isBusy(); };
+    panel.closed = [&view = spec.view] { return view.control.isClosed(); };
+    panel.takeFiles = [&state, take = spec.takeFiles,
+                       behind = spec.selectionChanged](const std::vector<std::string>& dropped) {
+        if (take)
+            take(dropped);
+        else
+            DropFiles(dropped, state.viewTip);
+        if (behind) behind();
+    };
+    return panel;
 }
 
 }  // namespace tul

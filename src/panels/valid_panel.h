@@ -5,6 +5,7 @@
 namespace tul {
 
 /// `frmValid`: validation of music files, and the offer to recover damaged ones.
-Panel makeValidPanel();
+Panel describeValidPanel();
+void resetValidPanel();
 
 }  // namespace tul

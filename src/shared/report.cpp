@@ -5,9 +5,9 @@
 
 namespace tul {
 
-bool Report::open() {
+FileError Report::open() {
     text_.clear();
-    return files().replace(path_, "") == FileError::none;
+    return files().replace(path_, "");
 }
 
 void Report::line(std::string_view text) {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/print_line.h"
+#include "host/files.h"
 
 namespace tul {
 
@@ -12,12 +13,12 @@ class Report {
   public:
     explicit Report(std::string path) : path_(std::move(path)) {}
 
-    /// Makes the file, empty. False when it cannot be opened for output.
-    bool open();
+    /// Makes the file, empty.
+    [[nodiscard]] FileError open();
     void line(std::string_view text);
     void line(const PrintLine& text) { line(text.line()); }
     /// Writes the file. False when the disk does not take it.
-    bool close();
+    [[nodiscard]] bool close();
 
     const std::string& path() const { return path_; }
 

@@ -4,22 +4,39 @@
 
 namespace tul {
 
-/// The return button of a tool, which is the cancel button during a run. The flag and the caption are what
-/// the run's loops and the panel see of it.
-struct RunControl {
-    std::string cancelFlag;                // empty while running; "cancel" asks the run to stop
-    std::string returnCaption = "Return";  // "Cancel" during a run
-    bool running = false;                  // the tool's other buttons are disabled meanwhile
-    bool closed = false;                   // the panel was unloaded
+/// The return button of a tool, which is the cancel button during a run. Nothing else says that a run shall
+/// stop. An interrupt of the process is a press of the button.
+class RunControl {
+  public:
+    void begin();
+    /// The loop is over: the button returns again. The other controls wait until the report was read.
+    void endLoop() { isLooping_ = false; }
+    void end() { isBusy_ = isLooping_ = false; }
 
-    void beginRun();
-    /// The loop is over: the button returns again. The other buttons wait until the report was read.
-    void endLoop() { returnCaption = "Return"; }
-    void endRun() { running = false; }
-    bool cancelled() const { return !cancelFlag.empty(); }
-    /// The button: asks a run to stop, or closes the panel when none is on. A second click while the run is
+    /// The button: asks a run to stop, or closes the panel when none is on. A second press while the run is
     /// still unwinding does nothing.
     void press();
+    /// An answer within a page: the page in work is left as it is, too.
+    void abandon() { isAbandoned_ = true; }
+
+    /// The panel's other controls are disabled meanwhile.
+    [[nodiscard]] bool isBusy() const { return isBusy_; }
+    /// The run ends behind the page in work; a tool that changes nothing ends within it. Stays true until
+    /// the next run.
+    [[nodiscard]] bool isStopped() const;
+    /// The run ends now, and the page in work is not written.
+    [[nodiscard]] bool isAbandoned() const { return isAbandoned_; }
+    /// The panel was unloaded.
+    [[nodiscard]] bool isClosed() const { return isClosed_; }
+    /// Of the button: "Cancel" from the start of a run until it was pressed or the loop is over.
+    [[nodiscard]] std::string caption() const { return isLooping_ && !isStopped() ? "Cancel" : "Return"; }
+
+  private:
+    bool isBusy_ = false;
+    bool isLooping_ = false;
+    bool isPressed_ = false;
+    bool isAbandoned_ = false;
+    bool isClosed_ = false;
 };
 
 }  // namespace tul

@@ -25,6 +25,7 @@ constexpr mode_t writeBits = 0222;
 constexpr mode_t allRights = 07777;
 constexpr mode_t rightsOfNewFiles = 0666;  // less what the user's mask takes away
 constexpr int maxLinks = 40;
+constexpr std::int64_t nanosecondsOfASecond = 1'000'000'000;
 constexpr std::size_t chunkLength = std::size_t{1} << 16;
 constexpr std::size_t kernelChunkLength = std::size_t{1} << 30;
 
@@ -370,7 +371,9 @@ std::optional<FileInfo> LinuxFiles::info(const std::string& path) const {
     if (!native || ::stat(native->c_str(), &status) != 0) return std::nullopt;
     return FileInfo{.length = S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0,
                     .stamp = localTime(status.st_mtime),
-                    .folder = S_ISDIR(status.st_mode)};
+                    .folder = S_ISDIR(status.st_mode),
+                    .moment = status.st_mtim.tv_sec * nanosecondsOfASecond + status.st_mtim.tv_nsec,
+                    .number = status.st_ino};
 }
 
 std::string LinuxFiles::nameOnDisk(const std::string& path) const {

@@ -95,8 +95,12 @@ std::optional<FileInfo> WindowsFiles::info(const std::string& path) const {
         return std::nullopt;
     const bool folder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     const std::uint64_t length = static_cast<std::uint64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
-    return FileInfo{
-        .length = folder ? 0 : length, .stamp = localTime(data.ftLastWriteTime), .folder = folder};
+    const std::uint64_t moment = static_cast<std::uint64_t>(data.ftLastWriteTime.dwHighDateTime) << 32 |
+                                 data.ftLastWriteTime.dwLowDateTime;
+    return FileInfo{.length = folder ? 0 : length,
+                    .stamp = localTime(data.ftLastWriteTime),
+                    .folder = folder,
+                    .moment = static_cast<std::int64_t>(moment)};
 }
 
 std::vector<std::string> WindowsFiles::list(const std::string& folder) const {

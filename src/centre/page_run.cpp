@@ -1,0 +1,176 @@
+#include "centre/page_run.h"
+
+#include <optional>
+#include <unordered_set>
+#include <utility>
+
+#include "base/numbers.h"
+#include "centre/viewing.h"
+#include "host/host.h"
+#include "shared/function_module.h"
+#include "shared/records.h"
+
+namespace tul {
+
+namespace {
+
+/// From here to the end of its scope a run is on.
+class RunInProgress {
+  public:
+    RunInProgress(RunView& view, const RunSpec& spec) : view_(view), idleStatus_(spec.idleStatus) {
+        result_.tool = spec.tool;
+        result_.begun = dateAndTime();
+        result_.changesPages = spec.changesPages;
+        result_.end = RunEnd::broken;  // until it has come to its end
+        pipeline = {};
+        pipeline.view = &view;
+        pipeline.backup = spec.backup;
+        view.control.begin();
+        view.overFiles = {.percent = 0, .visible = spec.pages.size() > 1};
+    }
+    ~RunInProgress() {
+        breakOff();
+        endLoop();
+        view_.control.end();
+        runResults.push_back(std::move(result_));
+    }
+    RunInProgress(const RunInProgress&) = delete;
+    RunInProgress& operator=(const RunInProgress&) = delete;
+
+    RunResult& result() { return result_; }
+
+    /// The selection has `count` names, and the page is that of the `number`th.
+    void beginPage(std::size_t page, std::size_t number, std::size_t count) {
+        pipeline.page = std::move(result_.pages[page]);
+        pipeline.page.isReached = true;
+        page_ = page;
+        view_.status = "File being processed:" + str(number) + " of" + str(count);
+        view_.file = pipeline.page.path;
+        yieldToEvents();
+    }
+    void endPage() {
+        if (page_) result_.pages[*page_] = std::move(pipeline.page);
+        page_.reset();
+    }
+    /// No page is worked on.
+    void endLoop() {
+        pipeline = {};
+        view_.status = idleStatus_;
+        view_.activity.clear();
+        view_.overFiles.visible = false;
+        view_.inFile = {};
+        view_.control.endLoop();
+    }
+
+  private:
+    /// The program ends, or met a fault, in a page.
+    void breakOff() {
+        if (!page_) return;
+        result_.brokenAt = pipeline.page.path;
+        if (pipeline.page.reason.empty()) pipeline.page.reason = "the program ended";
+        endPage();
+    }
+
+    RunView& view_;
+    std::string idleStatus_;
+    RunResult result_;
+    std::optional<std::size_t> page_;  // in work
+};
+
+/// The names file may have a page twice: it is one page all the same.
+void listPages(const std::vector<std::string>& paths, RunResult& result) {
+    std::unordered_set<std::string> known;
+    for (const std::string& path : paths) {
+        if (known.insert(path).second)
+            result.pages.push_back({.path = path});
+        else
+            result.namedTwice.push_back(path);
+    }
+}
+
+void writeFindings(Report& report, const RunResult& result) {
+    for (const std::string& line : findingsOf(result)) report.line(line);
+}
+
+void finish(Report& report, ReportEnd end) {
+    if (end == ReportEnd::show) return showAndDelete(report);
+    if (end == ReportEnd::remove)
+        files().remove(report.path());
+    else if (!report.close())
+        endWith("The report " + report.path() + " could not be written. The disk may be full.");
+}
+
+/// What a run works with.
+struct Worker {
+    ToolRun& tool;
+    Report& report;
+};
+
+/// The result has each page once, where the list may have it again.
+void takePages(RunInProgress& run, RunView& view, const RunSpec& spec, const Worker& worker) {
+    std::size_t next = 0;
+    const std::size_t count = spec.pages.size();
+    for (std::size_t number = 1; number <= count && !view.control.isStopped(); ++number) {
+        const auto& pages = run.result().pages;
+        if (next == pages.size() || pages[next].path != spec.pages[number - 1]) continue;
+        run.beginPage(next++, number, count);
+        const PageEnd end = worker.tool.processPage(
+            {.number = static_cast<int>(number), .result = pipeline.page, .report = worker.report});
+        run.endPage();
+        if (end == PageEnd::endRun) return;
+        if (!view.control.isStopped()) view.overFiles.percent = static_cast<int>(number * 100 / count);
+    }
+}
+
+}  // namespace
+
+PageEnd PageUpdateRun::processPage(const PageInRun& page) {
+    page.report.line(page.result.path);
+    yieldToEvents();
+    if (!attempt([this] { storeFile(form_); })) page.result.isWhole = false;
+    if (!attempt([&] { updatePage(page); })) page.result.isHalfChanged = true;
+    if (pipeline.view->control.isAbandoned()) {
+        page.result.changes = 0;
+        return PageEnd::endRun;
+    }
+    const bool isDue = rewrite_ == Rewrite::always || page.result.changes != 0;
+    if (isDue && !attempt([this] { writeFile(form_); }))
+        page.result.reason = "an item of it cannot be written";
+    page.result.isDone = page.result.reason.empty();
+    return PageEnd::next;
+}
+
+RunResult runOverPages(RunView& view, const RunSpec& spec, ToolRun& tool) {
+    Report report(paths.ProgramFolder + "\\" + spec.report);
+    if (const FileError fault = report.open(); fault != FileError::none) {
+        spec.tellNoReport(report.path(), fault);
+        noteRefusedRun(spec.tool, "The report could not be opened for output.");
+        return runResults.back();
+    }
+    RunInProgress run(view, spec);
+    RunResult& result = run.result();
+    listPages(spec.pages, result);
+    tool.writeHead(report);
+    takePages(run, view, spec, {tool, report});
+    result.end = view.control.isStopped() ? RunEnd::stopped : RunEnd::complete;
+    run.endLoop();
+    const ReportEnd end = tool.writeEnd(report, result);
+    writeFindings(report, result);
+    finish(report, end);
+    return result;
+}
+
+std::vector<std::string> selectedPages() {
+    return {selection.SelectionNames.begin(), selection.SelectionNames.end()};
+}
+
+void noteRefusedRun(const std::string& tool, const std::string& reason) {
+    runResults.push_back({.tool = tool, .begun = dateAndTime(), .end = RunEnd::refused, .reason = reason});
+}
+
+void refuseRun(const std::string& tool, const std::string& text, Icon icon) {
+    noteRefusedRun(tool, text);
+    MsgBox(text, Buttons::ok, icon);
+}
+
+}  // namespace tul

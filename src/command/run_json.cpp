@@ -1,0 +1,67 @@
+#include "command/run_json.h"
+
+#include <nlohmann/json.hpp>
+
+#include "base/text.h"
+#include "host/host.h"
+
+namespace tul::command {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+const char* nameOf(RunEnd end) {
+    switch (end) {
+        case RunEnd::complete:
+            return "complete";
+        case RunEnd::refused:
+            return "refused";
+        case RunEnd::stopped:
+            return "stopped";
+        case RunEnd::broken:
+            break;
+    }
+    return "broken";
+}
+
+/// One word for what happened; the flags beside it say the rest.
+const char* outcomeOf(const PageResult& page) {
+    if (!page.isReached) return "not reached";
+    if (!page.isDone) return "not done";
+    if (!page.isWhole) return "damaged";
+    return page.changes > 0 ? "changed" : "unchanged";
+}
+
+Json pageJson(const PageResult& page) {
+    Json json = {{"path", toUtf8(files().toNative(page.path))},
+                 {"outcome", outcomeOf(page)},
+                 {"changes", page.changes},
+                 {"written", page.isWritten},
+                 {"readWhole", page.isReached && page.isWhole}};
+    if (!page.isReadable) json["readableAgain"] = false;
+    if (page.isHalfChanged) json["changedInPart"] = true;
+    if (page.lacksBackup) json["withoutBackup"] = true;
+    if (!page.reason.empty()) json["reason"] = toUtf8(page.reason);
+    return json;
+}
+
+Json runJson(const RunResult& run) {
+    Json json = {{"tool", run.tool}, {"begun", run.begun}, {"end", nameOf(run.end)}};
+    if (!run.reason.empty()) json["reason"] = toUtf8(run.reason);
+    json["pages"] = Json::array();
+    for (const PageResult& page : run.pages) json["pages"].push_back(pageJson(page));
+    for (const std::string& path : run.namedTwice)
+        json["namedTwice"].push_back(toUtf8(files().toNative(path)));
+    return json;
+}
+
+}  // namespace
+
+std::string jsonOf(const std::vector<RunResult>& runs, ExitStatus status) {
+    Json json = {{"exitStatus", static_cast<int>(status)}, {"runs", Json::array()}};
+    for (const RunResult& run : runs) json["runs"].push_back(runJson(run));
+    return json.dump(1, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+}  // namespace tul::command

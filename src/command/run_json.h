@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "shared/run_result.h"
+
+namespace tul::command {
+
+/// What became of the runs of a call as JSON text in UTF-8; paths as the platform writes them. The page of
+/// the user guide on large archives tells its keys.
+std::string jsonOf(const std::vector<RunResult>& runs, ExitStatus status);
+
+}  // namespace tul::command

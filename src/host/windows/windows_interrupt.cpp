@@ -1,0 +1,22 @@
+#include <windows.h>
+
+#include "host/interrupt.h"
+
+namespace tul {
+
+namespace {
+
+/// The system ends the process when this has returned from a closing: it waits for the page in work until the
+/// system's patience is over.
+BOOL WINAPI takeInterrupt(DWORD event) {
+    if (isInterrupted()) ::ExitProcess(interruptedStatus);
+    setInterrupted(true);
+    if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) ::Sleep(INFINITE);
+    return TRUE;
+}
+
+}  // namespace
+
+void watchForInterrupts() { ::SetConsoleCtrlHandler(takeInterrupt, TRUE); }
+
+}  // namespace tul

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "shared/exit_status.h"
+
+/// What became of a run. Report lines behind a tool's own, the exit status, and what a script gets are made
+/// from it.
+namespace tul {
+
+/// What happened to one page.
+struct PageResult {
+    std::string path;
+    bool isReached = false;
+    bool isDone = false;         // the tool came to its end with the page
+    bool isWritten = false;      // replaced, or its output made
+    std::int64_t changes = 0;    // of its items
+    bool isWhole = true;         // it was read to its end, trailer and all
+    bool isReadable = true;      // as it was written, the reader gives back every item
+    bool isHalfChanged = false;  // the change broke off at an item; what came before it was written
+    bool lacksBackup = false;    // one was asked for, and its copy failed
+    std::string reason = {};     // why it was not done
+};
+
+enum class RunEnd {
+    complete,
+    refused,  // before it began
+    stopped,  // by the user
+    broken,   // by a fatal message or a fault of the program
+};
+
+struct RunResult {
+    std::string tool = {};      // the panel's name without frm: valid, resiz
+    std::string begun = {};     // date and time
+    bool changesPages = false;  // its pages are rewritten, not only read
+    RunEnd end = RunEnd::complete;
+    std::string reason = {};    // of a refusal
+    std::string brokenAt = {};  // path of the page that was in work when the program ended
+    std::vector<PageResult> pages = {};
+    std::vector<std::string> namedTwice = {};  // paths that the names file had once more
+
+    [[nodiscard]] std::int64_t changes() const;
+    [[nodiscard]] ExitStatus exitStatus() const;
+};
+
+/// The runs of this process, or those since somebody emptied it. Owner: the run.
+extern std::vector<RunResult> runResults;
+
+/// What the owner of the pages has to know of single ones, a line for each kind of finding; nothing where all
+/// went well.
+[[nodiscard]] std::vector<std::string> findingsOf(const RunResult& result);
+
+}  // namespace tul

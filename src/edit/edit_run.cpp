@@ -132,10 +132,4 @@ bool refuse(const std::string& text) {
     return false;
 }
 
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
-
-bool isDigitsOnly(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
-}
-
 }  // namespace tul::edit

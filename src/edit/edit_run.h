@@ -73,13 +73,6 @@ std::string itemNumberLine(int item);
 /// Tells that the options do not fit. Always false.
 bool refuse(const std::string& text);
 
-/// The number that a field begins with, 0 without one.
-inline float valueOf(std::string_view text) { return static_cast<float>(numericValue(text)); }
-
-bool isDigit(char character);
-/// At least one character, and digits only.
-bool isDigitsOnly(std::string_view text);
-
 /// Visits the items of the table from the first to the last, as long as the run is not cancelled. What is
 /// appended meanwhile is not visited.
 template <class Visit>

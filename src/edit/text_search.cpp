@@ -120,8 +120,8 @@ class ItemSearch {
     void replaceIn(ItemRow& row, const std::string& searched) const;
 
     const std::string searched_ = withoutDelimiters(textSearch.txtEditSearchString1);
-    const float size_ = valueOf(textSearch.txtEditSearchSize);
-    const float margin_ = valueOf(textSearch.txtEditSearchMargin);
+    const float size_ = numberOf(textSearch.txtEditSearchSize);
+    const float margin_ = numberOf(textSearch.txtEditSearchMargin);
 };
 
 bool ItemSearch::passesFilters(const ItemRow& row) const {

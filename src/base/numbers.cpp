@@ -177,8 +177,6 @@ std::string written(const Section& section, const Decimal& number) {
     return text;
 }
 
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
-
 std::size_t digitsAtStart(std::string_view text) {
     return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
 }

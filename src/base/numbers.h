@@ -52,6 +52,8 @@ std::string formatted(double value, std::string_view pattern);
 
 /// The numeric value of a text: leading blanks, a sign, digits, one point; 0 if there is no number.
 double numericValue(std::string_view text);
+/// The same in the precision of a parameter.
+inline float numberOf(std::string_view text) { return static_cast<float>(numericValue(text)); }
 
 /// True when the whole trimmed text is one number, an exponent allowed.
 bool isNumeric(std::string_view text);

@@ -120,6 +120,10 @@ std::string upperCase(std::string_view text) {
     return result;
 }
 
+bool isDigitsOnly(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
+}
+
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameLetter);
 }

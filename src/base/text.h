@@ -17,6 +17,11 @@ inline constexpr std::string_view CrLf = "\r\n";
 std::string upperCase(std::string_view text);
 char upperCase(char character);
 
+/// 0 to 9.
+constexpr bool isDigit(char character) { return character >= '0' && character <= '9'; }
+/// At least one character, and digits only.
+bool isDigitsOnly(std::string_view text);
+
 /// Equal but for the case of A to Z.
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 

@@ -215,7 +215,7 @@ void ShowRegistry() {
     std::string text = "Registry kept by TUL utilities." + newLine;
     for (const ProfileValue& each : profileValues) {
         const std::string value = profile().read(each.section, each.key).substr(0, profileValueLength);
-        text += newLine + each.label + (each.number ? plain(static_cast<float>(numericValue(value))) : value);
+        text += newLine + each.label + (each.number ? plain(numberOf(value)) : value);
     }
     MsgBox(text, Buttons::ok, Icon::information);
 }

@@ -25,7 +25,6 @@ constexpr int mostDigits = 7;
 constexpr std::size_t suffixLength = 3;
 constexpr std::size_t codeLength = 4;
 
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
 bool isSuffixCharacter(char character) {
     return isDigit(character) || (character >= 'A' && character <= 'Z');
 }
@@ -80,9 +79,7 @@ std::string keepSize(const std::string& typed) {
     return kept;
 }
 
-std::string keepMarkedSize(const std::string& typed) {
-    return plain(numberMark + static_cast<float>(numericValue(keepSize(typed))));
-}
+std::string keepMarkedSize(const std::string& typed) { return plain(numberMark + numberOf(keepSize(typed))); }
 
 std::string keepLyricsSize(const std::string& typed) {
     const bool isPointSize = isPlainNumber(typed) && numericValue(typed) < 0;

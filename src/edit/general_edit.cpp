@@ -33,14 +33,14 @@ bool mayChange() {
     const GeneralEdit& edit = generalEdit;
     const bool compares = !compareString().empty();
     const bool isEqual = edit.lstr[0].text == "=";
-    const float value = valueOf(edit.txtv[0]);
+    const float value = numberOf(edit.txtv[0]);
     if (compares && isEqual && value != textCode && value != symbolCode)
         return refuse("A compare string was provided but the operator is not '=16' or '=9'");
     if (compares && isEqual && value == textCode && !beginsWithFont(edit.txtGeneralEdit))
         return refuse("The compare string is not preceded by a font");
     if (!compares && !isDigitsOnly(edit.txtp4)) return refuse("Result parameter not numeric: " + edit.txtp4);
-    if (valueOf(edit.txtp4) == 1.0F && MsgBox("Changing Par1 is quite drastic. Are you sure?", Buttons::yesNo,
-                                              Icon::question) != Answer::yes)
+    if (numberOf(edit.txtp4) == 1.0F && MsgBox("Changing Par1 is quite drastic. Are you sure?",
+                                               Buttons::yesNo, Icon::question) != Answer::yes)
         return false;
     if (!compares && !isPlainNumber(edit.txtv4)) return refuse("Invalid set to value: " + edit.txtv4);
     return true;
@@ -48,7 +48,7 @@ bool mayChange() {
 
 bool isFirstComplete() {
     const GeneralEdit& edit = generalEdit;
-    const float par = valueOf(edit.txtp[0]);
+    const float par = numberOf(edit.txtp[0]);
     if (par < 1.0F || par > 18.0F) return refuse("Invalid parameter in first condition: " + edit.txtp[0]);
     if (!isPlainNumber(edit.txtv[0])) return refuse("Invalid value in first condition: " + edit.txtv[0]);
     if (edit.lstr[0].list.selected < 0) return refuse("No relation selected in first condition");
@@ -85,7 +85,8 @@ struct Condition {
 
 Condition conditionOf(std::size_t number) {
     const std::string& par = generalEdit.txtp[number];
-    return {valueOf(par), parameterOf(par), generalEdit.lstr[number].text, valueOf(generalEdit.txtv[number])};
+    return {numberOf(par), parameterOf(par), generalEdit.lstr[number].text,
+            numberOf(generalEdit.txtv[number])};
 }
 
 /// Par 0 is no parameter: it reads as 0.
@@ -128,13 +129,13 @@ class GeneralRun : public FamilyRun {
     void change(ItemRow& row) const;
 
     const GeneralEdit& edit_ = generalEdit;
-    const float margin_ = valueOf(edit_.txtGeneralMargin);
+    const float margin_ = numberOf(edit_.txtGeneralMargin);
     const std::array<Condition, 3> conditions_ = {conditionOf(0), conditionOf(1), conditionOf(2)};
     const std::string compared_ = compareString();
     const std::string comparedLibrary_ = upperCase(compared_);
     const bool setsText_ = conditions_[0].value == textCode && !isDigitsOnly(edit_.txtp4);
     const int changedPar_ = parameterOf(edit_.txtp4);
-    const float newValue_ = valueOf(edit_.txtv4);
+    const float newValue_ = numberOf(edit_.txtv4);
 };
 
 /// The value alone tells whether something is compared, whatever the parameter is.
@@ -180,7 +181,7 @@ void GeneralRun::update(int item, ItemRow& row, Report& report) const {
 
 std::string actionLine() {
     const GeneralEdit& edit = generalEdit;
-    if (compareString().empty()) return "Par" + plain(valueOf(edit.txtp4)) + " to " + edit.txtv4;
+    if (compareString().empty()) return "Par" + plain(numberOf(edit.txtp4)) + " to " + edit.txtv4;
     if (edit.lstr[0].text == "=" && edit.txtv[0] == "9" && edit.txtp4 == "1" && edit.txtv4 == "999")
         return "Deleting item refering to DRW file " + edit.txtGeneralEdit;
     return "Text " + edit.txtGeneralEdit + " to " + edit.txtv4;

@@ -34,11 +34,7 @@ int absoluteInteger(std::string_view text) {
     return toInt32(std::fabs(numberOf(text))).value_or(std::numeric_limits<int>::max());
 }
 
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
-
 }  // namespace
-
-float numberOf(std::string_view text) { return static_cast<float>(numericValue(text)); }
 
 std::string keepNoteSize(const std::string& typed) {
     const float value = numberOf(typed);

@@ -1,14 +1,10 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 /// What the fields of the resize tool keep of what was typed into them. Each tells the user when that is
 /// something else.
 namespace tul::resize {
-
-/// The number that a field begins with, 0 without one.
-float numberOf(std::string_view text);
 
 std::string keepNoteSize(const std::string& typed);
 std::string keepSlurThickness(const std::string& typed);

@@ -54,7 +54,7 @@ void FontsRun::setFont(std::string& text, std::size_t place) {
 /// Yes.
 void FontsRun::modifyFonts(int item, ItemRow& row) {
     const std::string font = inputPrefix();
-    const bool fits = textFonts.txtModifySize.empty() || valueOf(textFonts.txtModifySize) == row.pars[6];
+    const bool fits = textFonts.txtModifySize.empty() || numberOf(textFonts.txtModifySize) == row.pars[6];
     for (std::size_t from = 0; (from = row.text.find(font, from)) != std::string::npos;
          from += prefixLength) {
         const bool confirmed = !textSearch.chkEditVerify ||
@@ -106,14 +106,14 @@ void FontsRun::modifyNumber(int item, Parameters& pars) {
     float font = pars[7];
     if (font >= thousand) font -= thousand;
     if (font >= hundred) font -= hundred;
-    if (font != valueOf(textFonts.txtEditFontInput)) return;
+    if (font != numberOf(textFonts.txtEditFontInput)) return;
     if (textSearch.chkEditVerify &&
         !isConfirmed("Found number with font in Par7:" + str(pars[7]) + newLine + inFile() +
                      "replace by font: " + textFonts.txtEditFontOutput + newLine +
                      behindFound(item, replaceQuestion)))
         return;
     if (textFonts.optEditDeleteText || !textFonts.chkEditModifyInclude) return;
-    pars[7] = valueOf(textFonts.txtEditFontOutput) + (pars[7] - font);
+    pars[7] = numberOf(textFonts.txtEditFontOutput) + (pars[7] - font);
     countChange(modified_);
 }
 

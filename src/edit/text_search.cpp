@@ -124,8 +124,8 @@ class SearchRun : public FamilyRun {
     void replaceIn(ItemRow& row, const std::string& searched);
 
     const std::string searched_ = withoutDelimiters(textSearch.txtEditSearchString1);
-    const float size_ = valueOf(textSearch.txtEditSearchSize);
-    const float margin_ = valueOf(textSearch.txtEditSearchMargin);
+    const float size_ = numberOf(textSearch.txtEditSearchSize);
+    const float margin_ = numberOf(textSearch.txtEditSearchMargin);
     std::int32_t replaces_ = 0;
 };
 

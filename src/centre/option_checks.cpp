@@ -33,7 +33,7 @@ void tellCorrection(const char* text) { MsgBox(text, Buttons::ok, Icon::exclamat
 
 std::string codeLine(const std::string& code) {
     std::string text;
-    files().read(projectSettings.Code9Path, text);
+    files().readIfThere(projectSettings.Code9Path, text);
     for (const std::string_view line : linesOf(text))
         if (line.starts_with(code)) return std::string(trimRight(line));
     return {};

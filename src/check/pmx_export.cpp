@@ -199,7 +199,7 @@ void finishReport(Report& report) {
     if (pmxRun.options.chkPMXreport) {
         showAndDelete(report);
     } else {
-        files().remove(report.path());
+        files().removeIfThere(report.path());
     }
 }
 
@@ -241,7 +241,7 @@ void cmdPmxRun() {
     pmxRun.lblPmxStatus.clear();
     pmxRun.control.endLoop();
     if (step == RunStep::outputRefused) {
-        report.close();
+        std::ignore = report.close();  // the refusal that ended the run was told
     } else {
         finishReport(report);
     }

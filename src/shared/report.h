@@ -13,11 +13,11 @@ class Report {
     explicit Report(std::string path) : path_(std::move(path)) {}
 
     /// Makes the file, empty. False when it cannot be opened for output.
-    bool open();
+    [[nodiscard]] bool open();
     void line(std::string_view text);
     void line(const PrintLine& text) { line(text.line()); }
     /// Writes the file. False when the disk does not take it.
-    bool close();
+    [[nodiscard]] bool close();
 
     const std::string& path() const { return path_; }
 

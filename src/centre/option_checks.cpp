@@ -7,6 +7,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
+#include "music/items.h"
 #include "shared/records.h"
 
 namespace tul {
@@ -102,8 +103,7 @@ std::string keepSuffix(const std::string& typed, const std::string& present) {
 
 std::string FontCodeText(const std::string& code) {
     if (code.size() == codeLength && code.starts_with('3')) return codeLine(code);
-    const bool hasPrefix = code.size() > 2 && code.starts_with('_') && isDigit(code[1]) && isDigit(code[2]);
-    return hasPrefix ? code : std::string();
+    return beginsWithFont(code) ? code : std::string();
 }
 
 }  // namespace tul

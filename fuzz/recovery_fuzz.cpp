@@ -43,14 +43,14 @@ void readWhole(const std::string& path, const Recovery& result) {
         require(result.tooLong > 0);
     }
     MusClose();
-    require(result.page.size() == 2 + recovery::wordBytes * static_cast<std::size_t>(musReader.MusWordCount));
+    require(result.page.size() == 2 + wordBytes * static_cast<std::size_t>(musReader.MusWordCount));
 }
 
 void recoverWith(fuzz::MemoryHost& host, const std::string& bytes, int items) {
     const std::string path = host.layOutPage(bytes).front();
     const Recovery result = recovery::recover(bytes, items);
     require(result.kept <= items);
-    if (bytes.size() <= fuzz::mostWords * recovery::wordBytes)
+    if (bytes.size() <= fuzz::mostWords * wordBytes)
         require(result.items() + result.lost >= walkable(path, items, recovery::findEnd(bytes).at));
     host.contents[path] = result.page;
     readWhole(path, result);

@@ -194,7 +194,7 @@ int main(int argc, char** argv) {
     host.face = &face;
     installHost(host);
     freshProcess();
-    files().changeFolder(files().fromNative(words[1].toStdString()).value_or("."));
+    files().enterIfThere(files().fromNative(words[1].toStdString()).value_or("."));
     StartUp();
     face.settle();
     takeAll(face, gallery);

@@ -68,8 +68,8 @@ bool isWholeNumber(std::string_view text);
 double roundToEven(double value);
 
 /// Rounded to nearest, ties to even; nothing for NaN, infinities and values beyond signed 16 or 32 bits.
-std::optional<std::int32_t> toInt32(double value);
-inline std::optional<std::int16_t> toInt16(double value) {
+[[nodiscard]] std::optional<std::int32_t> toInt32(double value);
+[[nodiscard]] inline std::optional<std::int16_t> toInt16(double value) {
     // Every item has a length word that goes through here: adding and taking away a number whose last place
     // is 1 rounds as the processor does, without a call.
     static_assert(FLT_EVAL_METHOD == 0);
@@ -83,6 +83,21 @@ inline std::optional<std::int16_t> toInt16(double value) {
 /// A 16-bit counter wraps in silence.
 constexpr std::int16_t wrap16(std::int64_t value) {
     return static_cast<std::int16_t>(static_cast<std::uint16_t>(value & 0xFFFF));
+}
+
+/// How far apart two values may be and still count as the same: less than so much, or as much.
+struct Margin {
+    float width;
+    bool holdsWidth;
+};
+constexpr Margin lessThan(float width) { return {.width = width, .holdsWidth = false}; }
+constexpr Margin atMost(float width) { return {.width = width, .holdsWidth = true}; }
+
+/// The difference is rounded to single precision first. NaN is near nothing, and an infinity not even itself.
+constexpr bool isNear(float a, float b, Margin margin) {
+    const float difference = a - b;
+    const float distance = difference < 0.0F ? -difference : difference;
+    return distance < margin.width || (margin.holdsWidth && distance == margin.width);
 }
 
 /// Integer part, toward minus infinity.

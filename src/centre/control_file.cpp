@@ -100,7 +100,7 @@ void cycleLog() {
     if (files().read(paths.LogFilePath, log) != FileError::none)
         endWith("Failed to open" + paths.LogFilePath + " for input. Hit OK to terminate");
     if (linesOf(log).size() <= static_cast<std::size_t>(machineSettings.MaxLogRecords)) return;
-    files().remove("TULLOG.BKP");
+    files().removeIfThere("TULLOG.BKP");
     const bool saved = files().rename(paths.LogFilePath, "TULLOG.BKP") == FileError::none;
     startUpWarning(saved ? "Cycled logging file " + paths.LogFilePath + " and saved previous to TULLOG.BKP"
                          : "Logging file " + paths.LogFilePath +

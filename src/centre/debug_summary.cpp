@@ -185,7 +185,7 @@ void FileInclude(Report& report, const std::string& path) {
     report.line("File contents of " + path + ":");
     report.line("-----------------------------");
     std::string text;
-    files().read(path, text);
+    files().readIfThere(path, text);
     for (const std::string_view line : linesOf(text)) report.line(line);
 }
 

@@ -54,7 +54,7 @@ class SelectionSeries {
                            "With parameters:", arguments}));
         }
         // What was chosen for the program before is not to be taken for this one when the user cancels.
-        files().remove(paths.NamesFilePath);
+        files().removeIfThere(paths.NamesFilePath);
         chooseNames(arguments, offer.prompt);
         ReadNamesFile();
         if (selection.SelectionCount == 0 && mayBeNone) return {};

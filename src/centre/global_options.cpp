@@ -232,7 +232,7 @@ void showLinkedEngines() {
     const std::string& dispatcher = machineSettings.ScoreEngineProgramPath;
     if (dispatcher.empty()) return;
     std::string profile;
-    files().read(std::string(folderOf(dispatcher)) + "ScoreEngineLinkProfile.TXT", profile);
+    files().readIfThere(std::string(folderOf(dispatcher)) + "ScoreEngineLinkProfile.TXT", profile);
     for (const std::string_view line : linesOf(profile)) {
         const auto holds = [line](const char* link) { return line.find(link) != std::string_view::npos; };
         if (holds("\\SCORE.EXE,1000")) globalOptions.scoreEngine3Linked = true;
@@ -243,7 +243,7 @@ void showLinkedEngines() {
 void addLines(ListBox& list, const std::string& path) {
     std::string contents;
     if (!FileExists(path)) return;
-    files().read(path, contents);
+    files().readIfThere(path, contents);
     for (const std::string_view line : linesOf(contents)) list.entries.emplace_back(line);
 }
 
@@ -327,7 +327,7 @@ void cmdGlobalOptionsDefault() {
          .icon = Icon::question,
          .title = "Default Global Options"});
     if (answer != Answer::ok) return;
-    files().remove(paths.OptionsFilePath);
+    files().removeIfThere(paths.OptionsFilePath);
     leaveProgram();
 }
 

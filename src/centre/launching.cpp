@@ -127,9 +127,9 @@ void ShowOwnHelpFile() {
 
 InFolder::InFolder(const std::string& folder, std::string behind)
     : behind_(behind.empty() ? files().currentFolder() : std::move(behind)) {
-    files().changeFolder(folder);
+    files().enterIfThere(folder);
 }
 
-InFolder::~InFolder() { files().changeFolder(behind_); }
+InFolder::~InFolder() { files().enterIfThere(behind_); }
 
 }  // namespace tul

@@ -22,7 +22,7 @@ const std::string newLine(CrLf);
 void discardNamesFile(const std::string& message) {
     MsgBox(message, Buttons::ok, Icon::exclamation);
     ViewWithEditor(paths.NamesFilePath);
-    files().remove(paths.NamesFilePath);
+    files().removeIfThere(paths.NamesFilePath);
     selection.SelectionCount = 0;
     selection.SelectionNames.clear();
 }
@@ -202,7 +202,7 @@ std::string SelectFolder(const std::string& remark) {
     }
     std::string folder;
     std::string text;
-    files().read(paths.TulFolderResultName, text);
+    files().readIfThere(paths.TulFolderResultName, text);
     for (const std::string_view line : linesOf(text))
         if (!line.empty() && line.front() != '*') folder = trimRight(line);
     return folder;

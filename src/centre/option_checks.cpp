@@ -7,6 +7,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
+#include "music/items.h"
 #include "shared/records.h"
 
 namespace tul {
@@ -33,7 +34,7 @@ void tellCorrection(const char* text) { MsgBox(text, Buttons::ok, Icon::exclamat
 
 std::string codeLine(const std::string& code) {
     std::string text;
-    files().read(projectSettings.Code9Path, text);
+    files().readIfThere(projectSettings.Code9Path, text);
     for (const std::string_view line : linesOf(text))
         if (line.starts_with(code)) return std::string(trimRight(line));
     return {};
@@ -102,8 +103,7 @@ std::string keepSuffix(const std::string& typed, const std::string& present) {
 
 std::string FontCodeText(const std::string& code) {
     if (code.size() == codeLength && code.starts_with('3')) return codeLine(code);
-    const bool hasPrefix = code.size() > 2 && code.starts_with('_') && isDigit(code[1]) && isDigit(code[2]);
-    return hasPrefix ? code : std::string();
+    return beginsWithFont(code) ? code : std::string();
 }
 
 }  // namespace tul

@@ -95,7 +95,7 @@ void writeFindings(Report& report, const RunResult& result) {
 void finish(Report& report, ReportEnd end) {
     if (end == ReportEnd::show) return showAndDelete(report);
     if (end == ReportEnd::remove)
-        files().remove(report.path());
+        files().removeIfThere(report.path());
     else if (!report.close())
         endWith("The report " + report.path() + " could not be written. The disk may be full.");
 }

@@ -110,7 +110,7 @@ void readTulMonit() {
     if (files().read(result, text) != FileError::none) endWith("Failed to read monitor values");
     for (const std::string_view line : linesOf(text))
         if (!line.starts_with('*')) readMonitorLine(upperCase(line));
-    files().remove(result);
+    files().removeIfThere(result);
 }
 
 }  // namespace tul

@@ -103,7 +103,7 @@ std::string bringBack(const std::string& name, const std::string& folder) {
         MsgBox("Failed to copy " + path + " to " + folder + name, Buttons::ok, Icon::exclamation);
         return {};
     }
-    files().remove(path);
+    files().removeIfThere(path);
     return folder + name;
 }
 
@@ -163,8 +163,8 @@ void RunInWorkFolder(const std::string& folder, const std::string& program) {
     {
         const InFolder present(withBackslash(folder), paths.ProgramFolder);
         ShellAndWait(path);
-        files().remove(withBackslash(folder) + workFile);
-        if (isCopy) files().remove(path);
+        files().removeIfThere(withBackslash(folder) + workFile);
+        if (isCopy) files().removeIfThere(path);
     }
     for (const std::string& name : files().list(withBackslash(folder)))
         if (scoreRun.NewestResult.empty() && isNew(folder + "\\" + name))
@@ -179,7 +179,7 @@ void RunInScoreFolder(const std::string& arguments) {
     {
         const InFolder present(machineSettings.ScoreFolder);
         ShellAndWait(machineSettings.PagePath + (arguments.empty() ? "" : " ") + arguments);
-        files().remove(machineSettings.ScoreFolder + workFile);
+        files().removeIfThere(machineSettings.ScoreFolder + workFile);
     }
     if (deleteCopies(copies)) bringResultsBack();
 }

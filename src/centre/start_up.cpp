@@ -91,7 +91,7 @@ std::string buildNumberOf(const std::string& versionText) {
 std::string lastVersionExecuted() {
     constexpr std::string_view key = "LastVersionExecuted=";
     std::string text;
-    files().read(paths.ControlFilePath, text);
+    files().readIfThere(paths.ControlFilePath, text);
     for (const std::string_view line : linesOf(text))
         if (line.starts_with(key)) return std::string(line.substr(key.size()));
     return {};
@@ -101,7 +101,7 @@ std::string lastVersionExecuted() {
 void testBuild() {
     const double build = numericValue(buildNumberOf(lastVersionExecuted()));
     if (build == 0) {
-        files().remove(paths.ControlFilePath);
+        files().removeIfThere(paths.ControlFilePath);
         endWith("TULCNTRL.INI was deleted because it could not establish the last version of TUL used." +
                 newLine +
                 "This file must have been corrupted. It will be deleted and you will have to restart TUL "
@@ -114,7 +114,7 @@ void testBuild() {
                    "TUL needs to be reconfigured as if it were its first use." + newLine +
                    "This one-time operation takes only a few seconds of your time.",
                Buttons::ok, Icon::critical);
-        files().remove(paths.ControlFilePath);
+        files().removeIfThere(paths.ControlFilePath);
         endProgram();
     }
 }
@@ -210,7 +210,7 @@ void showPreferredTab() {
 void LoadDateSettings() {
     dateSettings = {};
     std::string text;
-    files().read("c:\\windows\\win.ini", text);
+    files().readIfThere("c:\\windows\\win.ini", text);
     std::string section;
     for (const std::string_view line : linesOf(text)) {
         if (line.starts_with('[')) section = upperCase(trim(line));

@@ -148,7 +148,7 @@ void cmdAnlib() {
                Buttons::ok, Icon::exclamation);
         return;
     }
-    files().remove(inProgramFolder("\\TULANLIB.SUM"));
+    files().removeIfThere(inProgramFolder("\\TULANLIB.SUM"));
     const HiddenPanel hidden;
     ShellAndWait(paths.TulAnli1Path);
 }

@@ -66,7 +66,7 @@ void ViewInPanel(const std::string& path) {
     notepadPanel.path = path;
     notepadPanel.caption = path + " - file " + face().frontCaption();
     std::string text;
-    files().read(path, text);
+    files().readIfThere(path, text);
     for (const std::string_view line : linesOf(text)) notepadPanel.lstTulboard.entries.emplace_back(line);
     face().openPanel("frmNotepad");
 }
@@ -93,7 +93,7 @@ void showAndDelete(Report& report) {
     if (!report.close())
         endWith("The report " + report.path() + " could not be written. The disk may be full.");
     ViewWithEditor(report.path());
-    files().remove(report.path());
+    files().removeIfThere(report.path());
 }
 
 void SeeTextFile() {

@@ -11,7 +11,7 @@
 #include "centre/viewing.h"
 #include "check/pmx_numbers.h"
 #include "host/host.h"
-#include "music/mus_reader.h"
+#include "music/items.h"
 #include "shared/function_module.h"
 #include "shared/records.h"
 #include "shared/report.h"
@@ -34,19 +34,11 @@ void appendLine(std::string& text, std::initializer_list<std::string_view> parts
     text += CrLf;
 }
 
-bool isTextCode(float code) { return code == 11.0F || code == 15.0F || code == 16.0F; }
-
-/// The highest parameter up to `last` that is not 0; Par 1 never is.
-int lastUsedPar(int last) {
-    while (last > 1 && musItem.MusPar[last] == 0.0F) --last;
-    return last;
-}
-
 void appendStaff(std::string& text) {
-    const float staff = musItem.MusPar[2];
+    const float staff = musItem.MusPar[par::staff];
     if (pmxRun.options.optPMXformatCondensed) {
         appendGeneral(text, staff);
-    } else if (musItem.MusPar[1] == 16.0F) {
+    } else if (isText(musItem.MusPar)) {
         appendTabTextStaff(text, staff);
     } else {
         appendTabCode(text, staff);
@@ -68,13 +60,13 @@ void appendNumbers(std::string& text, int last) {
 
 void appendPlainItem(std::string& text) {
     if (pmxRun.options.optPMXformatCondensed) {
-        appendGeneral(text, musItem.MusPar[1]);
+        appendGeneral(text, musItem.MusPar[par::code]);
     } else {
-        appendTabCode(text, musItem.MusPar[1]);
+        appendTabCode(text, musItem.MusPar[par::code]);
     }
     text += ' ';
     appendStaff(text);
-    const int last = lastUsedPar(Parameters::count);
+    const int last = lastUsedPar(musItem.MusPar);
     if (last > 2) text += ' ';
     appendNumbers(text, last);
     text += CrLf;
@@ -82,42 +74,34 @@ void appendPlainItem(std::string& text) {
 
 /// The blank behind the staff stays where no number follows it.
 void appendTextItem(std::string& text) {
-    const float code = musItem.MusPar[1];
-    text += code == 16.0F ? "t " : code == 11.0F ? "11 " : "15 ";
+    const float code = musItem.MusPar[par::code];
+    text += code == code::text ? "t " : code == code::shortText ? "11 " : "15 ";
     appendStaff(text);
     text += ' ';
-    appendNumbers(text, lastUsedPar(lastTextPar));
+    appendNumbers(text, lastUsedPar(musItem.MusPar, lastTextPar));
     text += CrLf;
-    appendLine(text, {code == 11.0F ? trimRight(musItem.MusText) : musItem.MusText});
+    appendLine(text, {code == code::shortText ? trimRight(musItem.MusText) : musItem.MusText});
 }
 
 /// False where the structure breaks off.
 bool exportItem(std::string& text) {
-    musItem.MusItemNumber = wrap16(musItem.MusItemNumber + 1);
-    MusReadWord();
-    const auto parameters = toInt16(musItem.MusWord);
-    if (!parameters) return false;
-    musItem.MusParCount = *parameters;
+    if (!MusReadLength()) return false;
+    const int parameters = musItem.MusParCount;
     if (pmxRun.options.chkPMXcomment) {
-        appendLine(text, {"* Item ", plain(musItem.MusItemNumber), ", Number of parameters is ",
-                          plain(*parameters)});
+        appendLine(
+            text, {"* Item ", plain(musItem.MusItemNumber), ", Number of parameters is ", plain(parameters)});
     }
-    if (*parameters < 2) return false;
-    musItem.MusPar.clear();
-    musItem.MusText.clear();
-    MusReadWord();
-    if (musItem.MusWord < lowestItemCode || musItem.MusWord > highestItemCode) return false;
-    musItem.MusPar[1] = musItem.MusWord;
+    if (parameters < shortestItem || !MusReadCode()) return false;
 
-    if (isTextCode(musItem.MusPar[1])) {
-        if (*parameters < shortestTextItem) return false;
-        MusReadPars(2, 12);
+    if (carriesText(musItem.MusPar[par::code])) {
+        if (parameters < shortestTextItem) return false;
+        MusReadPars(2, textItemPars - 1);
         MusReadChars();
-        MusReadText(*parameters - 13);
+        MusReadText(parameters - textItemPars);
         appendTextItem(text);
     } else {
-        if (*parameters > Parameters::count) return false;
-        MusReadPars(2, *parameters);
+        if (parameters > Parameters::count) return false;
+        MusReadPars(2, parameters);
         appendPlainItem(text);
     }
     return true;

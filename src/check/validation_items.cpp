@@ -6,6 +6,7 @@
 #include "centre/launching.h"
 #include "check/validation.h"
 #include "host/host.h"
+#include "music/items.h"
 #include "music/mus_reader.h"
 #include "music/pipeline.h"
 #include "shared/function_module.h"
@@ -50,11 +51,11 @@ bool askToContinue(const std::string& finding) {
 
 /// The last answer counts: a No is taken back by a Yes to a later question on the same item.
 bool checkMeaning() {
-    const float code = musItem.MusPar[1];
-    const float staff = musItem.MusPar[2];
+    const float code = musItem.MusPar[par::code];
+    const float staff = musItem.MusPar[par::staff];
     bool goOn = true;
     if (code < lowestItemCode || code > highestItemCode) goOn = askToContinue("Found an item code <1 or >18");
-    if (code == 13.0F) goOn = askToContinue("Found an item code 13");
+    if (code == code::code13) goOn = askToContinue("Found an item code 13");
     if (!isInteger(code)) goOn = askToContinue("Found a non-integer item code (" + plain(code) + ") number");
     if (staff < 1.0F || staff > static_cast<float>(projectSettings.StaffRange))
         goOn = askToContinue(joined("Found a staff number less <1 or >", projectSettings.StaffRange));
@@ -65,16 +66,14 @@ bool checkMeaning() {
 /// What the messages pass over or only mention, but the other tools stop at. A code 15 item may be as long as
 /// the file name that it holds.
 bool isRefusedByTools(float code, int parameters) {
-    const float whole = integerPart(code);
-    const bool isText = whole == 11.0F || whole == 15.0F || whole == 16.0F;
-    return isText ? parameters < shortestTextItem : parameters > Parameters::count;
+    return readsAsText(code) ? parameters < shortestTextItem : parameters > Parameters::count;
 }
 
 void readParameterItem(int parameters) {
     if (parameters > Parameters::count) {
         inform("MUS file structure error. Invalid number of parms: " + plain(parameters) + newLine +
                joined("Item number: ", musItem.MusItemNumber - 1) + newLine +
-               joined("Par1=", musItem.MusPar[1]) + newLine + "File: " + currentPath());
+               joined("Par1=", musItem.MusPar[par::code]) + newLine + "File: " + currentPath());
         inform("Too many parameters in an item. SCORE sometimes does not reject this.");
     }
     const int kept = parameters < Parameters::count ? parameters : Parameters::count;
@@ -82,28 +81,15 @@ void readParameterItem(int parameters) {
     MusSkipWords(parameters - kept);
 }
 
-void readTextItem(int parameters) {
-    MusReadPars(2, 12);
-    MusReadChars();
-    musItem.MusText.clear();
-    MusReadText(parameters - 13);
-    cutMusText();
-}
-
 ItemEnd validateItem(Report& report) {
-    musItem.MusItemNumber = wrap16(musItem.MusItemNumber + 1);
-    MusReadWord();
-    const auto parameters = toInt16(musItem.MusWord);
-    if (!parameters) return giveUp("MUS file structure error. Conversion error2.", false);
-    musItem.MusParCount = *parameters;
-    if (*parameters < 2) {
+    if (!MusReadLength()) return giveUp("MUS file structure error. Conversion error2.", false);
+    const int parameters = musItem.MusParCount;
+    if (parameters < shortestItem) {
         return giveUp(
-            "MUS file structure error. Invalid number of parameters (" + plain(*parameters) + ") in item.",
+            "MUS file structure error. Invalid number of parameters (" + plain(parameters) + ") in item.",
             true);
     }
-    musItem.MusPar.clear();
-    MusReadWord();
-    if (musItem.MusWord < lowestItemCode || musItem.MusWord > highestItemCode) {
+    if (!MusReadCode()) {
         // The item goes on being handled, on what a closed file leaves: the words stay as they are, and the
         // index runs on until it passes the word count.
         pipeline.page.isWhole = false;
@@ -112,15 +98,14 @@ ItemEnd validateItem(Report& report) {
                         musItem.MusItemNumber);
         if (musItem.MusItemNumber == 1) informNoMusFile();
     }
-    musItem.MusPar[1] = musItem.MusWord;
-    const float code = musItem.MusPar[1];
-    if (code == 11.0F || code == 16.0F) {
-        if (*parameters < shortestTextItem)
-            return giveUp("MUS file structure error. Text length error (" + plain(*parameters) + ").", true);
-        readTextItem(*parameters);
+    const float code = musItem.MusPar[par::code];
+    if (code == code::shortText || code == code::text) {
+        if (parameters < shortestTextItem)
+            return giveUp("MUS file structure error. Text length error (" + plain(parameters) + ").", true);
+        MusReadTextItem(false);
     } else {
-        if (isRefusedByTools(code, *parameters)) pipeline.page.isWhole = false;
-        readParameterItem(*parameters);
+        if (isRefusedByTools(code, parameters)) pipeline.page.isWhole = false;
+        readParameterItem(parameters);
     }
     if (!checkMeaning()) {
         MusClose();

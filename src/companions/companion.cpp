@@ -1,6 +1,7 @@
 #include "companions/companion.h"
 
 #include <iostream>
+#include <tuple>
 
 #include "base/text.h"
 #include "companions/terminal.h"
@@ -29,7 +30,8 @@ bool isSeen() {
 
 /// By a program of its own, so that the companions without windows start without the toolkit.
 void showInWindow(const std::string& kind, const std::string& program, const std::string& text) {
-    processes().runAndWait(
+    // Where no window comes up there is nobody to tell it to.
+    std::ignore = processes().runAndWait(
         {.program = installation + "\\TULTELL.EXE", .arguments = {}, .words = {kind, program, toUtf8(text)}});
 }
 
@@ -108,7 +110,7 @@ int openScore(const std::string& program, const std::string& page, ScoreKind kin
     if (score.empty())
         return refuse(program, "no SCORE is linked. Enter its path as ScorePath= in TULCNTRL.INI.");
     if (!files().canRead(score)) return refuse(program, "the linked SCORE was not found: " + score);
-    files().changeFolder(std::string(folderOf(score)));
+    files().enterIfThere(std::string(folderOf(score)));
     Launch launch{.program = score, .arguments = page};
     if (!page.empty()) launch.words = {page};
     const LaunchResult result = processes().runAndWait(launch);

@@ -67,7 +67,7 @@ bool isFolder(const std::string& path) {
 
 std::vector<std::string> readNames(const std::string& namesPath) {
     std::string text;
-    files().read(namesPath, text);
+    files().readIfThere(namesPath, text);
     std::vector<std::string> paths;
     for (const std::string_view raw : linesOf(text)) {
         std::string_view line = trimRight(raw);

@@ -10,7 +10,7 @@
 
 #include "base/numbers.h"
 #include "companions/sound_runs.h"
-#include "music/mus_reader.h"
+#include "music/items.h"
 #include "music/mus_writer.h"
 
 namespace tul::recovery {
@@ -18,15 +18,15 @@ namespace tul::recovery {
 namespace {
 
 constexpr int mostWords = std::numeric_limits<std::int16_t>::max();
-constexpr std::size_t parameterBytes = 13 * wordBytes;  // of a text item, before its text
-constexpr std::size_t shortestGap = 2 * wordBytes;      // no item has left less than a length and a code
+constexpr std::size_t parameterBytes = textItemPars * wordBytes;  // of a text item, before its text
+constexpr std::size_t shortestGap = 2 * wordBytes;  // no item has left less than a length and a code
 
 using Items = std::vector<ItemPlace>;
 
 /// Words of text that the tools give an item of this code at least.
 int leastTextWords(float code) {
     const float whole = integerPart(code);
-    return whole == 15.0F ? 6 : whole == 11.0F ? 2 : 1;
+    return whole == code::fileName ? 6 : whole == code::shortText ? 2 : 1;
 }
 
 class PageRecovery {
@@ -53,9 +53,10 @@ class PageRecovery {
         if (at + 2 * wordBytes > end_.at) return std::nullopt;
         const auto parameters = toInt16(wordAt(bytes_, at));
         const float code = wordAt(bytes_, at + wordBytes);
-        if (!parameters || *parameters < 2 || code < lowestItemCode || code > highestItemCode)
+        if (!parameters || *parameters < shortestItem || code < lowestItemCode || code > highestItemCode)
             return std::nullopt;
-        if ((code == 11.0F || code == 16.0F) && *parameters < shortestTextItem) return std::nullopt;
+        if ((code == code::shortText || code == code::text) && *parameters < shortestTextItem)
+            return std::nullopt;
         return ItemPlace{at, at + lengthOf(*parameters)};
     }
 
@@ -114,7 +115,7 @@ class PageRecovery {
     }
 
     bool tooLongForTools(const ItemPlace& item) const {
-        return !carriesText(wordAt(bytes_, item.begin + wordBytes)) &&
+        return !readsAsText(wordAt(bytes_, item.begin + wordBytes)) &&
                item.end - item.begin > lengthOf(Parameters::count);
     }
 
@@ -189,7 +190,7 @@ class PageRecovery {
         std::string words(bytes_.substr(begin, std::min(item.end, end_.at) - begin));
         const bool isCut = item.end > end_.at;
         const float code = wordAt(bytes_, begin);
-        if (!carriesText(code)) {
+        if (!readsAsText(code)) {
             if (isCut) words.resize(std::max(words.size() / wordBytes, std::size_t{2}) * wordBytes);
             return words;
         }

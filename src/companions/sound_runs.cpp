@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "base/numbers.h"
+#include "music/items.h"
 
 namespace tul::recovery {
 
@@ -20,25 +21,11 @@ constexpr Cover noRun = {.bytes = -1, .items = 0};
 
 /// Parameters below which an item of the code says nothing: lines, slurs and beams have two ends, a symbol
 /// has a number. Others may stand at the origin with everything else 0.
-int leastParameters(int code) {
-    switch (code) {
-        case 4:
-        case 5:
-        case 6:
-            return 6;
-        case 9:
-            return 5;
-        case 1:
-        case 2:
-        case 10:
-            return 3;
-        case 11:
-        case 15:
-        case 16:
-            return shortestTextItem;
-        default:
-            return 2;
-    }
+int leastParameters(float code) {
+    if (code == code::line || code == code::slur || code == code::beam) return par::endPosition;
+    if (code == code::symbol) return par::symbolNumber;
+    if (code == code::note || code == code::rest || code == code::number) return par::position;
+    return carriesText(code) ? shortestTextItem : shortestItem;
 }
 
 /// Bytes read at a wrong offset are mostly tiny or huge numbers.
@@ -78,11 +65,6 @@ float wordAt(std::string_view bytes, std::size_t at) {
     std::uint32_t bits = 0;
     for (std::size_t i = wordBytes; i-- > 0;) bits = bits << 8 | static_cast<unsigned char>(bytes[at + i]);
     return std::bit_cast<float>(bits);
-}
-
-bool carriesText(float code) {
-    const float whole = integerPart(code);
-    return whole == 11.0F || whole == 15.0F || whole == 16.0F;
 }
 
 PageEnd findEnd(std::string_view bytes) {
@@ -137,14 +119,14 @@ bool SoundRuns::isSoundWith(std::size_t at, int parameters) const {
     if (!isWholeWithin(code, lowestItemCode, highestItemCode) ||
         !isWholeWithin(wordAt(bytes_, at + 2 * wordBytes), 1.0F, highestStaff))
         return false;
-    const bool text = carriesText(code);
-    if (parameters < leastParameters(static_cast<int>(code)) || (!text && parameters > Parameters::count))
-        return false;
-    const int values = !text ? parameters : code == 15.0F ? 13 : 12;
+    const bool text = readsAsText(code);
+    if (parameters < leastParameters(code) || (!text && parameters > Parameters::count)) return false;
+    const int values = !text ? parameters : code == code::fileName ? textItemPars : textItemPars - 1;
     for (int par = 3; par <= values; ++par)
         if (!isOrdinary(wordAt(bytes_, at + static_cast<std::size_t>(par) * wordBytes))) return false;
     if (!text) return true;
-    const std::string_view characters = bytes_.substr(at + lengthOf(13), lengthOf(parameters - 14));
+    const std::string_view characters =
+        bytes_.substr(at + lengthOf(textItemPars), lengthOf(parameters - shortestTextItem));
     return std::all_of(characters.begin(), characters.end(), isPrintable);
 }
 

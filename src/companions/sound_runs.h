@@ -11,9 +11,7 @@
 /// Where a page's bytes read as music, whatever their offset.
 namespace tul::recovery {
 
-inline constexpr std::size_t headerBytes = 2;
-inline constexpr std::size_t wordBytes = 4;
-inline constexpr int longestTextItem = 13 + 255;  // parameters and words of text
+inline constexpr int longestTextItem = textItemPars + 255;  // parameters and words of text
 
 /// An item of so many parameters in bytes, its length word among them.
 constexpr std::size_t lengthOf(int parameters) {
@@ -22,9 +20,6 @@ constexpr std::size_t lengthOf(int parameters) {
 
 /// The word at a byte offset; all four bytes must be there.
 float wordAt(std::string_view bytes, std::size_t at);
-
-/// True when the reader takes the item's words for text from the 14th on.
-bool carriesText(float code);
 
 /// Byte offsets of an item in the file. The end is where its length word says, and may lie behind the music.
 struct ItemPlace {

@@ -20,7 +20,7 @@ int refuse(const std::string& why) { return companion::refuse("TULFOLDR", why); 
 
 std::string firstFolder(const std::string& lastResult) {
     std::string text;
-    files().read(lastResult, text);
+    files().readIfThere(lastResult, text);
     for (const std::string_view line : linesOf(text))
         if (companion::isFolder(std::string(trimRight(line)))) return std::string(trimRight(line));
     return files().fromNative(QFile::encodeName(QDir::homePath()).toStdString()).value_or("Z:\\");
@@ -43,7 +43,7 @@ int main(int argc, char** argv) {
     if (arguments["STARTDIR"].empty() || arguments["FILE"].empty())
         return refuse("STARTDIR= and FILE= are needed.");
     const std::string start = firstFolder(result);
-    files().remove(result);  // an old choice is not to be taken for a new one
+    files().removeIfThere(result);  // an old choice is not to be taken for a new one
     std::optional<std::string> folder;
     if (companion::asksInWindow()) {
         folder = askInWindow(arguments["REMARK"], start, argc, argv);

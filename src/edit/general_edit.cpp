@@ -6,6 +6,7 @@
 #include "base/print_line.h"
 #include "base/text.h"
 #include "edit/edit_run.h"
+#include "music/items.h"
 
 namespace tul::edit {
 
@@ -13,8 +14,6 @@ GeneralEdit generalEdit;
 
 namespace {
 
-constexpr float textCode = 16.0F;
-constexpr float symbolCode = 9.0F;
 constexpr std::string_view valuePattern = "###0.####";
 constexpr int noParameter = -1;
 
@@ -25,18 +24,14 @@ std::string compareString() { return std::string(trim(generalEdit.txtGeneralEdit
 
 // --- Checks before a run
 
-bool beginsWithFont(const std::string& text) {
-    return text.starts_with('_') && text.size() > 2 && isDigitsOnly(text.substr(1, 2));
-}
-
 bool mayChange() {
     const GeneralEdit& edit = generalEdit;
     const bool compares = !compareString().empty();
     const bool isEqual = edit.lstr[0].text == "=";
     const float value = numberOf(edit.txtv[0]);
-    if (compares && isEqual && value != textCode && value != symbolCode)
+    if (compares && isEqual && value != code::text && value != code::symbol)
         return refuse("A compare string was provided but the operator is not '=16' or '=9'");
-    if (compares && isEqual && value == textCode && !beginsWithFont(edit.txtGeneralEdit))
+    if (compares && isEqual && value == code::text && !beginsWithFont(edit.txtGeneralEdit))
         return refuse("The compare string is not preceded by a font");
     if (!compares && !isDigitsOnly(edit.txtp4)) return refuse("Result parameter not numeric: " + edit.txtp4);
     if (numberOf(edit.txtp4) == 1.0F && MsgBox("Changing Par1 is quite drastic. Are you sure?",
@@ -133,7 +128,7 @@ class GeneralRun : public FamilyRun {
     const std::array<Condition, 3> conditions_ = {conditionOf(0), conditionOf(1), conditionOf(2)};
     const std::string compared_ = compareString();
     const std::string comparedLibrary_ = upperCase(compared_);
-    const bool setsText_ = conditions_[0].value == textCode && !isDigitsOnly(edit_.txtp4);
+    const bool setsText_ = conditions_[0].value == code::text && !isDigitsOnly(edit_.txtp4);
     const int changedPar_ = parameterOf(edit_.txtp4);
     const float newValue_ = numberOf(edit_.txtv4);
 };
@@ -143,8 +138,8 @@ bool GeneralRun::holdsFirst(const ItemRow& row) const {
     const Condition& first = conditions_[0];
     if (!first.holds(row.pars, margin_)) return false;
     if (first.relation != "=") return true;
-    if (first.value == textCode) return compared_.empty() || row.text == compared_;
-    if (first.value == symbolCode) return setSymbolLibe(row.pars[5]) == comparedLibrary_;
+    if (first.value == code::text) return compared_.empty() || row.text == compared_;
+    if (first.value == code::symbol) return setSymbolLibe(row.pars[par::symbolNumber]) == comparedLibrary_;
     return true;
 }
 
@@ -175,7 +170,7 @@ void GeneralRun::update(int item, ItemRow& row, Report& report) const {
     PrintLine line;
     line.zone().text("Item=" + plain(item));
     for (const int par : {1, 2, 3}) line.zone().text(" Par" + plain(par) + "=" + plain(row.pars[par]));
-    if (row.pars[1] == textCode) line.text("      " + row.text);
+    if (isText(row)) line.text("      " + row.text);
     report.line(line);
 }
 

@@ -7,9 +7,8 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "edit/resize.h"
-#include "edit/resize_checks.h"
 #include "host/host.h"
-#include "music/item_table.h"
+#include "music/items.h"
 #include "music/pipeline.h"
 #include "shared/records.h"
 
@@ -17,7 +16,7 @@ namespace tul::resize {
 
 namespace {
 
-bool isNear(float a, float b) { return std::fabs(a - b) < sizeMargin; }
+constexpr Margin sameSize = lessThan(sizeMargin);
 
 // --- Notes
 
@@ -53,84 +52,86 @@ constexpr std::array<NoteFilter, 7> noteFilters = {{
     {&ResizeOptions::chkResizeWhiteDiamond, &Counters::whiteDiamond, isFullSizeHead<4>},
 }};
 
-float headOf(float par6) {
-    const float head = std::fabs(integerPart(par6));
+float headOf(float storedHead) {
+    const float head = std::fabs(integerPart(storedHead));
     return head >= 10.0F ? head - 10.0F : head;
 }
 
 void resizeNote(ItemRow& row, float newSize, Counters& counters) {
-    Note note = {headOf(row.pars[6]), std::fabs(integerPart(row.pars[4])), row.pars[15]};
+    Note note = {headOf(row.pars[par::noteHead]), std::fabs(integerPart(row.pars[par::height])),
+                 row.pars[par::noteSize]};
     for (const NoteFilter& filter : noteFilters) {
         if (!(resizing.options.*filter.box) || !filter.matches(note)) continue;
         note.size = newSize;
         ++(counters.*filter.counter);
     }
-    row.pars[15] = note.size;
+    row.pars[par::noteSize] = note.size;
 }
 
 // --- Placeholders
 
 const std::string placeholderText = "_00Z";
-constexpr float placeholderReach = 2.0F;  // how far from its note a placeholder may stand
+constexpr Margin placeholderReach = atMost(2.0F);  // how far from its note a placeholder may stand
 
 /// The placeholders of the table, so that not every note has to look through all its items.
 std::vector<int> findPlaceholders() {
     std::vector<int> rows;
     for (int item = 1; item <= musItemTable.itemCount; ++item)
-        if (musItemTable[item].pars[1] == 16.0F && musItemTable[item].text == placeholderText)
-            rows.push_back(item);
+        if (isText(musItemTable[item]) && musItemTable[item].text == placeholderText) rows.push_back(item);
     return rows;
 }
 
-void storePlaceholder(float staff, float place, float height, float size) {
-    musItem.MusPar.clear();
-    musItem.MusPar[1] = 16.0F;
-    musItem.MusPar[2] = staff;
-    musItem.MusPar[3] = place;
-    musItem.MusPar[4] = height;
-    musItem.MusPar[6] = size;
-    musItem.MusPar[12] = static_cast<float>(placeholderText.size());
-    musItem.MusText = placeholderText;
-    MusStoreItem();
+void appendPlaceholder(float staff, float position, float height, float size) {
+    ItemRow row{.pars = {}, .text = placeholderText};
+    row.pars[par::code] = code::text;
+    row.pars[par::staff] = staff;
+    row.pars[par::position] = position;
+    row.pars[par::height] = height;
+    row.pars[par::textSize] = size;
+    row.pars[par::textLength] = static_cast<float>(placeholderText.size());
+    appendItem(row);
 }
 
 /// The descender of a lute letter, for those that have one.
-void storeDescender(const Parameters& note) {
-    const float head = note[6];
+void appendDescender(const Parameters& note) {
+    const float head = note[par::noteHead];
+    const float staff = note[par::staff];
+    const float position = note[par::position];
+    const float height = note[par::height];
     if (head == 901.0F || head == 907.0F) {
-        storePlaceholder(note[2], note[3] - 0.7F, note[4] + 2.0F, 0.5F);
+        appendPlaceholder(staff, position - 0.7F, height + 2.0F, 0.5F);
     } else if (head == 905.0F) {
-        storePlaceholder(note[2], note[3] - 1.4F, note[4] - 2.0F, 0.6F);
+        appendPlaceholder(staff, position - 1.4F, height - 2.0F, 0.6F);
     } else if (head == 906.0F) {
-        storePlaceholder(note[2], note[3] - 0.9F, note[4] - 2.0F, 0.7F);
+        appendPlaceholder(staff, position - 0.9F, height - 2.0F, 0.7F);
     }
 }
 
 void setPlaceholders(const Parameters& note, std::vector<int>& placeholders, Counters& counters) {
-    const float head = note[6];
-    float place = note[3] - 0.7F;
+    const float head = note[par::noteHead];
+    float position = note[par::position] - 0.7F;
     float size = 0.0F;
     if (head == 903.0F) {
-        place -= 0.8F;
+        position -= 0.8F;
         size = 1.2F;
     } else if (head == 911.0F) {
-        place -= 0.5F;
+        position -= 0.5F;
         size = 1.3F;
     } else if (head == 908.0F || head == 910.0F) {
         size = 0.8F;
     }
     const int before = musItemTable.itemCount;
-    storePlaceholder(note[2], place, note[4], size);
+    appendPlaceholder(note[par::staff], position, note[par::height], size);
     ++counters.placeholders;
-    if (resizing.options.chkPlaceholderDescenders) storeDescender(note);
+    if (resizing.options.chkPlaceholderDescenders) appendDescender(note);
     for (int item = before + 1; item <= musItemTable.itemCount; ++item) placeholders.push_back(item);
 }
 
 void resetPlaceholders(const Parameters& note, std::vector<int>& placeholders, Counters& counters) {
     std::erase_if(placeholders, [&](int item) {
-        Parameters& pars = musItemTable[item].pars;
-        if (pars[2] != note[2] || !(std::fabs(pars[3] - note[3]) <= placeholderReach)) return false;
-        pars[1] = deletedItem;
+        ItemRow& row = musItemTable[item];
+        if (!samePlace(row, note, placeholderReach)) return false;
+        deleteItem(row);
         ++counters.placeholders;
         return true;
     });
@@ -157,6 +158,13 @@ class FileUpdate {
 
     /// How one kind of number is found, and what it becomes.
     struct NumberRule {
+        NumberRule(const std::string& presentSize, const std::string& presentFont,
+                   const std::string& sizeField, const std::string& fontField)
+            : size(numberOf(presentSize)),
+              font(numberOf(presentFont)),
+              newSize(numberOf(sizeField) + numberMark),
+              newFont(numberOf(fontField)) {}
+
         float size;
         float font;
         float newSize;
@@ -176,18 +184,10 @@ class FileUpdate {
     const int increment_ = toInt32(numberOf(part_.behind)).value_or(0);
     const float symbol_ = numberOf(options_.txtSymbolResize);
     const float symbolSize_ = numberOf(options_.txtSymbolNewSize);
-    const NumberRule pageNumber_ = {
-        .size = numberOf(projectSettings.PageNumberSize),
-        .font = numberOf(projectSettings.PageNumberFont),
-        .newSize = numberOf(options_.txtResizePageNumberSize) + numberMark,
-        .newFont = numberOf(options_.txtResizePageNumberFont),
-    };
-    const NumberRule barNumber_ = {
-        .size = numberOf(projectSettings.BarNumberSize),
-        .font = numberOf(projectSettings.BarNumberFont),
-        .newSize = numberOf(options_.txtResizeBarNumberSize) + numberMark,
-        .newFont = numberOf(options_.txtResizeBarNumberFont),
-    };
+    const NumberRule pageNumber_{projectSettings.PageNumberSize, projectSettings.PageNumberFont,
+                                 options_.txtResizePageNumberSize, options_.txtResizePageNumberFont};
+    const NumberRule barNumber_{projectSettings.BarNumberSize, projectSettings.BarNumberFont,
+                                options_.txtResizeBarNumberSize, options_.txtResizeBarNumberFont};
     const float lyricsSize_ = numberOf(projectSettings.LyricsSize);
     const float newLyricsSize_ = numberOf(options_.txtResizeLyrics);
     const std::string_view text_ = trimRight(options_.txtResizeTextResize);
@@ -197,26 +197,25 @@ class FileUpdate {
 };
 
 void FileUpdate::update(ItemRow& row) {
-    const float code = row.pars[1];
-    if (code == 1.0F) updateNote(row);
-    if (code == 5.0F && options_.tabResiz == tabSlurs) updateSlur(row.pars);
-    if (code == 8.0F && options_.tabResiz == tabStaves) updateStaff(row.pars);
-    if (code == 9.0F) updateSymbol(row.pars);
-    if (code == 10.0F && options_.tabResiz == tabNumbers) updateNumber(row.pars);
-    if (code == 16.0F && options_.tabResiz == tabTexts) updateText(row);
+    if (isNote(row)) updateNote(row);
+    if (isSlur(row) && options_.tabResiz == tabSlurs) updateSlur(row.pars);
+    if (isStaff(row) && options_.tabResiz == tabStaves) updateStaff(row.pars);
+    if (isSymbol(row)) updateSymbol(row.pars);
+    if (isNumber(row) && options_.tabResiz == tabNumbers) updateNumber(row.pars);
+    if (isText(row) && options_.tabResiz == tabTexts) updateText(row);
 }
 
 void FileUpdate::updateNote(ItemRow& row) {
     if (options_.tabResiz == tabNotes && options_.anyNotes()) resizeNote(row, noteSize_, counters_);
-    if (options_.tabResiz != tabPlaceholders || !is9xx(row.pars[6])) return;
+    if (options_.tabResiz != tabPlaceholders || !is9xx(row.pars[par::noteHead])) return;
     if (options_.chkPlaceholderSet) setPlaceholders(row.pars, placeholders_, counters_);
     if (options_.chkPlaceholderReset) resetPlaceholders(row.pars, placeholders_, counters_);
 }
 
 void FileUpdate::updateSlur(Parameters& pars) {
-    const float kind = pars[8];
+    const float kind = pars[par::slurKind];
     if (kind == 1.0F || kind == 2.0F || kind == 3.0F || pars[11] != 0.0F) return;
-    pars[13] = slur_;
+    pars[par::slurThickness] = slur_;
     ++counters_.slurs;
 }
 
@@ -230,32 +229,32 @@ bool FileUpdate::isStaffOfPart(float staff) const {
 
 bool FileUpdate::isStaffToResize(const Parameters& pars) const {
     if (!options_.chkResizeSome) return true;
-    if (options_.optResizeStaffInstrId && pars[9] == instrument_) return true;
-    return options_.optResizeStaffPart && part_.found && isStaffOfPart(pars[2]);
+    if (options_.optResizeStaffInstrId && pars[par::instrument] == instrument_) return true;
+    return options_.optResizeStaffPart && part_.found && isStaffOfPart(pars[par::staff]);
 }
 
 void FileUpdate::updateStaff(Parameters& pars) {
     if (!options_.optResizeStaffYes || !isStaffToResize(pars)) return;
-    pars[5] = staffSize_;
+    pars[par::staffSize] = staffSize_;
     ++counters_.staves;
 }
 
 void FileUpdate::updateSymbol(Parameters& pars) {
-    if (options_.chkSymbolResize && pars[5] == symbol_) {
-        pars[6] = symbolSize_;
+    if (options_.chkSymbolResize && pars[par::symbolNumber] == symbol_) {
+        pars[par::symbolSize] = symbolSize_;
         ++counters_.symbolSizes;
     }
     if (!options_.chkSymbolIntegerPar4) return;
-    const auto rounded = static_cast<float>(roundToEven(pars[4]));
-    if (rounded == pars[4]) return;
-    pars[4] = rounded;
+    const auto rounded = static_cast<float>(roundToEven(pars[par::height]));
+    if (rounded == pars[par::height]) return;
+    pars[par::height] = rounded;
     ++counters_.symbolPar4;
 }
 
 bool FileUpdate::NumberRule::apply(Parameters& pars) const {
-    if (pars[7] != font || !isNear(pars[6], size)) return false;
-    pars[6] = newSize;
-    pars[7] = newFont;
+    if (pars[par::numberFont] != font || !isNear(pars[par::numberSize], size, sameSize)) return false;
+    pars[par::numberSize] = newSize;
+    pars[par::numberFont] = newFont;
     return true;
 }
 
@@ -264,21 +263,20 @@ void FileUpdate::updateNumber(Parameters& pars) {
     if (options_.optResizeBarNumber && barNumber_.apply(pars)) ++counters_.barNumbers;
 }
 
-/// A size may have hundreds added that say how the text is set. They stay.
+/// The hundreds stay.
 void FileUpdate::updateLyrics(ItemRow& row) {
-    constexpr float hundred = 100.0F;
-    const float size = row.pars[6];
-    const float rest = size >= hundred ? std::fmod(size, hundred) : size;
+    const float size = row.pars[par::textSize];
+    const float rest = withoutHundreds(size);
     if (rest != lyricsSize_ || row.text.substr(0, 3) != projectSettings.LyricsFont) return;
-    row.pars[6] = newLyricsSize_ + (size - rest);
+    row.pars[par::textSize] = newLyricsSize_ + (size - rest);
     ++counters_.texts;
 }
 
 void FileUpdate::updateText(ItemRow& row) {
     if (options_.optResizeLyrics) updateLyrics(row);
     if (!options_.optTextResizeTextSize) return;
-    if (trimRight(row.text) != text_ || !isNear(row.pars[6], textSize_)) return;
-    row.pars[6] = newTextSize_;
+    if (trimRight(row.text) != text_ || !isNear(row.pars[par::textSize], textSize_, sameSize)) return;
+    row.pars[par::textSize] = newTextSize_;
     ++counters_.texts;
 }
 

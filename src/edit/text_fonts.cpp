@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "edit/edit_run.h"
 #include "edit/text_search.h"
+#include "music/items.h"
 
 namespace tul::edit {
 
@@ -54,7 +55,8 @@ void FontsRun::setFont(std::string& text, std::size_t place) {
 /// Yes.
 void FontsRun::modifyFonts(int item, ItemRow& row) {
     const std::string font = inputPrefix();
-    const bool fits = textFonts.txtModifySize.empty() || numberOf(textFonts.txtModifySize) == row.pars[6];
+    const bool fits =
+        textFonts.txtModifySize.empty() || numberOf(textFonts.txtModifySize) == row.pars[par::textSize];
     for (std::size_t from = 0; (from = row.text.find(font, from)) != std::string::npos;
          from += prefixLength) {
         const bool confirmed = !textSearch.chkEditVerify ||
@@ -93,7 +95,7 @@ void FontsRun::deleteText(int item, ItemRow& row) {
                      behindFound(item, "Delete? (Cancel will stop any further deletion)")))
         return;
     if (!row.text.ends_with(textFonts.txtDelModFilter)) return;
-    row.pars[1] = deletedItem;
+    deleteItem(row);
     countChange(deleted_);
 }
 
@@ -103,17 +105,17 @@ void FontsRun::deleteText(int item, ItemRow& row) {
 void FontsRun::modifyNumber(int item, Parameters& pars) {
     constexpr float thousand = 1000.0F;
     constexpr float hundred = 100.0F;
-    float font = pars[7];
+    float font = pars[par::numberFont];
     if (font >= thousand) font -= thousand;
     if (font >= hundred) font -= hundred;
     if (font != numberOf(textFonts.txtEditFontInput)) return;
     if (textSearch.chkEditVerify &&
-        !isConfirmed("Found number with font in Par7:" + str(pars[7]) + newLine + inFile() +
+        !isConfirmed("Found number with font in Par7:" + str(pars[par::numberFont]) + newLine + inFile() +
                      "replace by font: " + textFonts.txtEditFontOutput + newLine +
                      behindFound(item, replaceQuestion)))
         return;
     if (textFonts.optEditDeleteText || !textFonts.chkEditModifyInclude) return;
-    pars[7] = numberOf(textFonts.txtEditFontOutput) + (pars[7] - font);
+    pars[par::numberFont] = numberOf(textFonts.txtEditFontOutput) + (pars[par::numberFont] - font);
     countChange(modified_);
 }
 
@@ -121,8 +123,8 @@ void FontsRun::modifyNumber(int item, Parameters& pars) {
 
 void FontsRun::updateFile(const PageInRun&) {
     forEachItem([this](int item, ItemRow& row) {
-        if (row.pars[1] == 10.0F) modifyNumber(item, row.pars);
-        if (row.pars[1] != 16.0F) return;
+        if (isNumber(row)) modifyNumber(item, row.pars);
+        if (!isText(row)) return;
         textFonts.optEditDeleteText ? deleteText(item, row) : modifyText(item, row);
     });
 }

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <string_view>
 
 #include "base/text.h"
 #include "centre/option_checks.h"
 #include "edit/edit_run.h"
+#include "music/items.h"
 
 namespace tul::edit {
 
@@ -125,16 +125,14 @@ class SearchRun : public FamilyRun {
 
     const std::string searched_ = withoutDelimiters(textSearch.txtEditSearchString1);
     const float size_ = numberOf(textSearch.txtEditSearchSize);
-    const float margin_ = numberOf(textSearch.txtEditSearchMargin);
+    const Margin margin_ = atMost(numberOf(textSearch.txtEditSearchMargin));
     std::int32_t replaces_ = 0;
 };
 
 bool SearchRun::passesFilters(const ItemRow& row) const {
     if (textSearch.chkEditSearchFont && !hasFont(row.text, textSearch.txtEditSearchFont)) return false;
     if (!textSearch.chkEditSearchSize) return true;
-    constexpr float hundred = 100.0F;
-    const float size = row.pars[6] >= hundred ? std::fmod(row.pars[6], hundred) : row.pars[6];
-    return std::fabs(size - size_) <= margin_;
+    return isNear(withoutHundreds(row.pars[par::textSize]), size_, margin_);
 }
 
 void SearchRun::replaceWhole(ItemRow& row) {
@@ -150,7 +148,7 @@ bool SearchRun::find(ItemRow& row, std::string& searched) const {
     if (searched == barreWord && part.starts_with('C')) {
         searched = numeralOf(part);
         row.text = std::string(barreFont) + searched;
-        row.pars[6] = barreSize;
+        row.pars[par::textSize] = barreSize;
         textSearch.txtEditSearchString2 = searched;
         return true;
     }
@@ -172,11 +170,11 @@ void SearchRun::replaceIn(ItemRow& row, const std::string& searched) {
     text = replacement.empty() ? removeAll(text, searched, replaces_)
                                : replaceAll(text, searched, replacement, replaces_);
     std::copy_n(prefix.begin(), std::min(prefix.size(), text.size()), text.begin());
-    if (!prefix.empty() && isPrefixAlone(text)) row.pars[1] = deletedItem;
+    if (!prefix.empty() && isPrefixAlone(text)) deleteItem(row);
 }
 
 void SearchRun::update(int item, ItemRow& row) {
-    if (row.pars[1] != 16.0F || !passesFilters(row)) return;
+    if (!isText(row) || !passesFilters(row)) return;
     if (textSearch.chkSearchReplaceIncludeFont) return replaceWhole(row);
     std::string searched;
     if (!find(row, searched)) return;

@@ -36,7 +36,9 @@ class Face {
     /// The files or the folder that the user named beforehand, in the installation's form, where one of the
     /// selection programs would ask for them with this prompt; none of them when the choice was cancelled.
     /// Nothing where the program is to ask.
-    virtual std::optional<std::vector<std::string>> namedPaths(const std::string&) { return std::nullopt; }
+    [[nodiscard]] virtual std::optional<std::vector<std::string>> namedPaths(const std::string&) {
+        return std::nullopt;
+    }
 
     /// True when `showText` is to be used for all texts, the configured editor for none.
     virtual bool showsTextItself() const = 0;
@@ -54,7 +56,7 @@ class Face {
     virtual void setPanelVisible(bool visible) = 0;
     virtual void setPointer(Pointer pointer) = 0;
     /// Nothing for a face without a screen: it has no place to store.
-    virtual std::optional<ScreenSize> screen() const { return std::nullopt; }
+    [[nodiscard]] virtual std::optional<ScreenSize> screen() const { return std::nullopt; }
     /// Repaints, and lets pending events run.
     virtual void yield() = 0;
     /// While a program that is waited for runs: repaints, and lets nothing else through.

@@ -41,7 +41,7 @@ class NativeMachine {
     /// The folder in which the running program lies, in the installation's form.
     virtual std::string programFolder() const = 0;
 };
-std::unique_ptr<NativeMachine> openNativeMachine();
+[[nodiscard]] std::unique_ptr<NativeMachine> openNativeMachine();
 
 /// Shows a text and returns the button that was pressed.
 Answer MsgBox(std::string text, Buttons buttons = Buttons::ok, Icon icon = Icon::none);

@@ -29,18 +29,18 @@ class Platform {
 
     virtual PlatformVersion version() const = 0;
     /// Nothing where the native system query does not exist.
-    virtual std::optional<int> nativeArchitecture() const = 0;
+    [[nodiscard]] virtual std::optional<int> nativeArchitecture() const = 0;
     virtual std::string computerName() const = 0;
     /// A text of the machine's registry; nothing where there is no such text, or no registry.
-    virtual std::optional<std::string> registryText(const std::string& /*key*/,
-                                                    const std::string& /*name*/) const {
+    [[nodiscard]] virtual std::optional<std::string> registryText(const std::string& /*key*/,
+                                                                  const std::string& /*name*/) const {
         return std::nullopt;
     }
     /// The symbol that the platform's own number format puts between units and tenths.
     virtual char decimalSymbol() const = 0;
     /// True when another process has claimed the installation in the current folder. Otherwise this process
     /// claims it for the rest of its life; asking again is harmless.
-    virtual bool anotherInstanceRuns() = 0;
+    [[nodiscard]] virtual bool anotherInstanceRuns() = 0;
 };
 
 }  // namespace tul

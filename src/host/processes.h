@@ -27,12 +27,12 @@ class Processes {
     virtual ~Processes() = default;
 
     /// Starts the program in the current folder of `Files` and waits until it has ended.
-    virtual LaunchResult runAndWait(const Launch& launch) = 0;
+    [[nodiscard]] virtual LaunchResult runAndWait(const Launch& launch) = 0;
     /// True when `runAndWait` would find the program and all that it needs to be run.
-    virtual bool canFind(const std::string& program) const = 0;
+    [[nodiscard]] virtual bool canFind(const std::string& program) const = 0;
     /// Hands a file, or an address ("https://..."), to the program that the platform opens it with, such as
     /// the browser, and goes on.
-    virtual LaunchResult openDocument(const std::string& path) = 0;
+    [[nodiscard]] virtual LaunchResult openDocument(const std::string& path) = 0;
 };
 
 }  // namespace tul

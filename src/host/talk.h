@@ -11,7 +11,7 @@ enum class Talk { windows, terminal };
 /// For every process that this one starts from now on.
 void setTalkOfChildren(Talk talk);
 /// What the process that started this one has set; nothing where a user or a script did.
-std::optional<Talk> inheritedTalk();
+[[nodiscard]] std::optional<Talk> inheritedTalk();
 
 /// True when a window could be shown.
 bool hasDisplay();

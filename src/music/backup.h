@@ -33,13 +33,13 @@ struct NextGeneration {
     std::string path;
     std::string refusal;
 };
-NextGeneration nextGenerationOf(const std::string& path);
+[[nodiscard]] NextGeneration nextGenerationOf(const std::string& path);
 
 /// What is said when the copy to a generation fails.
 std::string failedBackupText(const std::string& path, FileError fault);
 
 /// Copies the file to the lowest free generation. Ends the program when the file is a generation itself, and
 /// when all six exist. A copy that fails is told, and false returned.
-bool TakeBackup(const std::string& path);
+[[nodiscard]] bool TakeBackup(const std::string& path);
 
 }  // namespace tul

@@ -1,12 +1,11 @@
 #include "music/bar_file.h"
 
-#include <cmath>
 #include <numeric>
 #include <utility>
 
 #include "base/numbers.h"
 #include "host/host.h"
-#include "music/item_table.h"
+#include "music/items.h"
 #include "music/pipeline.h"
 #include "shared/records.h"
 
@@ -16,16 +15,16 @@ std::vector<BarText> barTexts;
 
 namespace {
 
-constexpr float longestBarRest = -2.0F;       // Par 5 of a rest that counts for bars
+constexpr float longestBarRest = -2.0F;       // form of a rest that counts for bars
 constexpr float highestTextPosition = 10.0F;  // staff steps
 constexpr char sharpS = '\xDF';
 constexpr int highestStaff = 32;
 constexpr float highestPlainBarline = 7.0F;
-constexpr float leftEndMargin = 1.0F;  // SCORE's horizontal units
+constexpr Margin leftEnd = atMost(1.0F);
 
 bool hasSizeAndFont(const std::string& size, const std::string& font) {
-    return musItem.MusPar[6] == static_cast<float>(numericValue(size)) &&
-           musItem.MusPar[7] == static_cast<float>(numericValue(font));
+    return musItem.MusPar[par::numberSize] == numberOf(size) &&
+           musItem.MusPar[par::numberFont] == numberOf(font);
 }
 
 bool isPageOrBarNumber() {
@@ -34,27 +33,27 @@ bool isPageOrBarNumber() {
 }
 
 void storeText() {
-    const float height = musItem.MusPar[4];
+    const float height = musItem.MusPar[par::height];
     if (!(height > 0.0F && height < highestTextPosition)) return;
     if (musItem.MusText.find("ossia") != std::string::npos) return;
     FixQuestionEscapes();
     // A number that is no staff's belongs to none.
-    barTexts.push_back({.staff = toInt16(musItem.MusPar[2]).value_or(0),
-                        .position = musItem.MusPar[3],
+    barTexts.push_back({.staff = toInt16(musItem.MusPar[par::staff]).value_or(0),
+                        .position = musItem.MusPar[par::position],
                         .text = musItem.MusText});
 }
 
 void storeBarItem() {
-    const float code = musItem.MusPar[1];
-    if (code == 8.0F || code == 14.0F || (code == 10.0F && isPageOrBarNumber()) ||
-        (code == 2.0F && musItem.MusPar[5] <= longestBarRest))
+    const Parameters& pars = musItem.MusPar;
+    if (isStaff(pars) || isBarline(pars) || (isNumber(pars) && isPageOrBarNumber()) ||
+        (isRest(pars) && pars[par::restForm] <= longestBarRest))
         MusStoreBarItem();
-    if (code == 16.0F) storeText();
+    if (isText(pars)) storeText();
 }
 
 bool mustBeExchanged(const ItemRow& first, const ItemRow& second) {
-    if (first.pars[2] == second.pars[2]) return first.pars[3] > second.pars[3];
-    return first.pars[2] < second.pars[2];
+    if (onSameStaff(first, second)) return first.pars[par::position] > second.pars[par::position];
+    return first.pars[par::staff] < second.pars[par::staff];
 }
 
 /// Marks the barlines of a staff and returns the number of staves that its system has from it upwards.
@@ -62,11 +61,11 @@ float markBarlines(const Parameters& staff) {
     float width = 0.0F;
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         Parameters& barline = musItemTable[item].pars;
-        if (barline[1] != 14.0F || barline[2] != staff[2]) continue;
-        if (barline[5] <= highestPlainBarline && std::fabs(staff[3] - barline[3]) <= leftEndMargin)
-            barline[20] = 1.0F;
-        if (barline[5] > highestPlainBarline) barline[20] = -1.0F;
-        if (barline[4] > width) width = static_cast<float>(roundToEven(barline[4]));
+        if (!isBarline(barline) || !onSameStaff(barline, staff)) continue;
+        const float form = barline[par::barlineForm];
+        if (form <= highestPlainBarline && samePlace(staff, barline, leftEnd)) barline[par::mark] = 1.0F;
+        if (form > highestPlainBarline) barline[par::mark] = -1.0F;
+        if (barline[par::stavesUp] > width) width = static_cast<float>(roundToEven(barline[par::stavesUp]));
     }
     return width == 0.0F ? 1.0F : width;
 }
@@ -130,14 +129,14 @@ void MarkStaffBarlines() {
         double width = 0;
         for (int item = 1; item <= musItemTable.itemCount; ++item) {
             Parameters& row = musItemTable[item].pars;
-            if (row[1] != 8.0F || row[2] != static_cast<float>(staff)) continue;
-            row[20] = 1.0F;
-            row[19] = markBarlines(row);
-            width = row[19];
+            if (!isStaff(row) || row[par::staff] != static_cast<float>(staff)) continue;
+            row[par::mark] = 1.0F;
+            row[par::systemStaves] = markBarlines(row);
+            width = row[par::systemStaves];
         }
         for (int item = 1; item <= musItemTable.itemCount; ++item) {
             Parameters& row = musItemTable[item].pars;
-            if (row[1] == 10.0F && row[5] == 0.0F) row[5] = 1.0F;
+            if (isNumber(row) && row[par::numberValue] == 0.0F) row[par::numberValue] = 1.0F;
         }
         if (width > 0) staff += width - 1;
     }

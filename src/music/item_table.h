@@ -41,8 +41,11 @@ extern MusItemTable musItemTable;
 /// Par 1 of a row that the writers skip.
 inline constexpr float deletedItem = 999.0F;
 
-/// Appends the current item, `musItem`, to the table. The 2001st item ends the program: nothing is written
-/// then, and the file stays as it was.
+/// Appends an item to the table. The 2001st ends the program: nothing is written then, and the file stays as
+/// it was. Rows stay where they are.
+void appendItem(const ItemRow& row);
+
+/// The same with the current item, `musItem`.
 void MusStoreItem();
 /// The same for the bar tools, in their words.
 void MusStoreBarItem();

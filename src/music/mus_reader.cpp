@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
+#include "music/items.h"
 
 namespace tul {
 
@@ -14,8 +15,7 @@ MusReader musReader;
 
 namespace {
 
-constexpr std::size_t wordBytes = 4;
-constexpr std::size_t headerBytes = 2;
+constexpr double shortTextLength = 5;  // characters
 // An item may begin at the last word that the count allows and has at most 32767 words of its own: what lies
 // behind can never be read, however long the file is.
 constexpr std::size_t reachableBytes = headerBytes + wordBytes * (2 * 32768 + trailerWords);
@@ -163,31 +163,35 @@ bool atShortTrailer() { return atWordsBeforeEnd(shortTrailerWords); }
 
 void cutMusText() {
     // A count below 0, or none at all, says nothing of the text: it stays.
-    const double characters = musItem.MusPar[1] == 16.0F ? roundToEven(musItem.MusPar[12]) : 5.0;
+    const double characters =
+        isText(musItem.MusPar) ? roundToEven(musItem.MusPar[par::textLength]) : shortTextLength;
     if (characters >= 0.0 && characters < static_cast<double>(musItem.MusText.size()))
         musItem.MusText.resize(static_cast<std::size_t>(characters));
 }
 
-bool MusReadHead() {
+bool MusReadLength() {
     musItem.MusItemNumber = wrap16(musItem.MusItemNumber + 1);
     MusReadWord();
     const auto parameters = toInt16(musItem.MusWord);
     if (!parameters) return false;
     musItem.MusParCount = *parameters;
-    if (musItem.MusParCount < 2) return false;
-    musItem.MusPar.clear();
-    musItem.MusText.clear();
-
-    MusReadWord();
-    if (musItem.MusWord < lowestItemCode || musItem.MusWord > highestItemCode) return false;
-    musItem.MusPar[1] = musItem.MusWord;
     return true;
 }
 
+bool MusReadCode() {
+    musItem.MusPar.clear();
+    musItem.MusText.clear();
+    MusReadWord();
+    musItem.MusPar[par::code] = musItem.MusWord;
+    return !(musItem.MusWord < lowestItemCode || musItem.MusWord > highestItemCode);
+}
+
+bool MusReadHead() { return MusReadLength() && musItem.MusParCount >= shortestItem && MusReadCode(); }
+
 void MusReadTextItem(bool withPar13) {
-    MusReadPars(2, withPar13 ? 13 : 12);
+    MusReadPars(2, withPar13 ? textItemPars : textItemPars - 1);
     if (!withPar13) MusReadChars();
-    MusReadText(musItem.MusParCount - 13);
+    MusReadText(musItem.MusParCount - textItemPars);
     if (!withPar13) cutMusText();
 }
 
@@ -210,15 +214,15 @@ void MusNextItem() {
     }
 
     if (!MusReadHead()) return fail();
-    if (!isInteger(musItem.MusPar[1])) {
-        MsgBox("Par1 is not an integer value: " + plain(musItem.MusPar[1]) + "\r\n" +
+    const float code = musItem.MusPar[par::code];
+    if (!isInteger(code)) {
+        MsgBox("Par1 is not an integer value: " + plain(code) + "\r\n" +
                    joined("Item=", musItem.MusItemNumber) + "\r\nValue assumed to be integer.",
                Buttons::ok, Icon::information);
     }
-    const float code = integerPart(musItem.MusPar[1]);
-    if (code == 11.0F || code == 15.0F || code == 16.0F) {
+    if (readsAsText(code)) {
         if (musItem.MusParCount < shortestTextItem) return fail();
-        MusReadTextItem(code == 15.0F);
+        MusReadTextItem(integerPart(code) == code::fileName);
     } else {
         MusReadPars(2, musItem.MusParCount);
     }

@@ -69,10 +69,14 @@ void resetMusReader();
 /// The end of the path of a file list: items without header and trailer.
 inline constexpr std::string_view fileListName = "\\FILES.TMP";
 
-/// The range of item codes, and lengths in words.
+/// The range of item codes, and lengths; in words where nothing else is said.
 inline constexpr float lowestItemCode = 1.0F;
 inline constexpr float highestItemCode = 18.0F;
-inline constexpr int shortestTextItem = 14;  // parameters of a text item: 13 words, then the text
+inline constexpr std::size_t headerBytes = 2;  // the word count
+inline constexpr std::size_t wordBytes = 4;
+inline constexpr int shortestItem = 2;   // parameters
+inline constexpr int textItemPars = 13;  // of a text item, before its text
+inline constexpr int shortestTextItem = textItemPars + 1;
 inline constexpr int trailerWords = 6;
 inline constexpr int shortTrailerWords = 5;
 
@@ -107,9 +111,13 @@ bool atTrailer();
 bool atShortTrailer();
 
 /// The steps of `MusNextItem` one by one, for an item loop of its own. `MusReadHead` counts the item and
-/// reads its length word and Par 1: false where they are no item's. `MusReadTextItem` reads the rest of a
-/// text item of at least `shortestTextItem` parameters, with Par 13 (code 15) or without.
-bool MusReadHead();
+/// reads its length word and Par 1: false where they are no item's. It consists of `MusReadLength`, false for
+/// a length beyond 16 bits, and behind a look at the least length of `MusReadCode`, which clears the last
+/// item: false for a code beyond the range, which is then in Par 1 all the same. `MusReadTextItem` reads the
+/// rest of a text item of at least `shortestTextItem` parameters, with Par 13 (code 15) or without.
+[[nodiscard]] bool MusReadHead();
+[[nodiscard]] bool MusReadLength();
+[[nodiscard]] bool MusReadCode();
 void MusReadTextItem(bool withPar13);
 
 /// What the tools say of a state 1.

@@ -6,16 +6,14 @@
 #include <string_view>
 
 #include "base/numbers.h"
+#include "music/items.h"
 
 namespace tul {
 
 namespace {
 
-constexpr std::size_t headerBytes = 2;
-constexpr std::size_t shortestCode11 = 8;  // characters
-constexpr std::size_t shortestCode15 = 24;
-constexpr std::size_t wordCharacters = 4;
-constexpr int textItemPars = 13;
+constexpr std::size_t leastShortText = 8;  // characters
+constexpr std::size_t leastFileName = 24;
 
 using namespace std::string_view_literals;
 constexpr std::string_view markerWord = "\x20\x20\x00\x00"sv;
@@ -33,19 +31,11 @@ void appendPars(std::string& bytes, const Parameters& pars, int last) {
     for (int par = 1; par <= last; ++par) appendWord(bytes, pars[par]);
 }
 
-bool isTextCode(float code) { return code == 11.0F || code == 15.0F || code == 16.0F; }
-
 /// Characters that the text has in the file, padding included.
 std::size_t storedLength(float code, std::size_t length) {
-    if (code == 11.0F) return std::max(length, shortestCode11);
-    if (code == 15.0F) return std::max(length, shortestCode15);
-    return (length + wordCharacters - 1) / wordCharacters * wordCharacters;
-}
-
-int lastUsedPar(const Parameters& pars) {
-    int last = Parameters::count;
-    while (last > 0 && pars[last] == 0.0F) --last;
-    return last;
+    if (code == code::shortText) return std::max(length, leastShortText);
+    if (code == code::fileName) return std::max(length, leastFileName);
+    return (length + wordBytes - 1) / wordBytes * wordBytes;
 }
 
 constexpr std::array<char, 4> stampBytes = {static_cast<char>(MusWriterStamp % 256),
@@ -67,16 +57,16 @@ void PageBytes::begin() {
 }
 
 void PageBytes::item(const ItemRow& row) {
-    const float code = row.pars[1];
-    if (!isTextCode(code)) {
-        const int last = lastUsedPar(row.pars);
+    const float code = row.pars[par::code];
+    if (!carriesText(code)) {
+        const int last = lastUsedPar(row);
         appendWord(bytes, static_cast<float>(last));
         appendPars(bytes, row.pars, last);
         words = wrap16(words + last + 1);
         return;
     }
     const std::size_t length = storedLength(code, row.text.size());
-    const float textWords = static_cast<float>(length) / static_cast<float>(wordCharacters);
+    const float textWords = static_cast<float>(length) / static_cast<float>(wordBytes);
     appendWord(bytes, textWords + static_cast<float>(textItemPars));
     appendPars(bytes, row.pars, textItemPars);
     bytes += row.text;
@@ -95,10 +85,11 @@ void PageBytes::end(bool metric) {
 }
 
 bool canBeReadAgain(const ItemRow& row) {
-    if (row.pars[1] < lowestItemCode || row.pars[1] > highestItemCode) return false;
-    if (!isTextCode(row.pars[1])) return lastUsedPar(row.pars) > 1 && !isTextCode(integerPart(row.pars[1]));
-    const std::size_t length = storedLength(row.pars[1], row.text.size());
-    return length > 0 && length % wordCharacters == 0;
+    const float code = row.pars[par::code];
+    if (code < lowestItemCode || code > highestItemCode) return false;
+    if (!carriesText(code)) return lastUsedPar(row) >= shortestItem && !readsAsText(code);
+    const std::size_t length = storedLength(code, row.text.size());
+    return length > 0 && length % wordBytes == 0;
 }
 
 }  // namespace tul

@@ -35,6 +35,6 @@ struct PageBytes {
 /// True when the reader comes through the row as it is written, with its parameters and what Par 12 counts of
 /// its text. Par 1 alone and a text item without text are too short for it, a text that does not end with a
 /// word moves all that follows, and 16.5 is a text to the reader but none to the writer.
-bool canBeReadAgain(const ItemRow& row);
+[[nodiscard]] bool canBeReadAgain(const ItemRow& row);
 
 }  // namespace tul

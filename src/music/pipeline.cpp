@@ -6,7 +6,7 @@
 #include "base/text.h"
 #include "host/host.h"
 #include "music/backup.h"
-#include "music/item_table.h"
+#include "music/items.h"
 #include "music/mus_writer.h"
 
 namespace tul {
@@ -14,9 +14,6 @@ namespace tul {
 Pipeline pipeline;
 
 namespace {
-
-constexpr std::size_t headerBytes = 2;
-constexpr std::size_t wordBytes = 4;
 
 PageBytes pageBytes;  // one for all files, so that it has to grow once only
 
@@ -67,14 +64,13 @@ bool storeNextItemAsRead() {
         return false;
     }
     if (!MusReadHead()) return false;
-    const float code = musItem.MusPar[1];
-    const bool isShort = musItem.MusParCount < shortestTextItem;
-    if (code == 11.0F || code == 16.0F) {
+    const float code = musItem.MusPar[par::code];
+    if (carriesText(code)) {
+        const bool isFileName = code == code::fileName;
+        const bool isShort = musItem.MusParCount < shortestTextItem;
+        if (isShort && isFileName) return false;
         if (isShort) endWith("Invalid MUS file. Error type 7. Hit OK to terminate");
-        MusReadTextItem(false);
-    } else if (code == 15.0F) {
-        if (isShort) return false;
-        MusReadTextItem(true);
+        MusReadTextItem(isFileName);
     } else {
         MusReadPars(2, musItem.MusParCount);
     }
@@ -84,7 +80,7 @@ bool storeNextItemAsRead() {
 
 bool isWritten(const ToolForm& form, const ItemRow& row) {
     const bool dropsCode13 = form.mayDropCode13 && pipeline.dropsCode13;
-    return row.pars[1] != deletedItem && !(dropsCode13 && row.pars[1] == 13.0F);
+    return !isDeleted(row) && !(dropsCode13 && row.pars[par::code] == code::code13);
 }
 
 /// False when a row, or their number, makes a file that cannot be read again.
@@ -94,7 +90,8 @@ bool putTableIntoPage(const ToolForm& form) {
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         ItemRow& row = musItemTable[item];
         if (!isWritten(form, row)) continue;
-        if (form.countsCharacters && row.pars[1] == 16.0F) row.pars[12] = static_cast<float>(row.text.size());
+        if (form.countsCharacters && isText(row))
+            row.pars[par::textLength] = static_cast<float>(row.text.size());
         pageBytes.item(row);
         readable = readable && canBeReadAgain(row);
     }

@@ -20,8 +20,8 @@ std::span<const ExitStatusEntry> exitStatuses() {
 
 ExitStatus graver(ExitStatus one, ExitStatus other) {
     static constexpr std::array order = {ExitStatus::usage,   ExitStatus::fatal,      ExitStatus::stopped,
-                                  ExitStatus::damaged, ExitStatus::notAllDone, ExitStatus::refused,
-                                  ExitStatus::done};
+                                         ExitStatus::damaged, ExitStatus::notAllDone, ExitStatus::refused,
+                                         ExitStatus::done};
     return std::min(one, other, [](ExitStatus a, ExitStatus b) {
         return std::find(order.begin(), order.end(), a) < std::find(order.begin(), order.end(), b);
     });

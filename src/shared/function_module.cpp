@@ -17,9 +17,9 @@ bool FileExists(const std::string& path) {
 
 bool FolderExists(const std::string& path) {
     const std::string present = files().currentFolder();
-    files().changeFolder(path);
+    files().enterIfThere(path);
     const auto info = files().info(files().currentFolder());
-    files().changeFolder(present);
+    files().enterIfThere(present);
     return info && info->folder;
 }
 

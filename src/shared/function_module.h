@@ -8,11 +8,11 @@ namespace tul {
 
 /// True when the file can be opened for reading. False for a path with a double backslash in it, whatever it
 /// leads to. Every presence check of the program is this one.
-bool FileExists(const std::string& path);
+[[nodiscard]] bool FileExists(const std::string& path);
 
 /// Changes to the folder and looks at what is current then, so that a missing folder yields true as well:
 /// the old one is then looked at. Callers live with that.
-bool FolderExists(const std::string& path);
+[[nodiscard]] bool FolderExists(const std::string& path);
 
 /// The user's profile, section "TUL". A value longer than 32 characters is read cut.
 void SaveProfileValue(const std::string& key, const std::string& value);

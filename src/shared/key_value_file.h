@@ -19,7 +19,7 @@ struct KeyValue {
 std::vector<KeyValue> keyValuesOf(std::string_view text, std::string_view commentMarks = "");
 
 /// The same from a file; nothing when it cannot be opened.
-std::optional<std::vector<KeyValue>> readKeyValues(const std::string& path,
-                                                   std::string_view commentMarks = "");
+[[nodiscard]] std::optional<std::vector<KeyValue>> readKeyValues(const std::string& path,
+                                                                 std::string_view commentMarks = "");
 
 }  // namespace tul

@@ -122,7 +122,7 @@ TEST_F(ControlFile, PutsTheBackupOfTheLogIntoTheCurrentFolder) {
     host.makeFolder("work");
     host.write("TULLOG.BKP", "of the program's folder");
     host.write("work/TULLOG.BKP", "of the current folder");
-    files().changeFolder(host.path("work"));
+    EXPECT_TRUE(files().changeFolder(host.path("work")));
     writeLog(102);
     const std::string log = host.read("TULLOG.LOG");
     EXPECT_EQ(startWith(100), std::nullopt);

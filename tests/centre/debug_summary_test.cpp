@@ -32,7 +32,7 @@ class DebugSummary : public HostTest {
     std::string tested(const std::string& path) {
         Report report("LINE.TXT");
         FileTest(report, path);
-        report.close();
+        EXPECT_TRUE(report.close());
         return host.read("LINE.TXT");
     }
     std::string stamp(const std::string& name) const {

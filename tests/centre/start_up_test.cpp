@@ -146,7 +146,7 @@ TEST_F(StartingUp, EndsInAFolderThatCannotBeWritten) {
 }
 
 TEST_F(StartingUp, EndsInTheRootOfADrive) {
-    files().changeFolder("Z:\\");
+    EXPECT_TRUE(files().changeFolder("Z:\\"));
     EXPECT_EQ(endOf([] { readTulMonit(); }), 1);
     EXPECT_EQ(
         host.messages.back(),

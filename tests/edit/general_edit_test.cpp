@@ -31,7 +31,7 @@ class General : public HostTest {
         editing.counters = {};
         Report report(host.path("REPORT.PRN"));
         generalFamily.updateFile({report, number});
-        report.close();
+        EXPECT_TRUE(report.close());
         return host.read("REPORT.PRN");
     }
     /// True when the one item is selected.

@@ -24,7 +24,7 @@ TEST(TakingABackup, FillsTheLowestFreeGeneration) {
     EXPECT_EQ(host.read("PAGE.BKV"), "music");
     EXPECT_EQ(backupSeriesOf(host.path("page.mus")).letters(), "UVW");
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(TakeBackup(host.path("page.mus")));
-    EXPECT_EQ(endOf([&] { TakeBackup(host.path("page.mus")); }), 1);
+    EXPECT_EQ(endOf([&] { return TakeBackup(host.path("page.mus")); }), 1);
     EXPECT_EQ(host.messages, Texts{"The maximum number of backups exists. Use Explore to "
                                    "remove old generations."});
     EXPECT_EQ(host.read("PAGE.BKU"), "u");
@@ -35,7 +35,7 @@ TEST(TakingABackup, OfABackupEndsTheProgram) {
     ScriptedHost host;
     host.write("page.bku", "music");
     const std::string path = host.path("page.bku");
-    EXPECT_EQ(host.fatal([&] { TakeBackup(path); }),
+    EXPECT_EQ(host.fatal([&] { return TakeBackup(path); }),
               "Invalid suffix in filename [" + path +
                   "].\r\nBackup files may not be used as input when editing with the backup feature.");
 }

@@ -36,7 +36,7 @@ class PipelineRun : public HostTest {
     std::string report() {
         Report lines(host.path("REPORT.PRN"));
         reportSuspectFiles(lines);
-        lines.close();
+        EXPECT_TRUE(lines.close());
         return host.read("REPORT.PRN");
     }
 };

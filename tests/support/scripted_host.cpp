@@ -56,7 +56,7 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
     bool showsTextItself() const override { return host.showsTextItself; }
     void showText(const std::string& path) override {
         std::string text;
-        files().read(path, text);
+        files().readIfThere(path, text);
         host.shown.push_back(text);
     }
     void showGuide(const std::string& path) override { host.opened.push_back(path); }
@@ -132,13 +132,13 @@ ScriptedHost::ScriptedHost() : nativeFolder_(makeTestPlace()) {
     version.ownText = "Wx Test";
     freshProcess();
     startFolder_ = files().currentFolder();
-    files().changeFolder(*files().fromNative(nativeFolder_.string()));
+    files().enterIfThere(*files().fromNative(nativeFolder_.string()));
     paths.ProgramFolder = folder();
     namePaths();
 }
 
 ScriptedHost::~ScriptedHost() {
-    machine_->host().files->changeFolder(startFolder_);  // a current folder cannot be removed everywhere
+    machine_->host().files->enterIfThere(startFolder_);  // a current folder cannot be removed everywhere
     installHost({});
     std::error_code ignored;
     fs::remove_all(nativeFolder_, ignored);

@@ -40,7 +40,7 @@ class LinuxFiles : public Files {
 
   private:
     enum class Existing { replaced, refused };
-    FileError copyTo(const std::string& from, const std::string& to, Existing existing);
+    [[nodiscard]] FileError copyTo(const std::string& from, const std::string& to, Existing existing);
 
     PathFinder& finder_;
 };
@@ -50,11 +50,12 @@ struct OpenFile {
     Descriptor descriptor{};
     struct stat status {};
 };
-FileError openForReading(const std::string& nativePath, OpenFile& file);
+[[nodiscard]] FileError openForReading(const std::string& nativePath, OpenFile& file);
 
 /// `Files::read` and `Files::replace` for a native path.
-FileError readWhole(const std::string& nativePath, std::string& bytes, std::size_t limit = std::string::npos);
-FileError replaceWhole(const std::string& nativePath, std::string_view bytes);
+[[nodiscard]] FileError readWhole(const std::string& nativePath, std::string& bytes,
+                                  std::size_t limit = std::string::npos);
+[[nodiscard]] FileError replaceWhole(const std::string& nativePath, std::string_view bytes);
 
 /// A moment as the calendar and the clocks of this place show it.
 DateTime localTime(std::time_t moment);

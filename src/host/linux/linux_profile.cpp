@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <optional>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "base/text.h"
@@ -126,7 +127,8 @@ void LinuxProfile::write(const std::string& section, const std::string& key, con
     const std::string_view stored = firstLine(value);
     if (profile.find(section, key) == trim(stored)) return;
     profile.set(section, key, stored);
-    replaceWhole(folder + "/win.ini", profile.text());
+    // The program works without its stored place.
+    std::ignore = replaceWhole(folder + "/win.ini", profile.text());
 }
 
 }  // namespace tul

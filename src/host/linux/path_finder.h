@@ -69,7 +69,7 @@ class PathFinder {
     PathFinder();
 
     std::string currentFolder() const;
-    bool changeFolder(std::string_view path);
+    [[nodiscard]] bool changeFolder(std::string_view path);
     /// The folder of the file system in which the process was started.
     const std::string& startFolder() const { return startFolder_; }
 
@@ -97,7 +97,7 @@ class PathFinder {
     std::optional<Location> locate(std::string_view path) const;
     std::optional<FoundFolder> folder(const std::string& root, const std::string& asGiven);
     std::optional<FoundFolder> walk(const std::string& root, std::string_view rest);
-    static bool enter(FoundFolder& folder, const std::string& path);
+    [[nodiscard]] static bool enter(FoundFolder& folder, const std::string& path);
 
     std::string startFolder_;
     Location current_;

@@ -14,7 +14,7 @@ FileError fileErrorOf(DWORD error, FileError missing = FileError::pathNotFound);
 FileError lastFileError(FileError missing = FileError::pathNotFound);
 
 /// Why the file of this name must not be removed or replaced; `missing` when there is none.
-FileError refusalToRemove(const std::string& path, FileError missing);
+[[nodiscard]] FileError refusalToRemove(const std::string& path, FileError missing);
 
 /// A new version of a file, written beside it. It takes the file's place at `finish`, or goes without a
 /// trace. The name of the temporary file follows from the file's name: what a killed run leaves behind is
@@ -28,18 +28,18 @@ class NewVersion {
     NewVersion& operator=(const NewVersion&) = delete;
 
     /// Refuses what must not be replaced.
-    FileError begin(const std::string& path);
+    [[nodiscard]] FileError begin(const std::string& path);
     /// The contents, one of these.
-    FileError write(std::string_view bytes);
-    FileError copyFrom(const std::string& path);
+    [[nodiscard]] FileError write(std::string_view bytes);
+    [[nodiscard]] FileError copyFrom(const std::string& path);
 
-    FileError finish();
+    [[nodiscard]] FileError finish();
     /// The same for a name that must still be free.
-    FileError finishAsNew();
+    [[nodiscard]] FileError finishAsNew();
 
   private:
-    FileError claim();
-    FileError moveIntoPlace(DWORD flags);
+    [[nodiscard]] FileError claim();
+    [[nodiscard]] FileError moveIntoPlace(DWORD flags);
 
     std::string target_;
     std::string temporary_;

@@ -14,7 +14,7 @@ class WindowsPaths {
     WindowsPaths();
 
     std::string currentFolder() const;
-    bool changeFolder(const std::string& path) const;
+    [[nodiscard]] bool changeFolder(const std::string& path) const;
 
     /// What `Files` says of these. A network path has no form that the tools can work with: it needs a drive.
     std::optional<std::string> fromNative(const std::string& path) const;

@@ -23,7 +23,7 @@ class LinuxProcessesTest : public testing::Test {
     LinuxProcessesTest() {
         folder.makeFolder("bin");
         folder.makeFolder("my work");
-        finder.changeFolder(folder.installation("my work"));
+        EXPECT_TRUE(finder.changeFolder(folder.installation("my work")));
     }
 
     /// The arguments that a program was called with, and its folder.
@@ -144,11 +144,11 @@ TEST_F(LinuxProcessesTest, WhatDosCannotBeGivenIsToldInWords) {
     folder.put("50% \"off\"/a.mus", "");
     EXPECT_EQ(recorded("SCORE.EXE", "A>B"),
               "score.exe cannot be started: DOS has a meaning of its own for < > | and %.");
-    finder.changeFolder(folder.installation("50% \"off\""));
+    EXPECT_TRUE(finder.changeFolder(folder.installation("50% \"off\"")));
     EXPECT_EQ(
         recorded(folder.installation("my work\\score.exe"), ""),
         "score.exe cannot be started: DOS cannot reach the folder " + folder.native("50% \"off\"") + ".");
-    finder.changeFolder(folder.installation("my work"));
+    EXPECT_TRUE(finder.changeFolder(folder.installation("my work")));
     std::string many = "LIST=";
     for (int number = 0; number < 23; ++number) {
         folder.makeFolder("f" + std::to_string(number));
@@ -179,7 +179,7 @@ TEST_F(LinuxProcessesTest, ADocumentIsHandedOverWithoutWaiting) {
 TEST_F(LinuxProcessesTest, AStartedProgramInheritsNeitherOpenFilesNorIgnoredSignals) {
     LinuxFiles files(finder);
     LinuxPlatform platform(finder);
-    files.replace("a.mus", "turns the signal of the file size limit off here");
+    EXPECT_EQ(files.replace("a.mus", "turns the signal of the file size limit off here"), FileError::none);
     EXPECT_FALSE(files.canRead("MISSING.MUS"));  // asks for the kernel's notices
     EXPECT_FALSE(platform.anotherInstanceRuns());
     folder.put("my work/record.exe",
@@ -195,8 +195,7 @@ TEST_F(LinuxProcessesTest, AnInstallationIsClaimedByOneProcessWhichMayAskAgain) 
     const auto otherRuns = [&](const std::string& place) {
         return inAnotherProcess([&] {
             PathFinder own;
-            own.changeFolder(place);
-            return LinuxPlatform(own).anotherInstanceRuns();
+            return own.changeFolder(place) ? int{LinuxPlatform(own).anotherInstanceRuns()} : -1;
         });
     };
     LinuxPlatform platform(finder);

@@ -69,7 +69,7 @@ TEST(WindowsPlatform, OneInstanceHasTheInstallation) {
     }
     EXPECT_FALSE(second.anotherInstanceRuns());
     std::filesystem::create_directory(host.nativeFolder() / "other");
-    files().changeFolder(host.path("other"));
+    EXPECT_TRUE(files().changeFolder(host.path("other")));
     EXPECT_FALSE(WindowsPlatform().anotherInstanceRuns()) << "another installation";
 }
 

@@ -7,7 +7,6 @@
 #include "base/numbers.h"
 #include "centre/viewing.h"
 #include "host/host.h"
-#include "shared/function_module.h"
 #include "shared/records.h"
 
 namespace tul {
@@ -19,7 +18,7 @@ class RunInProgress {
   public:
     RunInProgress(RunView& view, const RunSpec& spec) : view_(view), idleStatus_(spec.idleStatus) {
         result_.tool = spec.tool;
-        result_.begun = dateAndTime();
+        result_.begun = clock().now();
         result_.changesPages = spec.changesPages;
         result_.end = RunEnd::broken;  // until it has come to its end
         pipeline = {};
@@ -165,7 +164,7 @@ std::vector<std::string> selectedPages() {
 }
 
 void noteRefusedRun(const std::string& tool, const std::string& reason) {
-    runResults.push_back({.tool = tool, .begun = dateAndTime(), .end = RunEnd::refused, .reason = reason});
+    runResults.push_back({.tool = tool, .begun = clock().now(), .end = RunEnd::refused, .reason = reason});
 }
 
 void refuseRun(const std::string& tool, const std::string& text, Icon icon) {

@@ -186,7 +186,7 @@ bool ConsoleFace::mayAskTerminal() const { return console_.canAsk && !isInterrup
 std::string ConsoleFace::askTerminal(const std::string& hint) {
     console_.err << hint << std::flush;
     std::string line;
-    std::getline(console_.in, line);
+    if (!std::getline(console_.in, line)) console_.err << '\n';
     return line;
 }
 

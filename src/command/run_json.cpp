@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
 
@@ -46,8 +47,14 @@ Json pageJson(const PageResult& page) {
     return json;
 }
 
+/// As ISO 8601 has it, in local time.
+std::string isoText(const DateTime& moment) {
+    return formatted(moment.year, "0000") + "-" + formatted(moment.month, "00") + "-" +
+           formatted(moment.day, "00") + "T" + timeText(moment);
+}
+
 Json runJson(const RunResult& run) {
-    Json json = {{"tool", run.tool}, {"begun", run.begun}, {"end", nameOf(run.end)}};
+    Json json = {{"tool", run.tool}, {"begun", isoText(run.begun)}, {"end", nameOf(run.end)}};
     if (!run.reason.empty()) json["reason"] = toUtf8(run.reason);
     json["pages"] = Json::array();
     for (const PageResult& page : run.pages) json["pages"].push_back(pageJson(page));

@@ -14,6 +14,7 @@
 #include "desktop/text_window.h"
 #include "host/host.h"
 #include "panels/panel_list.h"
+#include "shared/run_result.h"
 
 namespace tul::desktop {
 
@@ -127,6 +128,7 @@ void DesktopFace::endProgram(int status) { std::_Exit(status); }
 /// Runs what the user did on a window. A fault of the program is told, and the window stays usable.
 void DesktopFace::act(const std::function<void()>& what) {
     if (isWaiting_) return;
+    runResults.clear();  // what is shown is about the last press
     try {
         what();
     } catch (const std::exception& fault) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/date_time.h"
 #include "shared/exit_status.h"
 
 /// What became of a run. Report lines behind a tool's own, the exit status, and what a script gets are made
@@ -32,8 +33,8 @@ enum class RunEnd {
 };
 
 struct RunResult {
-    std::string tool = {};      // the panel's name without frm: valid, resiz
-    std::string begun = {};     // date and time
+    std::string tool = {};  // the panel's name without frm: valid, resiz
+    DateTime begun = {};
     bool changesPages = false;  // its pages are rewritten, not only read
     RunEnd end = RunEnd::complete;
     std::string reason = {};    // of a refusal

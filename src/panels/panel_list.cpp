@@ -15,7 +15,7 @@ namespace tul {
 const std::vector<PanelEntry>& panelList() {
     static const std::vector<PanelEntry> panels = {
         {"frmLogo", "logo", "", "the main panel: opens the tools, launches the utilities", "main-panel.md",
-         makeLogoPanel},
+         [] { return makeLogoPanel([](std::string_view form) { return findPanel(form) != nullptr; }); }},
         {"frmValid", "valid", "validate", "check the structure of music files", "validation.md",
          makeValidPanel},
         {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", "pmx.md", makePmxPanel},

@@ -34,8 +34,8 @@ std::string declineLine(const std::string& program) {
     return "If you do not want to link " + program + " to TUL, just Cancel.";
 }
 
-/// What was selected before, out of the way while the selection program picks a program for this dialogue: of
-/// a user who cancels it is not to be taken for the answer. A file, for the program may be ended meanwhile.
+/// Where the selection of before lies while a program is chosen, so that it is not taken for the answer of a
+/// user who cancels. A file and not a variable: this program may be killed meanwhile.
 std::string keptSelectionPath() { return inProgramFolder("NAMES_BEFORE_FIRST_USE.TUL"); }
 
 void putSelectionAside() {

@@ -46,13 +46,13 @@ const std::string& editorPath() {
     return isWordpad ? machineSettings.WordpadPath : machineSettings.NotepadPath;
 }
 
-/// An editor of this system, which needs no suffix here: it runs from its folder, where one is given, with
-/// what stands behind it as arguments. Nothing for an editor that is called as on Windows.
+/// An editor of a system other than Windows, whose name needs no suffix. Where its folder is given it runs
+/// from there; what stands behind its name are arguments. Nothing for an editor that is called as on Windows.
 std::optional<Launch> nativeEditor() {
     const std::string& command = editorPath();
     if (!isOutsideWindows() || command.empty() || launchOf(command)) return std::nullopt;
     Launch launch{.program = command, .arguments = {}};
-    if (!processes().canFind(inInstallationForm(command))) {  // a name with blanks in it goes before
+    if (!processes().canFind(inInstallationForm(command))) {  // the name may have blanks in it
         const SplitText split = splitAtFirst(command, ' ');
         launch = {.program = std::string(split.before), .arguments = std::string(trim(split.behind))};
     }

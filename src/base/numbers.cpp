@@ -287,6 +287,10 @@ bool isWholeNumber(std::string_view text) {
     return isPlainNumber(text) && std::floor(value) == value;
 }
 
+bool isTrue(std::string_view text) {
+    return equalIgnoringCase(trim(text), "TRUE") || numericValue(text) != 0.0;
+}
+
 double roundToEven(double value) {
     // Adding 0 turns -0.0, which -0.3 is rounded to, into 0.
     return std::nearbyint(value) + 0.0;

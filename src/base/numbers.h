@@ -64,6 +64,9 @@ bool isPlainNumber(std::string_view text);
 /// True when the text is a plain number without a fraction.
 bool isWholeNumber(std::string_view text);
 
+/// A text as a boolean: TRUE in any case, or a number other than 0.
+bool isTrue(std::string_view text);
+
 /// To nearest, ties to even. NaN and infinities stay as they are.
 double roundToEven(double value);
 

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <array>
-
-#include "base/numbers.h"
+#include <optional>
 
 namespace tul {
 namespace {
@@ -165,10 +164,6 @@ std::vector<std::string_view> linesOf(std::string_view text) {
         start = end + (text.substr(end, CrLf.size()) == CrLf ? 2 : 1);
     }
     return lines;
-}
-
-bool isTrue(std::string_view text) {
-    return equalIgnoringCase(trim(text), "TRUE") || numericValue(text) != 0.0;
 }
 
 std::string_view folderOf(std::string_view path) { return path.substr(0, fileNameStart(path)); }

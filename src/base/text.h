@@ -49,9 +49,6 @@ std::vector<std::string_view> linesOf(std::string_view text);
 template <std::same_as<std::string> Temporary>
 std::vector<std::string_view> linesOf(Temporary&&) = delete;  // the lines would outlive it
 
-/// A text as a boolean: TRUE in any case, or a number other than 0.
-bool isTrue(std::string_view text);
-
 /// Path parts, by the last backslash. `folderOf` keeps it at its end ("" without one), `fileNameOf` is what
 /// follows it (the whole text without one).
 std::string_view folderOf(std::string_view path);

@@ -8,8 +8,8 @@
 #include "base/date_time.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "centre/installation.h"
 #include "centre/names_file.h"
-#include "centre/start_up.h"
 #include "centre/viewing.h"
 #include "host/host.h"
 #include "music/backup.h"
@@ -135,7 +135,7 @@ void cmdCycle() {
 
 void cmdLogoBackupStatus() {
     ReadNamesFile();
-    Report report(paths.ProgramFolder + "\\TULWORK.PRN");
+    Report report(inProgramFolder("TULWORK.PRN"));
     if (report.open() != FileError::none) endWith("Failed to open " + report.path() + " for output");
     report.line("Backup status . . . . . . . " + dateAndTime());
     report.line("NAMES.TUL path  . . . . . . " + paths.NamesFilePath);

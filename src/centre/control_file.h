@@ -11,6 +11,6 @@ namespace tul {
 void ReadControlFile(bool rewrite);
 
 /// The control file of a first use: the machine settings as they stand, in the order of first use.
-std::string firstControlFile();
+[[nodiscard]] std::string firstControlFile();
 
 }  // namespace tul

@@ -9,9 +9,9 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "centre/control_file.h"
+#include "centre/installation.h"
 #include "centre/names_file.h"
 #include "centre/platform_code.h"
-#include "centre/start_up.h"
 #include "host/host.h"
 #include "shared/function_module.h"
 #include "shared/records.h"
@@ -34,6 +34,20 @@ std::string declineLine(const std::string& program) {
     return "If you do not want to link " + program + " to TUL, just Cancel.";
 }
 
+/// Where the selection of before lies while a program is chosen, so that it is not taken for the answer of a
+/// user who cancels. A file and not a variable: this program may be killed meanwhile.
+std::string keptSelectionPath() { return inProgramFolder("NAMES_BEFORE_FIRST_USE.TUL"); }
+
+void putSelectionAside() {
+    if (files().rename(paths.NamesFilePath, keptSelectionPath()) != FileError::none)
+        files().remove(paths.NamesFilePath);
+}
+
+void takeSelectionBack() {
+    files().remove(paths.NamesFilePath);
+    files().rename(keptSelectionPath(), paths.NamesFilePath);
+}
+
 /// The suffix and folder that the selection program offers, and what it shows above.
 struct Offer {
     std::string prompt;
@@ -53,10 +67,10 @@ class SelectionSeries {
                            "The path where it is supposed to be is:", paths.TulNamesPath,
                            "With parameters:", arguments}));
         }
-        // What was chosen for the program before is not to be taken for this one when the user cancels.
-        files().removeIfThere(paths.NamesFilePath);
+        putSelectionAside();
         chooseNames(arguments, offer.prompt);
         ReadNamesFile();
+        takeSelectionBack();
         if (selection.SelectionCount == 0 && mayBeNone) return {};
         if (selection.SelectionCount != 1)
             endWith(joined("One file must be selected. You selected", selection.SelectionCount) + " files.");
@@ -107,8 +121,7 @@ void introduce() {
 
 /// The Sibelius converter needs two tables that only an earlier installation has.
 void noticeMissingTables() {
-    const auto inFolder = [](const char* name) { return FileExists(paths.ProgramFolder + "\\" + name); };
-    if (!inFolder("TULSIB05.EXE") || (inFolder("TULSIB09.TXT") && inFolder("TULSIB16.TXT"))) return;
+    if (!isInstalled("\\TULSIB05.EXE") || areInstalled({"\\TULSIB09.TXT", "\\TULSIB16.TXT"})) return;
     const Answer answer = MsgBox(
         lines({"The files TULSIB09.TXT and/or TULSIB16.TXT", "are missing in the TUL directory.",
                "They must come from a previous installation of TUL.",
@@ -339,8 +352,6 @@ void writeControlFile() {
     machineSettings.NotepadPath = "notepad.exe";
     machineSettings.WordpadPath = "wordpad.exe";
     machineSettings.WorkDrive = machineSettings.ScorePath.substr(0, 3);
-    // The selections of this dialogue have filled it.
-    if (FileExists(paths.NamesFilePath)) files().remove(paths.NamesFilePath);
     if (machineSettings.ScorePath.empty() && machineSettings.WinScoreProgramPath.empty()) {
         MsgBox(
             lines(
@@ -351,6 +362,8 @@ void writeControlFile() {
     }
     if (files().replace(paths.ControlFilePath, firstControlFile()) != FileError::none)
         endWith(paths.ControlFilePath + " could not be opened for output. Hit Enter to abort");
+    // An installation that is configured anew begins without a selection.
+    files().remove(paths.NamesFilePath);
 }
 
 }  // namespace
@@ -367,6 +380,7 @@ void showDisclaimer() {
 
 void FirstUse() {
     machineSettings = {};
+    if (FileExists(keptSelectionPath())) takeSelectionBack();  // this dialogue was cut off before
     SelectionSeries series;
     introduce();
     noticeMissingTables();

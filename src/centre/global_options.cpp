@@ -8,11 +8,14 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "centre/installation.h"
+#include "centre/library_folder.h"
+#include "centre/main_panel.h"
 #include "centre/names_file.h"
 #include "centre/option_checks.h"
 #include "centre/panel_place.h"
 #include "centre/project_options.h"
-#include "centre/start_up.h"
+#include "centre/tool_enabling.h"
 #include "host/host.h"
 #include "shared/function_module.h"
 #include "shared/key_value_file.h"
@@ -201,14 +204,8 @@ void showSharedValues() {
     o.optScoreEngine4 = !o.optScoreEngine3;
 }
 
-bool arePresent(std::initializer_list<const char*> programs) {
-    return std::all_of(programs.begin(), programs.end(),
-                       [](const char* program) { return FileExists(paths.ProgramFolder + "\\" + program); });
-}
-
 void showSplitVersions() {
-    const bool dos = arePresent({"TULSPLIT.BAT", "TULSPLI1.EXE", "TULSPLI2.EXE"});
-    const bool windows = arePresent({"TULSPLI5.EXE", "TULSPLI6.EXE"});
+    const auto [dos, windows] = findSplitVersions();
     GlobalOptions& o = globalOptions;
     o.splitMayBeChosen = dos && windows;
     if (dos != windows) {
@@ -223,7 +220,7 @@ void showSplitVersions() {
 }
 
 void showInputVersion() {
-    globalOptions.fraTulInput = arePresent({"TULINPUTW.EXE", "TULCW.EXE"})
+    globalOptions.fraTulInput = areInstalled({"\\TULINPUTW.EXE", "\\TULCW.EXE"})
                                     ? "TulInput (Windows) - is present"
                                     : "TulInput (Windows) - is NOT present";
 }
@@ -307,12 +304,16 @@ void OptionsPanelLoad() {
     globalOptions.List1 = libraryLines(machineSettings.PreferenceFilePath, machineSettings.LibPath);
     globalOptions.List2 = libraryLines(machineSettings.WinScorePrefPath, machineSettings.WinScoreScorLibPath);
     fillFontList();
+    globalOptions.prefFileThere = FileExists(machineSettings.PreferenceFilePath);
+    globalOptions.code9FileThere = FileExists(projectSettings.Code9Path);
+    globalOptions.printFileThere = FileExists(printFilePath());
 }
 
 void OptionsPanelReturn() {
     if (files().replace(paths.OptionsFilePath, optionsFile()) != FileError::none)
         endWith(paths.OptionsFilePath + " could not be opened for output. Hit Enter to abort");
     ReadReturnedOptions();
+    chooseSplitVersion();
     refreshAnlibTip();
     savePanelCoordinates(globalOptions.place);
     face().setPointer(Pointer::normal);
@@ -366,17 +367,6 @@ std::string keepFontPrefix(const std::string& typed) {
     const std::string prefix = CheckFontPrefix(typed);
     globalOptions.txtFontName = fontNameOf(prefix);
     return prefix;
-}
-
-bool isSplitForDosChosen() {
-    const GlobalOptions present = std::exchange(globalOptions, {});
-    for (const KeyValue& line : readKeyValues(paths.OptionsFilePath).value_or(std::vector<KeyValue>()))
-        if (line.key.starts_with("TULSPLIT"))
-            if (const PanelOption* const option = findOption(line.key)) show(*option, line.value);
-    showSplitVersions();
-    const bool dos = globalOptions.optTulSplitDOS;
-    globalOptions = present;
-    return dos;
 }
 
 std::string printFilePath() { return machineSettings.LibPath + "\\PRINT.DAT"; }

@@ -7,9 +7,6 @@
 /// The options panel `frmGlobalOptions`, which fills its controls from TULPROJ.PRO and writes the file anew.
 namespace tul {
 
-/// Tabs of the main panel that can be preferred.
-inline constexpr int preferableTabs = 3;
-
 /// The controls. Fonts are SCORE font numbers or, with "_" before two digits, prefixes of a text.
 struct GlobalOptions {
     std::string txtProjectName;
@@ -65,6 +62,9 @@ struct GlobalOptions {
     bool splitMayBeChosen = false;  // both versions are present
     bool scoreEngine3Linked = false;
     bool scoreEngine4Linked = false;
+    bool prefFileThere = false;  // in SCORE's library, when the panel was opened
+    bool code9FileThere = false;
+    bool printFileThere = false;
 
     ListBox lstFont{.title = {}, .entries = {}, .visible = false};
     std::string GlobalOptions::*fontField = &GlobalOptions::txtLyricsFont;  // takes what is chosen from it
@@ -102,10 +102,7 @@ void chooseFont(const std::string& entry);
 /// A font prefix as it is kept; shows the font's name.
 std::string keepFontPrefix(const std::string& typed);
 
-/// True when the split tool is to run in its DOS version, by the options file and by what is found on disk.
-bool isSplitForDosChosen();
-
 /// PRINT.DAT of SCORE's library.
-std::string printFilePath();
+[[nodiscard]] std::string printFilePath();
 
 }  // namespace tul

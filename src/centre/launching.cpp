@@ -66,6 +66,14 @@ Launch directLaunch(const std::string& command) {
     return {.program = command.substr(0, end), .arguments = std::string(trim(command.substr(end)))};
 }
 
+bool namesScoreEngine(const std::string& command) { return command.find("ScoreEngine") != std::string::npos; }
+
+/// The selection program, and batch files.
+bool isRunAsItStands(const std::string& command) {
+    if (command.find("TULNAMES.EXE") != std::string::npos) return true;
+    return !namesScoreEngine(command) && programOf(command).empty() && containsIgnoringCase(command, ".BAT");
+}
+
 /// The help program left the platform after Windows XP.
 bool hasHelpProgram() {
     if (identity.platformCode() == "XP") return true;
@@ -81,6 +89,31 @@ std::string programOf(const std::string& command) {
     return end == std::string::npos ? std::string() : command.substr(0, end);
 }
 
+std::optional<Launch> launchOf(const std::string& command) {
+    Launch launch = directLaunch(command);
+    if (isRunAsItStands(command)) return launch;
+    launch.style = windowStyleOf(command);
+    if (!namesScoreEngine(command)) {
+        const std::string program = programOf(command);
+        if (program.empty()) return std::nullopt;
+        launch.program = fileNameOf(program);
+        launch.arguments = command.substr(program.size());
+    }
+    if (identity.platformCode() == "2K" && startsScore(launch.program))
+        launch.arguments = argumentsForWindows2000(launch.arguments);
+    return launch;
+}
+
+bool canRun(const std::string& command) {
+    const auto launch = launchOf(command);
+    return launch && processes().canFind(launch->program);
+}
+
+void startAndWait(const Launch& launch) {
+    const LaunchResult result = processes().runAndWait(launch);
+    if (!result.started) tellStartFailure(launch.program, result.failure);
+}
+
 void ExecAndWait(const std::string& command, const std::vector<std::string>& words) {
     Launch launch = directLaunch(command);
     launch.words = words;
@@ -93,28 +126,16 @@ void ExecAndWait(const std::string& command, const std::vector<std::string>& wor
 }
 
 void ShellAndWait(const std::string& command, const std::vector<std::string>& words) {
-    if (command.find("TULNAMES.EXE") != std::string::npos) return ExecAndWait(command, words);
-
-    Launch launch = directLaunch(command);
-    launch.words = words;
-    launch.style = windowStyleOf(command);
-    if (command.find("ScoreEngine") == std::string::npos) {
-        const std::string program = programOf(command);
-        if (program.empty()) {
-            if (containsIgnoringCase(command, ".BAT")) return ExecAndWait(command, words);
-            MsgBox("ShellAndWait error: " + command + std::string(CrLf) +
-                       "Assure that TUL knows where NOTEPAD/WORDPAD are.",
-                   Buttons::ok, Icon::critical);
-            endProgram();
-        }
-        launch.program = fileNameOf(program);
-        launch.arguments = command.substr(program.size());
+    if (isRunAsItStands(command)) return ExecAndWait(command, words);
+    auto launch = launchOf(command);
+    if (!launch) {
+        MsgBox("ShellAndWait error: " + command + std::string(CrLf) +
+                   "Assure that TUL knows where NOTEPAD/WORDPAD are.",
+               Buttons::ok, Icon::critical);
+        endProgram();
     }
-    if (identity.platformCode() == "2K" && startsScore(launch.program))
-        launch.arguments = argumentsForWindows2000(launch.arguments);
-
-    const LaunchResult result = processes().runAndWait(launch);
-    if (!result.started) tellStartFailure(launch.program, result.failure);
+    launch->words = words;
+    startAndWait(*launch);
 }
 
 void ShowHelpFile(const std::string& name) {

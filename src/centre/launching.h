@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "host/processes.h"
 
 /// Programs of the installation and of the outside world. Each is waited for; nothing comes back but files.
 namespace tul {
@@ -15,8 +18,16 @@ void ShellAndWait(const std::string& command, const std::vector<std::string>& wo
 /// Runs a command line as it stands and waits. A failure to start, and an exit code of -1, end the program.
 void ExecAndWait(const std::string& command, const std::vector<std::string>& words = {});
 
+/// What `ShellAndWait` starts for a command line; nothing when it names no program.
+[[nodiscard]] std::optional<Launch> launchOf(const std::string& command);
+/// True when that program can be found.
+[[nodiscard]] bool canRun(const std::string& command);
+
+/// Starts a program and waits until it ends. A failure to start is told and the program goes on.
+void startAndWait(const Launch& launch);
+
 /// The program part of a command line: up to and including its first ".EXE"; empty without one.
-std::string programOf(const std::string& command);
+[[nodiscard]] std::string programOf(const std::string& command);
 
 /// The help entry: shows a topic where the platform still has its help program.
 void ShowHelpFile(const std::string& name);

@@ -8,6 +8,9 @@
 
 namespace tul {
 
+/// Tabs of the main panel that can be preferred.
+inline constexpr int preferableTabs = 3;
+
 /// What start-up leaves on the main panel `frmLogo`. Owner: start-up and tool enabling.
 struct MainPanel {
     std::string caption;
@@ -17,6 +20,7 @@ struct MainPanel {
     std::string focus;        // the control that has it when the panel is first shown
     std::map<std::string, bool, std::less<>> enabled;  // by control; what is not named is enabled
     bool preProcessVisible = false;                    // of cmdTulSplitPreProcess
+    bool splitForDos = false;  // the version of the split tool that cmdLogoSplit takes
     std::string cmdLogoInputCaption = "TulInput";
     std::string cmdAnlibTip;
     std::string cmdMinimizeTip;
@@ -24,7 +28,7 @@ struct MainPanel {
     std::string inputFilePath;  // its settings, in SCORE's folder
     ListBox lstTextFiles{.title = {}, .entries = {}, .visible = false};
 
-    bool isEnabled(std::string_view control) const;
+    [[nodiscard]] bool isEnabled(std::string_view control) const;
 };
 
 /// The built-in viewer `frmNotepad`. Owner: `ViewInPanel`.
@@ -37,6 +41,9 @@ struct NotepadPanel {
 
 extern MainPanel mainPanel;
 extern NotepadPanel notepadPanel;
+
+/// Brings the preferred tab of the main panel to the front.
+void showPreferredTab();
 
 void resetCentreRecords();
 

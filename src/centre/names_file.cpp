@@ -18,6 +18,12 @@ namespace {
 constexpr std::string_view terminator = " 1";
 const std::string newLine(CrLf);
 
+/// The name in a line, whose end is not looked at here. Blanks before the terminator are no part of it.
+std::string nameIn(std::string_view line) {
+    line.remove_suffix(std::min(line.size(), terminator.size()));
+    return std::string(trimRight(line));
+}
+
 /// Shows the refused file, so that the user sees what was in it, and throws it away.
 void discardNamesFile(const std::string& message) {
     MsgBox(message, Buttons::ok, Icon::exclamation);
@@ -79,8 +85,7 @@ std::int16_t checkUtilityNames(const std::string& path) {
     std::int16_t found = 0;
     for (const std::string_view line : linesOf(text)) {
         lines = wrap16(lines + 1);
-        const std::string_view name = line.substr(0, line.size() - std::min(line.size(), terminator.size()));
-        if (FileExists(std::string(name))) found = wrap16(found + 1);
+        if (FileExists(nameIn(line))) found = wrap16(found + 1);
     }
     if (found != lines) files().remove(path);
     return found;
@@ -121,8 +126,7 @@ void ReadNamesFile() {
                    Buttons::ok, Icon::exclamation);
             line += terminator;
         }
-        line.resize(line.size() - terminator.size());
-        if (!takeName(line)) return;
+        if (!takeName(nameIn(line))) return;
     }
     selection.SelectionValid = selection.SelectionCount > 0;
 }

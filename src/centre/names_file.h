@@ -18,8 +18,8 @@ void RefreshNamesFiles();
 void showNamesStatus();
 
 /// The argument string of TULNAMES.EXE: what it offers, and its prompt (empty: none).
-std::string selectionArguments(const std::string& suffix, const std::string& folder,
-                               const std::string& message);
+[[nodiscard]] std::string selectionArguments(const std::string& suffix, const std::string& folder,
+                                             const std::string& message);
 /// Runs TULNAMES.EXE, or takes the files that the user named beforehand over into the names file.
 void chooseNames(const std::string& arguments, const std::string& message);
 /// The select button of a panel, on a click: runs TULNAMES.EXE with `message` as its prompt (empty: none),
@@ -33,9 +33,9 @@ void ViewNamesFile(std::string& viewTip);
 void RefreshViewTip(std::string& viewTip);
 
 /// Lets the user choose a folder with TULFOLDR.EXE; empty when none was chosen.
-std::string SelectFolder(const std::string& remark);
+[[nodiscard]] std::string SelectFolder(const std::string& remark);
 
 /// One line of a names file.
-std::string namesFileLine(const std::string& path);
+[[nodiscard]] std::string namesFileLine(const std::string& path);
 
 }  // namespace tul

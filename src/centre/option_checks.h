@@ -8,14 +8,14 @@ namespace tul {
 
 /// A font number of SCORE: whole, 0 to 199 or 1000 to 1199. Leaves the bare number in `text`; anything else
 /// becomes "0", and the result is false.
-bool CheckFontNumber(std::string& text);
+[[nodiscard]] bool CheckFontNumber(std::string& text);
 
 /// The prefix that chooses a font within a text: "_", then two digits. What is none becomes "_00".
-std::string CheckFontPrefix(std::string_view text);
+[[nodiscard]] std::string CheckFontPrefix(std::string_view text);
 
 /// A size above 0 and below 10. Keeps `text`, with a "0" before a leading point; anything else becomes "1",
 /// and the result is false.
-bool CheckSize(std::string& text);
+[[nodiscard]] bool CheckSize(std::string& text);
 
 // What a field keeps of what was typed into it. Each tells the user when that is something else.
 std::string keepFontNumber(const std::string& typed);
@@ -31,6 +31,6 @@ std::string keepSuffix(const std::string& typed, const std::string& present);
 
 /// The text that a font or symbol code stands for: a text with a font prefix is its own, a symbol number from
 /// 3000 on has its line in the library's CODE9.DAT. Empty for any other code, and without such a line.
-std::string FontCodeText(const std::string& code);
+[[nodiscard]] std::string FontCodeText(const std::string& code);
 
 }  // namespace tul

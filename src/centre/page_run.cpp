@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "centre/installation.h"
 #include "centre/viewing.h"
 #include "host/host.h"
 #include "shared/records.h"
@@ -140,7 +141,7 @@ PageEnd PageUpdateRun::processPage(const PageInRun& page) {
 }
 
 RunResult runOverPages(RunView& view, const RunSpec& spec, ToolRun& tool) {
-    Report report(paths.ProgramFolder + "\\" + spec.report);
+    Report report(inProgramFolder(spec.report));
     if (const FileError fault = report.open(); fault != FileError::none) {
         spec.tellNoReport(report.path(), fault);
         noteRefusedRun(spec.tool, "The report could not be opened for output.");

@@ -4,7 +4,7 @@
 #include "base/text.h"
 #include "centre/launching.h"
 #include "centre/main_panel.h"
-#include "centre/start_up.h"
+#include "centre/start_up_warning.h"
 #include "host/host.h"
 #include "shared/function_module.h"
 #include "shared/records.h"

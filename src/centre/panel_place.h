@@ -10,7 +10,7 @@ namespace tul {
 /// Height of every panel, twips; systems other than Windows XP draw a higher title bar.
 inline constexpr int panelHeight = 6660;
 inline constexpr int titleBarAllowance = 200;
-int heightOfPanels();
+[[nodiscard]] int heightOfPanels();
 
 /// Moves a panel to the stored coordinates, or to the middle of the screen; keeps it on the only monitor. A
 /// face without a screen leaves the stored coordinates alone.

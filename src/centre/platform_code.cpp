@@ -87,6 +87,8 @@ std::string platformText(const PlatformVersion& version) {
 
 }  // namespace
 
+bool isOutsideWindows() { return !platform().version().ownText.empty(); }
+
 void getOS() {
     identity.OsCode = platformText(platform().version());
     identity.ProcessorBits = "00";

@@ -5,7 +5,6 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
-#include "centre/start_up.h"
 #include "host/host.h"
 #include "shared/function_module.h"
 #include "shared/key_value_file.h"

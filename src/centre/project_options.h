@@ -15,7 +15,7 @@ struct OptionLine {
 };
 
 /// The lines of the options file of a new installation, in its order.
-std::vector<OptionLine> defaultOptions();
+[[nodiscard]] std::vector<OptionLine> defaultOptions();
 /// Writes them. Ends the program when the file cannot be written.
 void WriteDefaultOptions();
 

@@ -6,12 +6,14 @@
 #include "base/text.h"
 #include "centre/control_file.h"
 #include "centre/first_use.h"
-#include "centre/global_options.h"
+#include "centre/installation.h"
+#include "centre/library_folder.h"
 #include "centre/main_panel.h"
 #include "centre/names_file.h"
 #include "centre/panel_place.h"
 #include "centre/platform_code.h"
 #include "centre/project_options.h"
+#include "centre/start_up_warning.h"
 #include "centre/tool_enabling.h"
 #include "centre/viewing.h"
 #include "host/host.h"
@@ -40,12 +42,25 @@ void nameVersion() {
     mainPanel.caption = "TUL Control Center - " + identity.VersionText;
 }
 
+/// True when the current folder takes a new file.
+bool takesFiles() {
+    const std::string probe = "TULWRITE.TMP";
+    const bool written = files().replace(probe, newLine) == FileError::none;
+    files().remove(probe);
+    return written;
+}
+
 /// Windows may keep a program from writing beside itself: better told now than at the first page.
 void testWriting() {
     if (identity.platformCode() == "XP") return;
     const std::string file = "TULVERSION.TXT";
     const FileError error = files().replace(file, dateAndTime() + newLine);
-    if (error == FileError::none && FileExists(file)) return;
+    const bool exists = FileExists(file);
+    if (error == FileError::none && exists) return;
+    if (exists && takesFiles())
+        endWith("The file " + file + " in the folder " + files().currentFolder() +
+                " is read-only or in use, and TUL writes it at each start." + newLine +
+                "Delete it, or take its write protection away, and start TUL again.");
     endWith("You are running on Windows " + identity.OsCode + newLine +
             "User Account Control prohibits writing in the current folder: " + files().currentFolder() +
             newLine + "TUL needs to terminate.");
@@ -57,16 +72,11 @@ void saveStartValues() {
     SaveProfileValue("PT", identity.ProcessorBits);
 }
 
-/// A name with a backslash lies in the program's folder, one without in the current folder.
-std::string located(const std::string& name) {
-    return name.starts_with('\\') ? paths.ProgramFolder + name : name;
-}
-
 void proveInstallation() {
-    mainPanel.enabled["mnuVersion"] = FileExists("TULVERSION.EXE");
+    mainPanel.enabled["mnuVersion"] = isInstalled("TULVERSION.EXE");
     int issues = 0;
     const auto require = [&issues](const std::string& name) {
-        const bool present = FileExists(located(name));
+        const bool present = isInstalled(name);
         if (!present) {
             const std::string shown = name.substr(name.starts_with('\\') ? 1 : 0);
             MsgBox("Module " + shown + " not properly installed", Buttons::ok, Icon::critical);
@@ -148,29 +158,6 @@ void testPlatform() {
         "Other).");
 }
 
-/// Everything before the last backslash; the whole path without one.
-std::string preferenceFolder() {
-    const std::string& path = machineSettings.PreferenceFilePath;
-    return path.substr(0, path.rfind('\\'));
-}
-
-void offerLibraryBypass() {
-    startUpWarning("You have not defined a LIB directory." + newLine +
-                   "Please be aware that many TUL utilities require information from the library.");
-    const Answer answer =
-        MsgBox("You can bypass the previous message on subsequent executions of TUL." + newLine +
-                   "Bypass this message from now on? (TUL will need to be restarted if yes)",
-               Buttons::yesNo, Icon::question);
-    if (answer != Answer::yes) return;
-    std::string text;
-    const bool wasRead = files().read(paths.ControlFilePath, text) == FileError::none;
-    if (!text.empty() && text.back() != '\n') text += newLine;
-    text += "BypassLibTest1=TRUE" + newLine;
-    if (!wasRead || files().replace(paths.ControlFilePath, text) != FileError::none)
-        endWith("Failed to rewrite TULCNTRL.INI. Hit OK to terminate.");
-    endProgram();
-}
-
 void enableSecondGroup() {
     EnableTools(ToolGroup::second);
     const bool needsSystem = mainPanel.isEnabled("cmdScoreToXML") || mainPanel.isEnabled("cmdLogoSplit");
@@ -180,32 +167,6 @@ void enableSecondGroup() {
 }
 
 }  // namespace
-
-void startUpWarning(const std::string& text) {
-    face().msgBox({.text = text, .icon = Icon::exclamation, .startUpWarning = true});
-}
-
-void refreshAnlibTip() {
-    mainPanel.cmdAnlibTip =
-        "Analyze SCORE libraries. The current library folder is " + preferenceFolder() + ". ";
-}
-
-void CheckLibraryFolders() {
-    const std::string& path = machineSettings.PreferenceFilePath;
-    if (path.find('\\') != std::string::npos &&
-        !equalIgnoringCase(preferenceFolder(), machineSettings.LibPath)) {
-        startUpWarning("You defined the Score library directory as: " + newLine + machineSettings.LibPath +
-                       newLine + "while the PREF file prefix is:" + newLine + preferenceFolder() + newLine +
-                       "The PREFerence file path was defined as: " + newLine + path);
-    }
-    if (!machineSettings.BypassLibTest1 && !FolderExists(machineSettings.LibPath)) offerLibraryBypass();
-}
-
-void showPreferredTab() {
-    if (projectSettings.PanelPreference < 0 || projectSettings.PanelPreference >= preferableTabs)
-        projectSettings.PanelPreference = 0;
-    mainPanel.tabLogo = projectSettings.PanelPreference;
-}
 
 void LoadDateSettings() {
     dateSettings = {};
@@ -223,31 +184,6 @@ void LoadDateSettings() {
     }
 }
 
-void namePaths() {
-    const auto inFolder = [](const char* name) { return paths.ProgramFolder + "\\" + name; };
-    paths.NamesFileName = "NAMES.TUL";
-    paths.NamesFilePath = inFolder("NAMES.TUL");
-    paths.ControlFilePath = inFolder("TULCNTRL.INI");
-    paths.OptionsFilePath = inFolder("TULPROJ.PRO");
-    paths.LogFilePath = inFolder("TULLOG.LOG");
-    paths.TulFolderPath = inFolder("TULFOLDR.EXE");
-    paths.TulFolderResultName = "TULFOLDR.TUL";
-    paths.TulNamesPath = inFolder("TULNAMES.EXE");
-    paths.TulOlePath = inFolder("TULOLE.EXE");
-    paths.TulSeps4idPath = inFolder("TULSEPS4ID.EXE");
-    paths.TulBeamPath = inFolder("TULBEAM.EXE");
-    paths.TulLjPath = inFolder("TULLJ.EXE");
-    paths.HelpFilePath = inFolder("TULCNTRL.HLP");
-    paths.TulXrefProfilePath = inFolder("TULXREF.PRO");
-    paths.TulFindPath = inFolder("TULFIND.EXE");
-    paths.TulDrawPath = inFolder("TULDRAW.EXE");
-    paths.TulEpsFxPath = inFolder("TULEPSFX.EXE");
-    paths.TulTposePath = inFolder("TULTPOSE.EXE");
-    paths.TulAnli1Path = inFolder("TULANLI1.EXE");
-    paths.TulAnli2Path = inFolder("TULANLI2.EXE");
-    paths.TulScHlpPath = inFolder("TULSCHLP.EXE");
-}
-
 void StartUp() {
     identity.ComputerName = platform().computerName();
     refuseSecondInstance();
@@ -260,7 +196,7 @@ void StartUp() {
     paths.ProgramFolder = files().currentFolder();
     proveInstallation();
     namePaths();
-    identity.DeveloperMode = FileExists(located("\\TULXREF5.ASM"));
+    identity.DeveloperMode = isInstalled("\\TULXREF5.ASM");
 
     if (FileExists(paths.ControlFilePath)) {
         testBuild();

@@ -4,8 +4,12 @@
 #include <string_view>
 #include <vector>
 
+#include "base/numbers.h"
+#include "centre/installation.h"
+#include "centre/launching.h"
 #include "centre/main_panel.h"
 #include "shared/function_module.h"
+#include "shared/key_value_file.h"
 #include "shared/records.h"
 
 namespace tul {
@@ -62,42 +66,51 @@ const std::vector<ToolFiles>& toolsOf(ToolGroup group) {
     return group == ToolGroup::first ? first : second;
 }
 
-bool isThere(const std::string& name) {
-    return FileExists(name.starts_with('\\') ? paths.ProgramFolder + name : name);
-}
-
-bool areThere(const std::vector<const char*>& names) {
-    for (const char* name : names)
-        if (!isThere(name)) return false;
-    return true;
-}
-
 void enableInput() {
     bool& enabled = mainPanel.enabled["cmdLogoInput"];
     enabled = false;
-    if (isThere("\\TULINPUT.EXE")) {
+    if (isInstalled("\\TULINPUT.EXE")) {
         mainPanel.cmdLogoInputCaption = "TulInput";
-        enabled = areThere({"\\TULINPUT.TXT", "\\TULC.EXE"});
+        enabled = areInstalled({"\\TULINPUT.TXT", "\\TULC.EXE"});
     }
-    if (isThere("\\TULINPUTW.EXE")) {
+    if (isInstalled("\\TULINPUTW.EXE")) {
         mainPanel.cmdLogoInputCaption = "TulInputW";
-        enabled = areThere({"\\TULINPUT.TXT", "\\TULCW.EXE"});
+        enabled = areInstalled({"\\TULINPUT.TXT", "\\TULCW.EXE"});
     }
 }
 
 }  // namespace
 
+SplitVersions findSplitVersions() {
+    return {.dos = areInstalled({"\\TULSPLIT.BAT", "\\TULSPLI1.EXE", "\\TULSPLI2.EXE"}),
+            .windows = areInstalled({"\\TULSPLI5.EXE", "\\TULSPLI6.EXE"})};
+}
+
+void chooseSplitVersion() {
+    bool dosWanted = false;
+    for (const KeyValue& line : readKeyValues(paths.OptionsFilePath).value_or(std::vector<KeyValue>())) {
+        if (line.key == "TULSPLITDOS") dosWanted = isTrue(line.value);
+        if (line.key == "TULSPLITWINDOWS" && isTrue(line.value)) dosWanted = false;
+    }
+    const SplitVersions found = findSplitVersions();
+    mainPanel.splitForDos = found.dos == found.windows ? dosWanted : found.dos;
+}
+
+void enableScoreHelp() { mainPanel.enabled["mnuHelpScore"] = canRun(machineSettings.HlpPath); }
+
 void EnableTools(ToolGroup group) {
     auto& enabled = mainPanel.enabled;
-    for (const ToolFiles& tool : toolsOf(group)) enabled[tool.button] = areThere(tool.needed);
+    for (const ToolFiles& tool : toolsOf(group)) enabled[tool.button] = areInstalled(tool.needed);
     if (group == ToolGroup::first) {
+        enableScoreHelp();
         enabled["cmdMidiScor"] = FileExists(machineSettings.MidiScorPath);
         enabled["cmdLascor"] = FileExists(machineSettings.LascorPath);
         return;
     }
-    enabled["cmdLogoSplit"] = areThere({"TULSPLIT.BAT", "TULSPLI1.EXE", "TULSPLI2.EXE"}) ||
-                              areThere({"TULSPLI5.EXE", "TULSPLI6.EXE"});
-    mainPanel.preProcessVisible = isThere("TULSPLIP.EXE");
+    const SplitVersions split = findSplitVersions();
+    enabled["cmdLogoSplit"] = split.dos || split.windows;
+    chooseSplitVersion();
+    mainPanel.preProcessVisible = isInstalled("TULSPLIP.EXE");
     enabled["cmdXMLxtract"] =
         enabled["cmdXMLxtract"] && (enabled["cmdXMLtoScore"] || enabled["cmdScoreToXML"]);
     enableInput();

@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "centre/installation.h"
 #include "centre/launching.h"
 #include "centre/main_panel.h"
 #include "centre/panel_place.h"
@@ -17,10 +18,6 @@ namespace tul {
 namespace {
 
 const std::string newLine(CrLf);
-
-std::string inProgramFolder(const std::string& name) {
-    return name.starts_with('\\') ? paths.ProgramFolder + name : name;
-}
 
 void showScoreHelp() { ShellAndWait(machineSettings.HlpPath); }
 
@@ -42,8 +39,8 @@ void fixEps() {
 }
 
 void convertXml() {
-    const bool isNewer = FileExists(inProgramFolder("\\TULXML2Score.EXE"));
-    ShellAndWait(inProgramFolder(isNewer ? "\\TULXML2SCORE.EXE" : "\\TULXML.EXE"));
+    const bool isNewer = FileExists(inProgramFolder("TULXML2Score.EXE"));
+    ShellAndWait(inProgramFolder(isNewer ? "TULXML2SCORE.EXE" : "TULXML.EXE"));
 }
 
 void runGuarded(LaunchKind kind, const std::function<void()>& launch) {
@@ -130,13 +127,8 @@ const std::vector<ToolLaunch>& toolLaunches() {
 void LaunchTool(const ToolLaunch& tool) {
     runGuarded(tool.kind, [&tool] {
         if (tool.launch) return tool.launch();
-        ShellAndWait(inProgramFolder(tool.command));
+        ShellAndWait(located(tool.command));
     });
-}
-
-bool canShowScoreHelp() {
-    const std::string& path = machineSettings.HlpPath;
-    return FileExists(path) && (!programOf(path).empty() || upperCase(path).ends_with(".BAT"));
 }
 
 void cmdAnlib() {
@@ -148,7 +140,7 @@ void cmdAnlib() {
                Buttons::ok, Icon::exclamation);
         return;
     }
-    files().removeIfThere(inProgramFolder("\\TULANLIB.SUM"));
+    files().removeIfThere(inProgramFolder("TULANLIB.SUM"));
     const HiddenPanel hidden;
     ShellAndWait(paths.TulAnli1Path);
 }
@@ -163,7 +155,7 @@ void cmdTulSib() {
                Buttons::ok, Icon::exclamation);
         return;
     }
-    const std::string program = inProgramFolder("\\TULSIB.EXE");
+    const std::string program = inProgramFolder("TULSIB.EXE");
     if (!FileExists(program)) return;
     const WaitingPointer pointer;
     const HiddenPanel hidden;

@@ -29,9 +29,6 @@ const std::vector<ToolLaunch>& toolLaunches();
 /// A press of the button.
 void LaunchTool(const ToolLaunch& tool);
 
-/// SCORE's help file is shown by a program of its own; a linked help text that is none cannot be launched.
-bool canShowScoreHelp();
-
 /// Analyses SCORE's libraries, where one is defined.
 void cmdAnlib();
 /// Converts Sibelius EPS files, where a library is defined.

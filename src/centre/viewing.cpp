@@ -1,13 +1,18 @@
 #include "centre/viewing.h"
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
 
 #include "base/text.h"
 #include "centre/control_file.h"
+#include "centre/installation.h"
 #include "centre/launching.h"
+#include "centre/library_folder.h"
 #include "centre/main_panel.h"
+#include "centre/platform_code.h"
 #include "centre/project_options.h"
-#include "centre/start_up.h"
+#include "centre/tool_enabling.h"
 #include "host/host.h"
 #include "shared/function_module.h"
 #include "shared/records.h"
@@ -30,16 +35,47 @@ bool looksLikeText(const std::string& path) {
     return std::all_of(bytes.begin(), bytes.end(), isTextByte);
 }
 
+/// A path that the user wrote as this system does.
+std::string inInstallationForm(const std::string& program) {
+    const bool isNative = program.find('/') != std::string::npos;
+    return isNative ? files().fromNative(program).value_or(program) : program;
+}
+
 const std::string& editorPath() {
     const bool isWordpad = editor.code == static_cast<int>(EditorCode::wordpad);
     return isWordpad ? machineSettings.WordpadPath : machineSettings.NotepadPath;
 }
 
+/// An editor of a system other than Windows, whose name needs no suffix. Where its folder is given it runs
+/// from there; what stands behind its name are arguments. Nothing for an editor that is called as on Windows.
+std::optional<Launch> nativeEditor() {
+    const std::string& command = editorPath();
+    if (!isOutsideWindows() || command.empty() || launchOf(command)) return std::nullopt;
+    Launch launch{.program = command, .arguments = {}};
+    if (!processes().canFind(inInstallationForm(command))) {  // the name may have blanks in it
+        const SplitText split = splitAtFirst(command, ' ');
+        launch = {.program = std::string(split.before), .arguments = std::string(trim(split.behind))};
+    }
+    launch.program = inInstallationForm(launch.program);
+    return launch;
+}
+
 bool editorIsThere() {
-    const std::string program = programOf(editorPath());
-    if (program.empty())
-        return processes().canFind(editorPath());  // a batch file, or nothing that can be run
-    return processes().canFind(std::string(fileNameOf(program)));
+    const auto launch = launchOf(editorPath());
+    return processes().canFind(launch ? launch->program : editorPath());
+}
+
+/// The native editor is given the path as other programs of this system write it.
+void viewNatively(Launch launch, const std::string& path) {
+    const std::string native = files().toNative(path);
+    for (std::string_view rest = launch.arguments; !rest.empty();) {
+        const SplitText split = splitAtFirst(rest, ' ');
+        launch.words.emplace_back(split.before);
+        rest = trimLeft(split.behind);
+    }
+    launch.words.push_back(native);
+    launch.arguments += (launch.arguments.empty() ? "" : " ") + native;
+    startAndWait(launch);
 }
 
 }  // namespace
@@ -47,8 +83,12 @@ bool editorIsThere() {
 void SetEditor(EditorCode code) { editor.code = static_cast<int>(code); }
 
 void ViewWithEditor(const std::string& path) {
-    if (face().showsTextItself() || !editorIsThere()) {
+    const auto native = nativeEditor();
+    const bool isThere = native ? processes().canFind(native->program) : editorIsThere();
+    if (face().showsTextItself() || !isThere) {
         face().showText(path);
+    } else if (native) {
+        viewNatively(*native, path);
     } else {
         const std::string shortPath = GetShortName(path);
         const bool isBareProgram = programOf(editorPath()) == editorPath();
@@ -72,7 +112,7 @@ void ViewInPanel(const std::string& path) {
 }
 
 void ShowUserGuide(const std::string& page) {
-    const std::string path = paths.ProgramFolder + "\\docs\\" + page;
+    const std::string path = inProgramFolder("docs\\" + page);
     if (FileExists(path))
         face().showGuide(path);
     else
@@ -86,6 +126,8 @@ void editNotepadFile() {
     refreshAnlibTip();
     ReadProjectOptions();
     CheckLibraryFolders();
+    chooseSplitVersion();
+    enableScoreHelp();
     notepadPanel.closed = true;
 }
 

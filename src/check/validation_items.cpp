@@ -3,6 +3,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "centre/installation.h"
 #include "centre/launching.h"
 #include "check/validation.h"
 #include "host/host.h"
@@ -158,7 +159,7 @@ void inputValidate(Report& report) {
 }
 
 void RecoverMUS(const std::string& path, int items) {
-    const std::string program = paths.ProgramFolder + "\\TULRECOV.EXE";
+    const std::string program = inProgramFolder("TULRECOV.EXE");
     const Answer answer = MsgBox("At least " + plain(musProgress()) + "% (the first " + plain(items) +
                                      " items), and may be more can be recovered from file " + path + newLine +
                                      "Attempt recovery?",

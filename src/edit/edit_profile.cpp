@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "centre/installation.h"
 #include "centre/viewing.h"
 #include "host/host.h"
 #include "shared/function_module.h"
@@ -31,7 +32,7 @@ constexpr std::array<Entry, 8> entries = {{
     {"RVBwholeOffsetRite", &BracketSettings::txtRVBwholeOffsetRite},
 }};
 
-std::string profilePath() { return paths.ProgramFolder + "\\TULEDIT.PRO"; }
+std::string profilePath() { return inProgramFolder("TULEDIT.PRO"); }
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "centre/installation.h"
 #include "centre/launching.h"
 #include "centre/names_file.h"
 #include "edit/edit_profile.h"
@@ -47,7 +48,7 @@ std::vector<Command> commands() {
     std::vector<Command> all = {
         {.name = "cmdEdit2",
          .caption = "TulEdit2",
-         .run = [] { ShellAndWait(paths.ProgramFolder + "\\TULEDIT2.EXE"); },
+         .run = [] { ShellAndWait(inProgramFolder("TULEDIT2.EXE")); },
          .visible = [] { return identity.DeveloperMode; }},
         {.name = "lblViewTulEditProfileClick", .caption = "View profile", .run = edit::viewTulEditProfile},
     };

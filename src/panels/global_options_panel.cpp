@@ -9,10 +9,8 @@
 #include "centre/option_checks.h"
 #include "centre/panel_place.h"
 #include "centre/project_options.h"
-#include "centre/start_up.h"
 #include "centre/viewing.h"
 #include "host/host.h"
-#include "shared/function_module.h"
 #include "shared/records.h"
 
 namespace tul {
@@ -163,11 +161,11 @@ void addOptions(std::vector<Field>& fields) {
         fields.push_back(field);
 }
 
-Command viewLibraryFile(const char* name, const char* caption, std::string (*path)()) {
+Command viewLibraryFile(const char* name, const char* caption, std::string (*path)(), Flag isThere) {
     return {.name = name,
             .caption = std::string(caption),
             .run = [path] { ViewWithEditor(path()); },
-            .enabled = [path] { return FileExists(path()); },
+            .enabled = [isThere] { return globalOptions.*isThere; },
             .toolTip = [path] { return "View/edit this file. Path is " + path(); }};
 }
 
@@ -186,9 +184,12 @@ std::vector<Command> commands() {
          .run = cmdGlobalSetFolder,
          .enabled = [] { return selection.SelectionValid; },
          .toolTip = setFolderTip},
-        viewLibraryFile("cmdGlobalViewPref", "View PREF file", preferenceFilePath),
-        viewLibraryFile("cmdGlobalViewCode9", "View CODE9 file", code9FilePath),
-        viewLibraryFile("cmdGlobalViewPrint", "View PRINT file", printFilePath),
+        viewLibraryFile("cmdGlobalViewPref", "View PREF file", preferenceFilePath,
+                        &GlobalOptions::prefFileThere),
+        viewLibraryFile("cmdGlobalViewCode9", "View CODE9 file", code9FilePath,
+                        &GlobalOptions::code9FileThere),
+        viewLibraryFile("cmdGlobalViewPrint", "View PRINT file", printFilePath,
+                        &GlobalOptions::printFileThere),
         {.name = "cmdGlobalOptionsDefault",
          .caption = std::string("Default"),
          .run = cmdGlobalOptionsDefault},

@@ -6,16 +6,15 @@
 #include "base/text.h"
 #include "centre/backup_restore.h"
 #include "centre/debug_summary.h"
-#include "centre/global_options.h"
 #include "centre/launching.h"
 #include "centre/main_panel.h"
 #include "centre/names_file.h"
 #include "centre/panel_place.h"
 #include "centre/start_up.h"
+#include "centre/tool_enabling.h"
 #include "centre/tool_launches.h"
 #include "centre/viewing.h"
 #include "host/host.h"
-#include "panels/panel_list.h"
 #include "shared/records.h"
 #include "shared/version.h"
 
@@ -34,7 +33,7 @@ Live<bool> asFound(const char* button) {
     return [button] { return mainPanel.isEnabled(button); };
 }
 
-bool isBuilt(const char* form) { return findPanel(form) != nullptr; }
+using IsBuilt = bool (*)(std::string_view form);
 
 void openPanel(const char* form) {
     savePanelCoordinates(mainPanel.place);
@@ -45,17 +44,18 @@ void openPanel(const char* form) {
 
 /// A button that leads to a panel of this program. Where that panel is not part of this version it stands
 /// disabled.
-Command panelCommand(const char* button, Live<std::string> caption, const char* form,
+Command panelCommand(const char* button, Live<std::string> caption, const char* form, IsBuilt isBuilt,
                      const char* toolTip = "") {
     return {.name = button,
             .caption = std::move(caption),
             .run = [form] { openPanel(form); },
-            .enabled = [button, form] { return mainPanel.isEnabled(button) && isBuilt(form); },
+            .enabled = [button, built = isBuilt(form)] { return built && mainPanel.isEnabled(button); },
             .toolTip = std::string(toolTip)};
 }
 
-Command inputCommand(const char* button, Live<std::string> caption, int kind, const char* fileName) {
-    Command command = panelCommand(button, std::move(caption), "frmInput");
+Command inputCommand(const char* button, Live<std::string> caption, int kind, const char* fileName,
+                     IsBuilt isBuilt) {
+    Command command = panelCommand(button, std::move(caption), "frmInput", isBuilt);
     command.run = [kind, fileName] {
         mainPanel.inputKind = kind;
         mainPanel.inputFilePath = machineSettings.ScoreFolder + fileName;
@@ -64,7 +64,7 @@ Command inputCommand(const char* button, Live<std::string> caption, int kind, co
     return command;
 }
 
-Commands panelCommands() {
+Commands panelCommands(IsBuilt isBuilt) {
     Commands commands;
     for (const auto& [button, caption, form, toolTip] : std::initializer_list<std::array<const char*, 4>>{
              {"cmdValid", "TulValid", "frmValid", "Check the selected pages, and recover damaged ones"},
@@ -76,17 +76,16 @@ Commands panelCommands() {
              {"cmdAccs", "TulAccs", "frmAccs", ""},
              {"mnuColors", "&Colors", "frmColor", ""},
              {"mnuAbout", "&About", "frmAbout", ""}})
-        commands.push_back(panelCommand(button, caption, form, toolTip));
+        commands.push_back(panelCommand(button, caption, form, isBuilt, toolTip));
     commands.push_back(inputCommand(
-        "cmdLogoInput", [] { return mainPanel.cmdLogoInputCaption; }, 1, "TULINPUT.INI"));
-    commands.push_back(inputCommand("cmdLogoIntab", "TulInTab", 2, "TULINTAB.INI"));
+        "cmdLogoInput", [] { return mainPanel.cmdLogoInputCaption; }, 1, "TULINPUT.INI", isBuilt));
+    commands.push_back(inputCommand("cmdLogoIntab", "TulInTab", 2, "TULINTAB.INI", isBuilt));
     return commands;
 }
 
 Live<bool> enabledRuleOf(const ToolLaunch& tool) {
     const std::string_view button = tool.button;
     if (button == "mnuScore") return asFound("mnuScoreEngine");
-    if (button == "mnuHelpScore") return canShowScoreHelp;
     return asFound(tool.button);
 }
 
@@ -101,19 +100,22 @@ Commands launchCommands() {
     return commands;
 }
 
-void cmdLogoSplit() {
-    if (isSplitForDosChosen())
-        openPanel("frmSplit");
-    else
-        launchSplit();
-}
-
-bool canSplit() {
-    return mainPanel.isEnabled("cmdLogoSplit") && (isBuilt("frmSplit") || !isSplitForDosChosen());
+Command splitCommand(IsBuilt isBuilt) {
+    const auto canSplit = [built = isBuilt("frmSplit")] {
+        return mainPanel.isEnabled("cmdLogoSplit") && (built || !mainPanel.splitForDos);
+    };
+    const auto split = [canSplit] {
+        chooseSplitVersion();  // the options file may have been edited by hand
+        if (!mainPanel.splitForDos)
+            launchSplit();
+        else if (canSplit())
+            openPanel("frmSplit");
+    };
+    return {.name = "cmdLogoSplit", .caption = "TulSplit", .run = split, .enabled = canSplit};
 }
 
 /// Launches that look at something first, and two buttons that are switched off for good.
-Commands checkedCommands() {
+Commands checkedCommands(IsBuilt isBuilt) {
     return {
         {.name = "cmdAnlib",
          .caption = "TulAnlib",
@@ -121,7 +123,7 @@ Commands checkedCommands() {
          .enabled = asFound("cmdAnlib"),
          .toolTip = [] { return mainPanel.cmdAnlibTip; }},
         {.name = "cmdTulSib", .caption = "TulSib", .run = cmdTulSib, .enabled = asFound("cmdTulSib")},
-        {.name = "cmdLogoSplit", .caption = "TulSplit", .run = cmdLogoSplit, .enabled = canSplit},
+        splitCommand(isBuilt),
         {.name = "cmdClef", .caption = "TulClef", .run = [] {}, .enabled = false},
         {.name = "cmdLogoDur", .caption = "TulDur", .run = [] {}, .enabled = false},
     };
@@ -158,12 +160,16 @@ Commands menuCommands() {
 }
 
 /// The row below the tabs. The options panel puts the preferred tab in front when it has closed.
-Commands rowCommands() {
+Commands rowCommands(IsBuilt isBuilt) {
     return {
-        panelCommand("cmdProjectOptions", "Set project options", "frmGlobalOptions"),
+        panelCommand("cmdProjectOptions", "Set project options", "frmGlobalOptions", isBuilt),
         {.name = "cmdViewProjectOptions",
          .caption = "View project options",
-         .run = [] { ViewWithEditor(paths.OptionsFilePath); }},
+         .run =
+             [] {
+                 ViewWithEditor(paths.OptionsFilePath);
+                 chooseSplitVersion();
+             }},
         {.name = "cmdLogoBackupStatus", .caption = "Backup status", .run = cmdLogoBackupStatus},
         {.name = "cmdCycle",
          .caption = "Restore",
@@ -215,14 +221,14 @@ std::vector<Field> fields() {
 
 }  // namespace
 
-Panel describeLogoPanel() {
+Panel describeLogoPanel(IsBuilt isBuilt) {
     Panel panel;
     panel.name = "frmLogo";
     panel.caption = mainPanel.caption;
     panel.fields = fields();
-    for (const auto commands : {panelCommands, launchCommands, checkedCommands, menuCommands, rowCommands,
-                                placeCommands, eventCommands})
-        append(panel.commands, commands());
+    for (const Commands& commands : {panelCommands(isBuilt), launchCommands(), checkedCommands(isBuilt),
+                                     menuCommands(), rowCommands(isBuilt), placeCommands(), eventCommands()})
+        append(panel.commands, commands);
     Command& preProcess = *panel.command("cmdTulSplitPreProcess");
     preProcess.visible = [] { return mainPanel.preProcessVisible; };
     panel.place = &mainPanel.place;

@@ -15,7 +15,8 @@ namespace tul {
 const std::vector<PanelEntry>& panelList() {
     static const std::vector<PanelEntry> panels = {
         {"frmLogo", "logo", "", "the main panel: opens the tools, launches the utilities", "main-panel.md",
-         describeLogoPanel, nullptr},
+         [] { return describeLogoPanel([](std::string_view form) { return findPanel(form) != nullptr; }); },
+         nullptr},
         {"frmValid", "valid", "validate", "check the structure of music files", "validation.md",
          describeValidPanel, resetValidPanel},
         {"frmPmx", "pmx", "", "write music files as parameter text (.PMX)", "pmx.md", describePmxPanel,

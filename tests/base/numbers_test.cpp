@@ -231,5 +231,10 @@ TEST(PrintLine, ZonesAreFourteenColumnsWide) {
     EXPECT_EQ(PrintLine().text("thirteen cols").zone().text("x").line(), "thirteen cols x");
 }
 
+TEST(Numbers, TruthIsTrueInAnyCaseOrANumberOtherThanZero) {
+    for (const char* text : {"TRUE", " true ", "-1", "0.5", "12abc"}) EXPECT_TRUE(isTrue(text)) << text;
+    for (const char* text : {"", "0", "-0.0", "FALSE", "yes", "truex"}) EXPECT_FALSE(isTrue(text)) << text;
+}
+
 }  // namespace
 }  // namespace tul

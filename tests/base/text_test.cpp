@@ -57,11 +57,6 @@ TEST(Text, LinesEndAtEveryKindOfLineEnd) {
     EXPECT_EQ(linesOf("a\0b\nc\x1A"sv), Lines({"a\0b"sv, "c\x1A"}));
 }
 
-TEST(Text, TruthIsTrueInAnyCaseOrANumberOtherThanZero) {
-    for (const char* text : {"TRUE", " true ", "-1", "0.5", "12abc"}) EXPECT_TRUE(isTrue(text)) << text;
-    for (const char* text : {"", "0", "-0.0", "FALSE", "yes", "truex"}) EXPECT_FALSE(isTrue(text)) << text;
-}
-
 TEST(Text, PathsAreTakenApartAtTheLastBackslash) {
     EXPECT_EQ(folderOf("Z:\\a\\b.mus"), "Z:\\a\\");
     EXPECT_EQ(fileNameOf("Z:\\a\\b.mus"), "b.mus");

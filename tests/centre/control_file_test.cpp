@@ -57,12 +57,16 @@ TEST_F(ControlFile, IsRewrittenInItsOwnOrderWithoutWhatItDoesNotKnow) {
         "WinScorePrefPath=p|BypassLibTest1=False|ACCSPath=q|LJPath=r|BeamPath=s|MidiScorPath=t|"
         "LascorPath=u|Seps4idProgramPath=v");
     const Texts known = linesIn(settings);
+    identity.ComputerName = "DESK";
+    identity.OsCode = "Wx Test";
+    identity.ProcessorBits = "64";
     host.write("TULCNTRL.INI", "* mine\r\nOther=1\r\n" + crlf({known.rbegin(), known.rend()}));
     ReadControlFile(true);
     const std::string text = host.read("TULCNTRL.INI");
     EXPECT_TRUE(
         text.ends_with("\r\nTimesExecuted=1\r\nLastVersionExecuted=\r\n[UserSettings]\r\n" + settings));
-    EXPECT_TRUE(text.starts_with("[TulVariables]\r\nFirstExecuted=\r\nLastExecuted="));
+    EXPECT_TRUE(text.starts_with(
+        "[TulVariables]\r\nFirstExecuted=\r\nLastExecuted=11-21-2026,09:05:07,DESK,Wx,64\r\n"));
 }
 
 TEST_F(ControlFile, EndsTheProgramWhenItCannotBeUsed) {
@@ -74,40 +78,23 @@ TEST_F(ControlFile, EndsTheProgramWhenItCannotBeUsed) {
     EXPECT_EQ(host.messages.back(), "Failed to rewrite TULCNTRL.INI. Hit OK to terminate.");
 }
 
-TEST_F(ControlFile, LetsTheLogGoEveryHundredthStart) {
-    for (const int count : {0, 1, 99, 101, 110, 1001}) {
-        writeLog(102);
+TEST_F(ControlFile, LetsALogThatIsTooLongGoEveryHundredthStart) {
+    const auto isCycled = [this](int count, int lines, const std::string& more = {}) {
+        writeLog(lines);
+        host.write("TULLOG.LOG", host.read("TULLOG.LOG") + more);
         EXPECT_EQ(startWith(count), std::nullopt);
-        EXPECT_TRUE(host.exists("TULLOG.LOG")) << count;
-    }
-    EXPECT_TRUE(host.messages.empty());
-    for (const int count : {100, 200, 1000, 12300}) {
-        writeLog(102);
-        const std::string log = host.read("TULLOG.LOG") + std::to_string(count);
-        host.write("TULLOG.LOG", log);
-        EXPECT_EQ(startWith(count), std::nullopt);
-        EXPECT_FALSE(host.exists("TULLOG.LOG")) << count;
-        EXPECT_EQ(host.read("TULLOG.BKP"), log) << "the backup before it is lost";
-        EXPECT_EQ(host.messages.back(),
-                  "Cycled logging file " + host.path("TULLOG.LOG") + " and saved previous to TULLOG.BKP");
-    }
-    writeLog(102);
-    startWith(99);
+        return !host.exists("TULLOG.LOG");
+    };
+    for (const int count : {0, 1, 99, 101, 110, 1001}) EXPECT_FALSE(isCycled(count, 102)) << count;
+    for (const int lines : {0, 100, 101}) EXPECT_FALSE(isCycled(100, lines)) << lines;
+    EXPECT_TRUE(host.messages.empty() && !host.exists("TULLOG.BKP"));
+    EXPECT_TRUE(isCycled(100, 101, "a last line without an end counts"));
+    for (const int count : {100, 200, 1000, 12300}) EXPECT_TRUE(isCycled(count, 102)) << count;
+    EXPECT_EQ(host.messages.back(),
+              "Cycled logging file " + host.path("TULLOG.LOG") + " and saved previous to TULLOG.BKP");
+    EXPECT_FALSE(isCycled(99, 102));
     ReadControlFile(true);
     EXPECT_FALSE(host.exists("TULLOG.LOG")) << "the start after the one that counted to 100";
-}
-
-TEST_F(ControlFile, KeepsALogWithinItsLimit) {
-    for (const int lines : {0, 100, 101}) {
-        writeLog(lines);
-        EXPECT_EQ(startWith(100), std::nullopt);
-        EXPECT_TRUE(host.exists("TULLOG.LOG")) << lines;
-        EXPECT_FALSE(host.exists("TULLOG.BKP")) << lines;
-    }
-    EXPECT_TRUE(host.messages.empty());
-    host.write("TULLOG.LOG", host.read("TULLOG.LOG") + "without an end");
-    startWith(100);
-    EXPECT_TRUE(host.exists("TULLOG.BKP")) << "a last line without an end counts";
 }
 
 TEST_F(ControlFile, EndsTheProgramAtAMissingLogOnce) {
@@ -115,29 +102,24 @@ TEST_F(ControlFile, EndsTheProgramAtAMissingLogOnce) {
     EXPECT_EQ(host.messages,
               Texts{"Failed to open" + host.path("TULLOG.LOG") + " for input. Hit OK to terminate"});
     EXPECT_EQ(endOf([] { ReadControlFile(true); }), std::nullopt) << "this start was counted";
-    EXPECT_EQ(startWith(150), std::nullopt);
 }
 
-TEST_F(ControlFile, PutsTheBackupOfTheLogIntoTheCurrentFolder) {
+TEST_F(ControlFile, PutsTheBackupOfTheLogIntoTheCurrentFolderOrTellsThatItCannot) {
     host.makeFolder("work");
-    host.write("TULLOG.BKP", "of the program's folder");
-    host.write("work/TULLOG.BKP", "of the current folder");
-    EXPECT_TRUE(files().changeFolder(host.path("work")));
+    for (const char* name : {"TULLOG.BKP", "work/TULLOG.BKP"}) host.write(name, name);
+    files().enterIfThere(host.path("work"));
     writeLog(102);
     const std::string log = host.read("TULLOG.LOG");
-    EXPECT_EQ(startWith(100), std::nullopt);
-    EXPECT_EQ(host.read("work/TULLOG.BKP"), log);
-    EXPECT_EQ(host.read("TULLOG.BKP"), "of the program's folder");
-    EXPECT_FALSE(host.exists("TULLOG.LOG"));
-}
-
-TEST_F(ControlFile, TellsALogThatCouldNotBeSaved) {
-    host.makeFolder("TULLOG.BKP");
+    startWith(100);
+    EXPECT_EQ(host.read("work/TULLOG.BKP"), log) << "the backup before it is lost";
+    EXPECT_EQ(host.read("TULLOG.BKP"), "TULLOG.BKP");
+    host.remove("work/TULLOG.BKP");
+    host.makeFolder("work/TULLOG.BKP");
     writeLog(102);
-    EXPECT_EQ(startWith(100), std::nullopt);
+    startWith(100);
     EXPECT_TRUE(host.exists("TULLOG.LOG"));
-    EXPECT_EQ(host.messages, Texts{"Logging file " + host.path("TULLOG.LOG") +
-                                   " is too long and could not be saved to TULLOG.BKP"});
+    EXPECT_EQ(host.messages.back(), "Logging file " + host.path("TULLOG.LOG") +
+                                        " is too long and could not be saved to TULLOG.BKP");
 }
 
 TEST_F(ControlFile, AndOtherSettingsAreWrittenWithWindowsEnds) {

@@ -23,9 +23,18 @@ class StartingUp : public HostTest {
                      "NotepadPath=notepad.exe", "BypassLibTest1=True"}) +
                more;
     }
-    void expectFatal(const Texts& messages) {
-        EXPECT_EQ(endOf(StartUp), 1);
-        EXPECT_EQ(host.messages, messages);
+    /// What a start with these lines in the control file says; it goes on.
+    Texts startWith(const std::string& more) {
+        host.write("TULCNTRL.INI", controlFile("v8.0.0.200", more));
+        host.messages.clear();
+        EXPECT_EQ(endOf(StartUp), std::nullopt);
+        return host.messages;
+    }
+    void expectEnabled(bool enabled) {
+        for (const char* entry : {"mnuVersion", "mnuScoreEngine", "mnuHelpScore", "cmdLascor", "cmdMidiScor",
+                                  "cmdLogoInput", "cmdLogoSplit"})
+            EXPECT_EQ(mainPanel.isEnabled(entry), enabled) << entry;
+        EXPECT_EQ(mainPanel.preProcessVisible, enabled);
     }
 };
 
@@ -49,6 +58,8 @@ TEST_F(StartingUp, EndsInAStateFromWhichToolsAreCalled) {
     EXPECT_EQ(monitors.WorkAreaHeight, 1040);
     EXPECT_FALSE(host.exists("TulMonit.TXT"));
     EXPECT_EQ(host.read("TULVERSION.TXT"), "11-21-2026 09:05:07\r\n");
+    EXPECT_TRUE(
+        contains(host.read("TULCNTRL.INI"), "\r\nTimesExecuted=8\r\nLastVersionExecuted=v8.0.0.200\r\n"));
     for (const auto& [key, value] :
          std::map<std::string, std::string>{{"StartTime", "ON 11-21-2026 09:05:07"},
                                             {"OS", "Wx Test"},
@@ -74,23 +85,23 @@ TEST_F(StartingUp, ShowsThePanelOnceItStandsAndThenChecksTheProject) {
     EXPECT_EQ(host.events, (Texts{"profile TOP", "profile LEFT", "profile StartTime"}));
 }
 
-TEST_F(StartingUp, EnablesTheMenusByWhatIsLinked) {
+TEST_F(StartingUp, EnablesByWhatIsInstalledAndLinked) {
     host.write("TULINPUT.EXE", "x");
-    StartUp();
-    for (const char* entry : {"mnuVersion", "mnuScoreEngine", "cmdLascor", "cmdMidiScor", "cmdLogoInput"})
-        EXPECT_FALSE(mainPanel.isEnabled(entry)) << entry;
+    host.write("CODE01.HLP", "x");
+    EXPECT_EQ(startWith("hlpPath=" + host.path("CODE01.HLP") + "\r\n"), Texts());
+    expectEnabled(false);
     EXPECT_TRUE(mainPanel.isEnabled("mnuHelp"));
-    EXPECT_FALSE(mainPanel.preProcessVisible);
 
-    for (const char* name : {"TULVERSION.EXE", "TULSPLIP.EXE", "TULINPUT.TXT", "TULC.EXE", "LINK.EXE"})
+    for (const char* name : {"TULVERSION.EXE", "TULSPLIP.EXE", "TULINPUT.TXT", "TULC.EXE", "LINK.EXE",
+                             "TULSPLI5.EXE", "TULSPLI6.EXE"})
         host.write(name, "x");
+    host.mayRun("SHOW.EXE");
     const std::string link = "=" + host.path("LINK.EXE") + "\r\n";
-    host.write("TULCNTRL.INI", controlFile("v8.0.0.200", "ScoreEngineProgramPath" + link + "LascorPath" +
-                                                             link + "MidiScorPath" + link));
-    StartUp();
-    for (const char* entry : {"mnuVersion", "mnuScoreEngine", "cmdLascor", "cmdMidiScor", "cmdLogoInput"})
-        EXPECT_TRUE(mainPanel.isEnabled(entry)) << entry;
-    EXPECT_TRUE(mainPanel.preProcessVisible);
+    EXPECT_EQ(
+        startWith("ScoreEngineProgramPath" + link + "LascorPath" + link + "MidiScorPath" + link +
+                  "hlpPath=C:\\GONE\\SHOW.EXE A\r\n"),
+        Texts{"TulScore2XML and/or TulSplit require the presence of TulSystem. This utility is missing."});
+    expectEnabled(true);
     EXPECT_EQ(mainPanel.cmdLogoInputCaption, "TulInput");
     host.write("TULINPUTW.EXE", "x");
     StartUp();
@@ -109,67 +120,72 @@ TEST_F(StartingUp, TakesTheDateFormFromTheSystem) {
               ".:yy=M");
 }
 
-TEST_F(StartingUp, RewritesTheControlFileWithThisExecution) {
-    StartUp();
-    const std::string text = host.read("TULCNTRL.INI");
-    EXPECT_TRUE(
-        text.starts_with("[TulVariables]\r\nFirstExecuted=01-02-2020,10:11:12\r\n"
-                         "LastExecuted=11-21-2026,09:05:07,DESK,Wx,64\r\nTimesExecuted=8\r\n"
-                         "LastVersionExecuted=v8.0.0.200\r\n[UserSettings]\r\nMaxLogRecords=1000\r\n"));
-    EXPECT_TRUE(contains(text, "\r\nBypassLibTest1=True\r\n"));
-}
-
-TEST_F(StartingUp, IsRefusedToASecondInstance) {
-    host.anotherInstance = true;
-    expectFatal({"There can only be one instance of TUL"});
-    EXPECT_FALSE(host.exists("TULVERSION.TXT"));
-}
-
 TEST_F(StartingUp, TellsEveryMissingModuleBeforeItEnds) {
     for (const char* name : {"TULSKORE.EXE", "TULNAMES.EXE", "TULCNTRL.INI"}) host.remove(name);
-    expectFatal({"Module TULSKORE.EXE not properly installed", "Module TULNAMES.EXE not properly installed",
-                 "Number of installation issues: 2"});
+    EXPECT_EQ(host.fatal(StartUp), "Number of installation issues: 2");
+    EXPECT_EQ(host.messages.size(), 3U);
     EXPECT_TRUE(host.exists("TULVERSION.TXT"));
     EXPECT_FALSE(host.exists("TULCNTRL.INI") || host.exists("TULPROJ.PRO"));
     EXPECT_TRUE(host.opened.empty()) << "the panel is never shown";
 }
 
-TEST_F(StartingUp, EndsInAFolderThatCannotBeWritten) {
-    host.faultyFiles().refusals["TULVERSION.TXT"] = FileError::permissionDenied;
-    expectFatal(
-        {"You are running on Windows Wx Test\r\nUser Account Control prohibits writing in the current "
-         "folder: " +
-         host.folder() + "\r\nTUL needs to terminate."});
-    host.messages.clear();
-    host.version.ownText = "XP Test";
-    EXPECT_EQ(endOf(StartUp), std::nullopt) << "Windows XP is not tested";
-}
-
-TEST_F(StartingUp, EndsInTheRootOfADrive) {
-    EXPECT_TRUE(files().changeFolder("Z:\\"));
-    EXPECT_EQ(endOf([] { readTulMonit(); }), 1);
-    EXPECT_EQ(
-        host.messages.back(),
-        "ScoreEngine Dispatcher has lost its start directory.\r\nReport problem to development.\r\nCurrent "
-        "directory now is Z:\\");
-}
-
-TEST_F(StartingUp, EndsAtMonitorValuesThatCannotBeRead) {
-    const auto endWithMonitorFile = [this](const std::string& text) {
-        host.programs["TULMONIT.EXE"] = [this, text](const std::string&) {
-            host.remove("TulMonit.TXT");
-            if (!text.empty()) host.write("TulMonit.TXT", text);
-            return 0;
+TEST_F(StartingUp, EndsWhereItCannotGoOn) {
+    auto& refusals = host.faultyFiles().refusals;
+    const auto monitor = [this](const std::string& text) {
+        return [this, text] {
+            host.programs["TULMONIT.EXE"] = [this, text](const std::string&) {
+                if (!text.empty()) host.write("TulMonit.TXT", text);
+                return 0;
+            };
         };
-        return host.fatal(StartUp);
     };
-    EXPECT_EQ(endWithMonitorFile(""), "Failed to read monitor values");
-    EXPECT_EQ(endWithMonitorFile("NumberOfMonitors=x,1\n"), "Format error in TulMonit.TXT (par2).");
-    EXPECT_EQ(endWithMonitorFile("NumberOfMonitors=1.5,1\n"), "Format error in TulMonit.TXT (par2).");
-    EXPECT_EQ(endWithMonitorFile("NumberOfMonitors=1,x\n"), "Format error in TulMonit.TXT (par3).");
-    host.remove("TULMONIT.EXE");
-    EXPECT_EQ(host.fatal(StartUp),
-              "Installation problem. File TULMONIT.EXE not located: " + host.path("TULMONIT.EXE"));
+    const auto control = [this](const std::string& text) {
+        return [this, text] { host.write("TULCNTRL.INI", text); };
+    };
+    const char* const unknown = "could not establish the last version of TUL used";
+    const std::vector<std::pair<std::function<void()>, const char*>> ends = {
+        {[&] { host.anotherInstance = true; }, "There can only be one instance of TUL"},
+        {[&] { refusals["TULVERSION.TXT"] = FileError::permissionDenied; },
+         "\r\nUser Account Control prohibits"},
+        {[&] {
+             refusals["TULVERSION.TXT"] = FileError::readOnly;
+             host.write("TULVERSION.TXT", "of the last start");
+         },
+         "The file TULVERSION.TXT in the folder"},
+        {[&] {
+             for (const char* name : {"TULVERSION.TXT", "TULWRITE.TMP"}) refusals[name] = FileError::readOnly;
+         },
+         "\r\nUser Account Control prohibits"},
+        {monitor(""), "Failed to read monitor values"},
+        {monitor("NumberOfMonitors=x,1\n"), "Format error in TulMonit.TXT (par2)."},
+        {monitor("NumberOfMonitors=1.5,1\n"), "Format error in TulMonit.TXT (par2)."},
+        {monitor("NumberOfMonitors=1,x\n"), "Format error in TulMonit.TXT (par3)."},
+        {[&] { host.remove("TULMONIT.EXE"); }, "File TULMONIT.EXE not located: "},
+        {control(controlFile("v8.0.0.200", "MaxLogRecords=100\r\n")), "100 or less.\r\nMust be be >100."},
+        {control(controlFile("v6,0,0,121")), "were using was Build 121\r\n"},
+        {control(controlFile("")), unknown},
+        {control(controlFile("v8.0.0.")), unknown},
+        {control("MaxLogRecords=1000\r\n"), unknown},
+    };
+    for (const auto& [prepare, message] : ends) {
+        refusals.clear();
+        host.remove("TulMonit.TXT");
+        host.install();
+        host.write("TULCNTRL.INI", controlFile("v8.0.0.200"));
+        prepare();
+        EXPECT_TRUE(contains(host.fatal(StartUp), message));
+        host.anotherInstance = false;
+    }
+    EXPECT_FALSE(host.exists("TULCNTRL.INI")) << "the next start makes it anew";
+    EXPECT_FALSE(host.exists("TULWRITE.TMP"));
+    files().enterIfThere("Z:\\");
+    EXPECT_TRUE(host.fatal(readTulMonit).ends_with("Current directory now is Z:\\"));
+}
+
+TEST_F(StartingUp, TestsNoWritingOnWindowsXp) {
+    host.faultyFiles().refusals["TULVERSION.TXT"] = FileError::permissionDenied;
+    host.version.ownText = "XP Test";
+    EXPECT_EQ(startWith(""), Texts());
 }
 
 TEST_F(StartingUp, ReadsMonitorValuesInBothForms) {
@@ -185,34 +201,11 @@ TEST_F(StartingUp, ReadsMonitorValuesInBothForms) {
     EXPECT_EQ(monitors.MonitorRight, -1920);
 }
 
-TEST_F(StartingUp, ThrowsAControlFileOfAnOldOrUnknownBuildAway) {
+TEST_F(StartingUp, KeepsAControlFileThatIsNotTooOld) {
     for (const char* version : {"v6,0,0,122", "v7.0.0.178", "130"}) {
-        host.write("TULCNTRL.INI", controlFile(version));
+        host.write("TULCNTRL.INI", controlFile(version, "MaxLogRecords=101\r\n"));
         EXPECT_EQ(endOf(StartUp), std::nullopt) << version;
     }
-    host.write("TULCNTRL.INI", controlFile("v6,0,0,121"));
-    expectFatal(
-        {"You are now using a TUL Build beyond Build 118 for the first time.\r\nThe previous version you "
-         "were using was Build 121\r\nTUL needs to be reconfigured as if it were its first use.\r\nThis "
-         "one-time operation takes only a few seconds of your time."});
-    EXPECT_FALSE(host.exists("TULCNTRL.INI"));
-    for (const std::string& text : {controlFile(""), controlFile("v8.0.0."), crlf({"MaxLogRecords=1000"})}) {
-        host.write("TULCNTRL.INI", text);
-        EXPECT_EQ(
-            host.fatal(StartUp),
-            "TULCNTRL.INI was deleted because it could not establish the last version of TUL used.\r\nThis "
-            "file must have been corrupted. It will be deleted and you will have to restart TUL and "
-            "re-establish this file.");
-        EXPECT_FALSE(host.exists("TULCNTRL.INI"));
-    }
-}
-
-TEST_F(StartingUp, KeepsTheLimitOfTheLogAboveAHundred) {
-    host.write("TULCNTRL.INI", controlFile("v8.0.0.200", "MaxLogRecords=100\r\n"));
-    expectFatal({"MaxLogRecords value in TulCntrl.ini is 100 or less.\r\nMust be be >100."});
-    host.messages.clear();
-    host.write("TULCNTRL.INI", controlFile("v8.0.0.200", "MaxLogRecords=101\r\n"));
-    EXPECT_EQ(endOf(StartUp), std::nullopt);
 }
 
 TEST_F(StartingUp, WarnsOfADecimalCommaAndOfAnUnknownPlatform) {
@@ -236,27 +229,13 @@ TEST_F(StartingUp, WarnsOfADecimalCommaAndOfAnUnknownPlatform) {
 }
 
 TEST_F(StartingUp, ComparesTheLibraryFolders) {
-    host.write("TULCNTRL.INI",
-               controlFile("v8.0.0.200", "libPath=c:\\lib\r\nPreferenceFilePath=C:\\LIB\\PREF.SCR\r\n"));
-    StartUp();
-    EXPECT_TRUE(host.messages.empty()) << "letter case does not matter";
+    EXPECT_EQ(startWith("libPath=c:\\lib\r\nPreferenceFilePath=C:\\LIB\\PREF.SCR\r\n"), Texts())
+        << "letter case does not matter";
     EXPECT_EQ(mainPanel.cmdAnlibTip, "Analyze SCORE libraries. The current library folder is C:\\LIB. ");
-    host.write(
-        "TULCNTRL.INI",
-        controlFile("v8.0.0.200", "libPath=C:\\LIB\r\nPreferenceFilePath=C:\\SCOR4\\LIB\\PREF.SCR\r\n"));
-    StartUp();
-    EXPECT_EQ(host.messages,
+    EXPECT_EQ(startWith("libPath=C:\\LIB\r\nPreferenceFilePath=C:\\SCOR4\\LIB\\PREF.SCR\r\n"),
               Texts{"You defined the Score library directory as: \r\nC:\\LIB\r\nwhile the PREF file "
                     "prefix is:\r\nC:\\SCOR4\\LIB\r\nThe PREFerence file path was defined as: \r\n"
                     "C:\\SCOR4\\LIB\\PREF.SCR"});
-}
-
-TEST_F(StartingUp, WarnsOfToolsThatNeedTulSystem) {
-    for (const char* name : {"TULSPLI5.EXE", "TULSPLI6.EXE"}) host.write(name, "x");
-    StartUp();
-    EXPECT_TRUE(host.said(
-        "TulScore2XML and/or TulSplit require the presence of TulSystem. This utility is missing."));
-    EXPECT_TRUE(mainPanel.isEnabled("cmdLogoSplit"));
 }
 
 TEST_F(StartingUp, LeadsThroughTheFirstUse) {

@@ -33,6 +33,27 @@ TEST_F(Viewing, TakesTheChosenEditorWhereItCanBeFound) {
     EXPECT_EQ(host.shown.size(), 2U);
 }
 
+TEST_F(Viewing, CallsAnEditorOfThisSystemByItsOwnName) {
+    host.showsTextItself = false;
+    const std::string nano = *files().fromNative("/usr/bin/nano");
+    const std::string native = files().toNative(host.path("report.prn"));
+    for (const auto& [editor, program, launch] :
+         std::vector<std::tuple<std::string, std::string, std::string>>{
+             {"gedit --wait", "gedit", "gedit --wait " + native},
+             {"my editor", "my editor", "my editor " + native},
+             {"/usr/bin/nano", "nano", nano + " " + native},
+             {nano, "nano", nano + " " + native}}) {
+        host.mayRun(program);
+        machineSettings.NotepadPath = editor;
+        ViewWithEditor(host.path("report.prn"));
+        EXPECT_EQ(host.launches.back(), launch);
+    }
+    EXPECT_TRUE(host.shown.empty());
+    host.version.ownText = "";
+    EXPECT_EQ(host.fatal([] { ViewWithEditor("report.prn"); }).substr(0, 19), "ShellAndWait error:")
+        << "on Windows all editors are called alike";
+}
+
 TEST_F(Viewing, FillsTheBuiltInViewer) {
     host.frontCaption = "TUL";
     ViewInPanel(host.path("gone.txt"));
@@ -51,6 +72,11 @@ TEST_F(Viewing, TakesOverHandEditedSettings) {
     EXPECT_EQ(machineSettings.MaxLogRecords, 500);
     EXPECT_EQ(mainPanel.cmdAnlibTip, "Analyze SCORE libraries. The current library folder is C:\\LIB. ");
     EXPECT_TRUE(notepadPanel.closed);
+    EXPECT_FALSE(mainPanel.isEnabled("mnuHelpScore"));
+    host.mayRun("SHOW.EXE");
+    host.write("TULCNTRL.INI", "MaxLogRecords=500\r\nhlpPath=SHOW.EXE\r\n");
+    editNotepadFile();
+    EXPECT_TRUE(mainPanel.isEnabled("mnuHelpScore"));
 }
 
 TEST_F(Viewing, ListsTextFilesByTheirFirstBytes) {

@@ -1,6 +1,5 @@
 #include "panels/logo_panel.h"
 
-#include "centre/global_options.h"
 #include "centre/main_panel.h"
 #include "support/test.h"
 
@@ -9,7 +8,7 @@ namespace {
 
 class LogoPanel : public PanelTest {
   protected:
-    LogoPanel() { panel = makeLogoPanel(); }
+    LogoPanel() { open("logo"); }
     Texts press(const std::string& button, PanelAnswer answer = PanelAnswer::done) {
         host.events.clear();
         host.launches.clear();
@@ -36,14 +35,15 @@ TEST_F(LogoPanel, LaunchesEachUtilityInItsWay) {
         EXPECT_EQ(press(button), events) << button;
         EXPECT_EQ(host.launches.front(), command) << button;
     }
-    for (const char* name : {"TULEPSFX.EXE", "SHOWHELP.EXE", "TULXML2SCORE.EXE"}) {
+    for (const char* name : {"TULEPSFX.EXE", "TULXML2SCORE.EXE"}) {
         host.write(name, "x");
         host.mayRun(name);
     }
-    machineSettings.HlpPath = host.path("SHOWHELP.EXE");
+    host.mayRun("SHOWHELP.EXE");
+    machineSettings.HlpPath = "C:\\HLP\\SHOWHELP.EXE A";
     for (const auto& [button, command] :
          {std::pair{"cmdTulEpsFx", "TULEPSFX.EXE CAN ONLY BE CALLED FROM TUL"},
-          {"mnuHelpScore", "SHOWHELP.EXE"},
+          {"mnuHelpScore", "SHOWHELP.EXE A"},
           {"cmdXMLtoScore", "TULXML2SCORE.EXE"}}) {
         press(button);
         EXPECT_EQ(host.launches.front(), command);
@@ -78,19 +78,14 @@ TEST_F(LogoPanel, AnalysesAndConvertsWithALibraryOnly) {
     for (const char* name : {"TULANLI1.EXE", "TULSIB.EXE"}) host.mayRun(name);
     for (const char* name : {"TULANLIB.SUM", "TULSIB.EXE"}) host.write(name, "x");
     press("cmdAnlib");
-    EXPECT_EQ(host.messages,
-              Texts{"An existing SCORE LIBrary needs to be defined before you can call TulAnlib.\r\nCurrent "
-                    "definition: [undefined]\r\nDefine an existing path for PreferenceFileName= in "
-                    "TULCNTRL.INI"});
-    const std::string refusal =
-        "An existing SCORE LIBrary needs to be defined before you can call TulSib.\r\nCurrent definition: ";
-    const std::string advice =
-        "\r\nDefine the path in TULCNTRL.INI (example: libPath=C:\\LIB)\r\nDebug information: ";
+    EXPECT_TRUE(contains(host.messages.at(0),
+                         "before you can call TulAnlib.\r\nCurrent definition: [undefined]\r\n"));
     for (const auto& [path, number] : std::map<std::string, std::string>{
              {host.path("NOLIB"), "53"}, {host.path("NO\\LIB"), "76"}, {host.path("TULSIB.EXE"), "0"}}) {
         machineSettings.LibPath = path;
         press("cmdTulSib");
-        EXPECT_EQ(host.messages, Texts{refusal + path + advice + number});
+        EXPECT_TRUE(contains(host.messages.at(0), "call TulSib.\r\nCurrent definition: " + path + "\r\n"));
+        EXPECT_TRUE(host.messages.at(0).ends_with("Debug information: " + number));
         EXPECT_TRUE(host.launches.empty());
     }
     EXPECT_TRUE(host.exists("TULANLIB.SUM"));
@@ -105,66 +100,58 @@ TEST_F(LogoPanel, AnalysesAndConvertsWithALibraryOnly) {
 }
 
 TEST_F(LogoPanel, SplitsAsTheOptionsSay) {
-    host.mayRun("TULSPLI6.EXE");
+    const Panel split = makeLogoPanel([](std::string_view) { return true; });  // with all panels
+    const auto enabledWith = [this](const char* options) {
+        host.write("TULPROJ.PRO", lines(options));
+        press("cmdViewProjectOptions");
+        return panel.command("cmdLogoSplit")->enabled() ? "Windows" : "DOS, which is not built";
+    };
     for (const char* name : {"TULSPLI5.EXE", "TULSPLI6.EXE"}) host.write(name, "x");
+    host.mayRun("TULSPLI6.EXE");
+    EXPECT_STREQ(enabledWith("TulSplitDOS=True"), "Windows") << "the only one that is there";
     EXPECT_EQ(press("cmdLogoSplit"), (Texts{"hide", "launch TULSPLI6.EXE", "show"}));
     EXPECT_EQ(lastLaunch(), "TULSPLI6.EXE CALLEDBYTUL");
     for (const char* name : {"TULSPLIT.BAT", "TULSPLI1.EXE", "TULSPLI2.EXE"}) host.write(name, "x");
-    globalOptions.txtPageFont = "12";
-    host.write("TULPROJ.PRO", "TulSplitDOS=False\r\n");
+    EXPECT_STREQ(enabledWith("TulSplitDOS=True|TulSplitWindows=True"), "Windows");
+    const auto enabled = panel.command("cmdLogoSplit")->enabled;
+    host.write("TULPROJ.PRO", lines("TulSplitDOS=True|TulSplitWindows=False|Unknown=1"));
+    EXPECT_TRUE(enabled()) << "the disk is not looked at to show a button";
+    EXPECT_EQ(press("cmdLogoSplit"), Texts()) << "but before something is launched";
+    EXPECT_FALSE(enabled());
+    panel = split;
+    EXPECT_EQ(press("cmdLogoSplit"),
+              (Texts{"profile TOP", "profile LEFT", "wait", "open frmSplit", "ready"}));
     host.remove("TULSPLI5.EXE");
-    EXPECT_TRUE(isSplitForDosChosen()) << "only the DOS version is there";
-    host.write("TULSPLI5.EXE", "x");
-    for (const auto& [options, forDos] : {std::pair{"TulSplitDOS=False", false},
-                                          {"TulSplitDOS=False|TulSplitWindows=True", false},
-                                          {"TulSplitDOS=True|TulSplitWindows=False|Unknown=1", true}}) {
-        host.write("TULPROJ.PRO", lines(options));
-        EXPECT_EQ(isSplitForDosChosen(), forDos) << options;
-    }
-    EXPECT_EQ(globalOptions.txtPageFont, "12") << "the panel's own fields stay";
-    EXPECT_TRUE(host.messages.empty());
-    if (!findPanel("frmSplit"))
-        press("cmdLogoSplit", PanelAnswer::disabled);
-    else
-        EXPECT_EQ(press("cmdLogoSplit"),
-                  (Texts{"profile TOP", "profile LEFT", "wait", "open frmSplit", "ready"}));
+    host.write("TULPROJ.PRO", lines("TulSplitDOS=False"));
+    press("cmdLogoSplit");
+    EXPECT_EQ(host.opened.back(), "frmSplit") << "only the DOS version is there";
 }
 
 TEST_F(LogoPanel, OpensItsPanelsAndPretendsNone) {
-    machineSettings.ScoreFolder = "C:\\SCORE\\";
-    for (const auto& [button, form] :
-         std::map<std::string, std::string>{{"cmdValid", "frmValid"},
-                                            {"cmdPmx", "frmPmx"},
-                                            {"cmdResiz", "frmResiz"},
-                                            {"cmdEdit", "frmEdit"},
-                                            {"cmdRenum", "frmRenum"},
-                                            {"cmdAccs", "frmAccs"},
-                                            {"mnuColors", "frmColor"},
-                                            {"mnuAbout", "frmAbout"},
-                                            {"cmdProjectOptions", "frmGlobalOptions"},
-                                            {"cmdLogoInput", "frmInput"},
-                                            {"cmdLogoIntab", "frmInput"}}) {
-        const bool exists = findPanel(form) != nullptr;
-        const Texts events = {"profile TOP", "profile LEFT", "wait", "open " + form, "ready"};
-        EXPECT_EQ(press(button, exists ? PanelAnswer::done : PanelAnswer::disabled),
-                  exists ? events : Texts());
-    }
-    panel.command("cmdLogoIntab")->run();
-    EXPECT_EQ(mainPanel.inputKind, 2);
-    EXPECT_EQ(mainPanel.inputFilePath, "C:\\SCORE\\TULINTAB.INI");
+    const auto pressAll = [this](const std::map<std::string, std::string>& buttons) {
+        for (const auto& [button, form] : buttons)
+            EXPECT_EQ(press(button), (Texts{"profile TOP", "profile LEFT", "wait", "open " + form, "ready"}));
+    };
+    pressAll({{"cmdValid", "frmValid"},
+              {"cmdEdit", "frmEdit"},
+              {"mnuAbout", "frmAbout"},
+              {"cmdProjectOptions", "frmGlobalOptions"}});
     for (const char* button : {"cmdClef", "cmdLogoDur", "cmdTulSplitPreProcess"})
         press(button, PanelAnswer::disabled);
+    panel = makeLogoPanel([](std::string_view) { return false; });
+    for (const char* button : {"cmdValid", "cmdLogoInput"}) press(button, PanelAnswer::disabled);
+    panel = makeLogoPanel([](std::string_view) { return true; });
+    pressAll({{"cmdRenum", "frmRenum"}, {"cmdAccs", "frmAccs"}, {"cmdLogoInput", "frmInput"}});
+    machineSettings.ScoreFolder = "C:\\SCORE\\";
+    press("cmdLogoIntab");
+    EXPECT_EQ(mainPanel.inputKind, 2);
+    EXPECT_EQ(mainPanel.inputFilePath, "C:\\SCORE\\TULINTAB.INI");
 }
 
 TEST_F(LogoPanel, EnablesWhatWasFound) {
     EXPECT_TRUE(panel.command("cmdCombi")->enabled());
     mainPanel.enabled = {{"cmdCombi", false}, {"mnuScoreEngine", false}, {"mnuHelp", false}};
     for (const char* button : {"cmdCombi", "mnuScore", "mnuHelpTUL"}) press(button, PanelAnswer::disabled);
-    host.write("CODE01.HLP", "x");
-    for (const char* help : {"", "CODE01.HLP", "GONE.EXE"}) {
-        machineSettings.HlpPath = help;
-        press("mnuHelpScore", PanelAnswer::disabled);
-    }
     mainPanel.cmdLogoInputCaption = "TulInputW";
     EXPECT_EQ(panel.command("cmdLogoInput")->caption(), "TulInputW");
     press("mnuWordpad");

@@ -5,7 +5,7 @@
 #include <iterator>
 
 #include "base/text.h"
-#include "centre/start_up.h"
+#include "centre/installation.h"
 #include "panels/fresh_process.h"
 #include "shared/records.h"
 #include "support/test_place.h"
@@ -85,7 +85,9 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
         if (found == host.programs.end()) return {.started = false, .exitCode = 0, .failure = "not found"};
         return {.started = true, .exitCode = found->second(arguments), .failure = {}};
     }
-    bool canFind(const std::string& program) const override { return host.programs.contains(program); }
+    bool canFind(const std::string& program) const override {
+        return host.programs.contains(std::string(fileNameOf(program)));
+    }
     LaunchResult openDocument(const std::string& path) override {
         host.opened.push_back(path);
         return {.started = host.canOpenDocuments, .failure = "no browser"};

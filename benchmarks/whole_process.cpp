@@ -156,8 +156,7 @@ int main(int argc, char** argv) {
     const Words pages = filesOf(folder);
     // A score's pages are selected when the control centre starts.
     measure(withFiles(validate, {pages.begin(), pages.begin() + 20}), "/dev/null");
-    compare("start to the main panel", {(home / "tul").string(), "--quit-when-painted"}, "bare window",
-            {TUL_BARE_WINDOW});
+    compare("start to the main panel", {(home / "paintedstart").string()}, "bare window", {TUL_BARE_WINDOW});
     compare("validation of the pages", withFiles(validate, pages), "cat", withFiles({"cat"}, pages));
 
     compareRewriting(home, folder, pages);

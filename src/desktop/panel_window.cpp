@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QTabWidget>
 #include <QWindow>
 #include <algorithm>
@@ -19,6 +20,7 @@
 #include "desktop/forms.h"
 #include "desktop/qt_text.h"
 #include "desktop/screen_places.h"
+#include "desktop/scrolling.h"
 #include "desktop/text_tools.h"
 #include "panels/panel_list.h"
 
@@ -46,11 +48,13 @@ QPushButton* defaultButton(const QWidget& window) {
 PanelWindow::PanelWindow(Panel panel, Binder::Act act, const DialogRunner& run)
     : panel_(std::move(panel)), act_(std::move(act)) {
     setUpForm(panel_.name, *this);
+    contents_ = centralWidget()->layout();
+    auto* const text = findChild<QPlainTextEdit*>();
+    if (!text) letScroll(*this);
     binder_ = std::make_unique<Binder>(*this, panel_, act_);
     setWindowTitle(shown(panel_.caption));
     enlargeHeadings();
-    if (auto* const text = findChild<QPlainTextEdit*>())
-        addToolBar(new TextTools(*text, *this, windowTitle(), QString(), run));
+    if (text) addToolBar(new TextTools(*text, *this, windowTitle(), QString(), run));
 }
 
 void PanelWindow::enlargeHeadings() {
@@ -67,10 +71,9 @@ void PanelWindow::refresh() {
     const QPushButton* const run = defaultButton(*this);
     const bool couldRun = !run || run->isEnabled();
     // Where one part takes the place of another both would be there for a moment, and the window would grow.
-    QLayout* const layout = centralWidget()->layout();
-    layout->setEnabled(false);
+    contents_->setEnabled(false);
     binder_->refresh();
-    layout->setEnabled(true);
+    contents_->setEnabled(true);
     keepFocus(focused, couldRun);
 }
 
@@ -98,13 +101,14 @@ void PanelWindow::bringBack() {
 
 void PanelWindow::showInPlace(const QWidget* before) {
     refresh();
-    const QRect available = (before ? before->screen() : screen())->availableGeometry();
-    if (isMaximized()) return fill(available);
-    QSize wanted = sizeHint();
+    if (before) setScreen(before->screen());
+    if (isMaximized()) return fill(screen()->availableGeometry());
+    needed_ = sizeHint().boundedTo(room());
+    QSize wanted = needed_;
     if (const PanelPlace* const place =
             panel_.place)  // the size that all tools share; it grows with the scale
         wanted = wanted.expandedTo({place->width / twipsPerPixel, place->height / twipsPerPixel});
-    resize(wanted.boundedTo(available.size()));
+    resize(wanted.boundedTo(room()));
     if (panel_.place) {
         rememberSize();
         if (panel_.place->centred) centrePanel(*panel_.place);
@@ -114,6 +118,21 @@ void PanelWindow::showInPlace(const QWidget* before) {
     }
     show();
     focusFirst();
+}
+
+/// What the screen has for a window without its frame, which is not known everywhere before the window
+/// stands.
+QSize PanelWindow::room() const {
+    const QSize titleBar(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    return screen()->availableSize() - (frameGeometry().size() - size()).expandedTo(titleBar);
+}
+
+/// A window that shows its whole form grows with it. One that the user has made smaller scrolls.
+void PanelWindow::growWithForm() {
+    const QSize before = needed_;
+    needed_ = sizeHint().boundedTo(room());
+    const bool showsAll = size().expandedTo(before) == size();
+    if (showsAll && needed_ != before && isVisible() && !isMaximized()) resize(size().expandedTo(needed_));
 }
 
 /// Not every screen has a window manager that enlarges windows.
@@ -155,6 +174,12 @@ void PanelWindow::focusFirst() {
 void PanelWindow::pressReturn() {
     const std::string name = returnCommand(panel_);
     act_([this, name] { panel_.press(name); });
+}
+
+bool PanelWindow::event(QEvent* event) {
+    const bool done = QMainWindow::event(event);
+    if (event->type() == QEvent::LayoutRequest) growWithForm();
+    return done;
 }
 
 /// The window goes when the panel has closed.

@@ -28,6 +28,7 @@ class PanelWindow : public QMainWindow {
     void followPlace();
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -37,6 +38,8 @@ class PanelWindow : public QMainWindow {
   private:
     void enlargeHeadings();
     void fill(const QRect& area);
+    QSize room() const;
+    void growWithForm();
     bool standsFreely() const;
     void rememberSize();
     void focusFirst();
@@ -47,7 +50,9 @@ class PanelWindow : public QMainWindow {
     Panel panel_;
     Binder::Act act_;
     std::unique_ptr<Binder> binder_;
-    QPoint lastPlace_;  // that the panel's place was known to stand for
+    QLayout* contents_ = nullptr;  // of the form
+    QSize needed_;                 // that the whole form has its place in the window
+    QPoint lastPlace_;             // that the panel's place was known to stand for
 };
 
 }  // namespace tul::desktop

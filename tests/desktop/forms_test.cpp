@@ -1,13 +1,18 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
+#include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <map>
 
 #include "desktop/panel_window.h"
+#include "desktop/staff_picture.h"
 #include "panels/panel_list.h"
 #include "support/scripted_host.h"
 
@@ -76,6 +81,75 @@ TEST(Forms, GiveEachMnemonicOnce) {
             for (const auto& [letter, who] : mnemonics(window, tab ? tab->widget(page) : nullptr))
                 EXPECT_EQ(who.size(), 1)
                     << entry.form << ", page " << page << ": " << who.join(", ").toStdString();
+    }
+}
+
+/// What a reader for the blind has no words for.
+QStringList namelessIn(const PanelWindow& window) {
+    QStringList nameless;
+    QList<const QWidget*> labelled;
+    for (const QLabel* const label : window.findChildren<QLabel*>()) labelled << label->buddy();
+    for (const QWidget* const widget : window.centralWidget()->findChildren<QWidget*>()) {
+        const auto* const button = qobject_cast<const QAbstractButton*>(widget);
+        bool isMute = (button && button->text().isEmpty()) || dynamic_cast<const StaffPicture*>(widget);
+        for (const char* kind : {"QLineEdit", "QListWidget", "QComboBox", "QPlainTextEdit", "QProgressBar"})
+            isMute = isMute || widget->inherits(kind);
+        if (isMute && widget->accessibleName().isEmpty() && !labelled.contains(widget))
+            nameless << widget->objectName();
+    }
+    return nameless;
+}
+
+TEST(Forms, NameWhatShowsNoTextOfItsOwn) {
+    ScriptedHost host;
+    for (const PanelEntry& entry : panelList()) {
+        PanelWindow window(entry.make(), noAct, runModally);
+        window.refresh();
+        EXPECT_EQ(namelessIn(window).join("\n").toStdString(), "") << entry.form;
+    }
+    PanelWindow window(findPanel("frmPmx")->make(), noAct, runModally);
+    window.findChild<QWidget*>("panPmxFileName")->setAccessibleName({});
+    window.findChild<QLabel*>("labelOfPanPmxFloodRun")->setBuddy(nullptr);
+    window.findChild<QPushButton*>("cmdPmxView")->setText({});
+    EXPECT_EQ(namelessIn(window).join(" ").toStdString(), "cmdPmxView panPmxFileName panPmxFloodRun");
+}
+
+/// What the user cannot reach or read: buttons and fields that are cut (on a page when they have the focus),
+/// and tabs.
+QStringList cutIn(const PanelWindow& window, const QTabWidget* tab) {
+    QStringList cut;
+    for (QWidget* const widget : window.centralWidget()->findChildren<QWidget*>()) {
+        if (!widget->isVisible() || !widget->isEnabled() || !(widget->focusPolicy() & Qt::TabFocus)) continue;
+        if (tab && tab->isAncestorOf(widget)) widget->setFocus();
+        if (widget->visibleRegion().boundingRect() != widget->rect()) cut << widget->objectName();
+    }
+    for (int page = 0; tab && page < tab->count(); ++page)
+        if (tab->fontMetrics().size(Qt::TextShowMnemonic, tab->tabText(page)).width() >
+            tab->tabBar()->tabRect(page).width())
+            cut << tab->tabText(page);
+    return cut;
+}
+
+TEST(Forms, ScrollOnASmallScreenOnly) {
+    ScriptedHost host;
+    for (const PanelEntry& entry : panelList()) {
+        PanelWindow window(entry.make(), noAct, runModally);
+        window.refresh();
+        window.show();
+        for (int layer = 0; layer < 3; ++layer) QApplication::processEvents();  // sizes go up through layouts
+        const QSize whole = window.sizeHint();
+        auto* const tab = window.findChild<QTabWidget*>();
+        for (int page = 0; page < (tab ? tab->count() : 1); ++page) {
+            if (tab) tab->setCurrentIndex(page);
+            for (const QSize& size : {whole, QSize(900, 480)}) {
+                window.resize(size);
+                QApplication::processEvents();
+                EXPECT_EQ(cutIn(window, tab).join(" ").toStdString(), "") << entry.form << ", page " << page;
+                for (const QScrollArea* const area : window.findChildren<QScrollArea*>())
+                    EXPECT_FALSE(size == whole && area->verticalScrollBar()->isVisible()) << entry.form;
+            }
+        }
+        EXPECT_EQ(window.sizeHint(), whole) << entry.form;
     }
 }
 

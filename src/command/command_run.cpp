@@ -88,7 +88,8 @@ Refusal takeFiles(const std::vector<std::string>& given, std::vector<std::string
     std::unordered_set<std::string> known;
     for (const std::string& name : given) {
         const auto path = files().fromNative(name);
-        if (!path) return "The name " + name + " cannot be written into a names file.";
+        if (!path || path->ends_with(' '))
+            return "The name " + name + " cannot be written into a names file.";
         if (!known.insert(*path).second) continue;
         if (Refusal refusal = refusalOfFile(name, *path)) return refusal;
         taken.push_back(*path);

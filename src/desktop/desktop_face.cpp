@@ -168,7 +168,8 @@ QString DesktopFace::speaker(const std::string& title) const {
 }
 
 void DesktopFace::fireTimer() {
-    if (!isWaiting_ && front() && front()->isVisible()) front()->panel().press("Timer1");
+    if (isWaiting_ || !front() || !front()->isVisible()) return;
+    if (front()->panel().press("Timer1") == PanelAnswer::done) front()->refresh();  // a tip tells the place
 }
 
 }  // namespace tul::desktop

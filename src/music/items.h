@@ -5,74 +5,11 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "music/item_names.h"
 #include "music/item_table.h"
 
-/// The names of items and of what their parameters say. Codes are compared exactly: 16.5 is no text.
+/// What an item is, by its code, which is compared exactly: 16.5 is no text.
 namespace tul {
-
-/// Par 1 of an item.
-namespace code {
-inline constexpr float note = 1.0F;
-inline constexpr float rest = 2.0F;
-inline constexpr float clef = 3.0F;
-inline constexpr float line = 4.0F;
-inline constexpr float slur = 5.0F;
-inline constexpr float beam = 6.0F;
-inline constexpr float staff = 8.0F;
-inline constexpr float symbol = 9.0F;
-inline constexpr float number = 10.0F;
-inline constexpr float shortText = 11.0F;  // a text of up to 5 characters
-inline constexpr float code13 = 13.0F;     // has no name: validation asks whether it is meant
-inline constexpr float barline = 14.0F;
-inline constexpr float fileName = 15.0F;  // the name of a file, with blanks behind it
-inline constexpr float text = 16.0F;
-}  // namespace code
-
-/// Parameters, by their numbers.
-namespace par {
-
-inline constexpr int code = 1;
-inline constexpr int staff = 2;     // from 1, the lowest on the page
-inline constexpr int position = 3;  // from left to right, in SCORE's horizontal units
-inline constexpr int height = 4;    // staff steps; a note's may have 100 added, which makes it a mini note
-
-inline constexpr int noteStem = 5;   // tens: direction; ones: accidental
-inline constexpr int noteHead = 6;   // some have 10 added; 900 to 912 are lute notes
-inline constexpr int duration = 7;   // of a note or a rest
-inline constexpr int noteFlags = 9;  // tens: dots; ones: flags
-inline constexpr int noteShift = 10;
-inline constexpr int noteSize = 15;
-
-inline constexpr int restForm = 5;  // -2 and below: for whole bars
-inline constexpr int clefForm = 5;
-
-inline constexpr int endHeight = 5;    // of a line, slur or beam at its right end
-inline constexpr int endPosition = 6;  // the same, and of a staff
-
-inline constexpr int slurKind = 8;
-inline constexpr int slurThickness = 13;
-
-inline constexpr int staffSize = 5;
-inline constexpr int instrument = 9;
-
-inline constexpr int symbolNumber = 5;
-inline constexpr int symbolSize = 6;
-
-inline constexpr int numberValue = 5;
-inline constexpr int numberSize = 6;
-inline constexpr int numberFont = 7;
-inline constexpr int numberShift = 15;
-
-inline constexpr int stavesUp = 4;  // that a barline spans, its own among them; 0 is 1
-inline constexpr int barlineForm = 5;
-
-inline constexpr int textSize = 6;     // hundreds added say how the text is set
-inline constexpr int textLength = 12;  // characters
-
-inline constexpr int systemStaves = 19;  // in tables that the bar tools read, never in a file
-inline constexpr int mark = 20;          // the same
-
-}  // namespace par
 
 /// A row of the table, or its parameters alone.
 class ItemPars {
@@ -101,13 +38,6 @@ inline bool isDeleted(ItemPars item) { return item[par::code] == deletedItem; }
 
 /// The writers leave a deleted row out; the table keeps it.
 inline void deleteItem(ItemRow& row) { row.pars[par::code] = deletedItem; }
-
-/// True for codes with characters behind their parameters.
-constexpr bool carriesText(float code) {
-    return code == code::shortText || code == code::fileName || code == code::text;
-}
-/// The same as the reader takes it, by the integer part.
-inline bool readsAsText(float code) { return carriesText(integerPart(code)); }
 
 inline bool onSameStaff(ItemPars item, ItemPars other) { return item[par::staff] == other[par::staff]; }
 /// On one staff, and no farther apart than the margin has it.

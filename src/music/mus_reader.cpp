@@ -6,7 +6,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
-#include "music/items.h"
+#include "music/item_names.h"
 
 namespace tul {
 
@@ -163,8 +163,9 @@ bool atShortTrailer() { return atWordsBeforeEnd(shortTrailerWords); }
 
 void cutMusText() {
     // A count below 0, or none at all, says nothing of the text: it stays.
-    const double characters =
-        isText(musItem.MusPar) ? roundToEven(musItem.MusPar[par::textLength]) : shortTextLength;
+    const double characters = musItem.MusPar[par::code] == code::text
+                                  ? roundToEven(musItem.MusPar[par::textLength])
+                                  : shortTextLength;
     if (characters >= 0.0 && characters < static_cast<double>(musItem.MusText.size()))
         musItem.MusText.resize(static_cast<std::size_t>(characters));
 }

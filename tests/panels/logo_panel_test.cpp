@@ -9,7 +9,7 @@ namespace {
 
 class LogoPanel : public PanelTest {
   protected:
-    LogoPanel() { panel = makeLogoPanel(); }
+    LogoPanel() { panel = describeLogoPanel(); }
     Texts press(const std::string& button, PanelAnswer answer = PanelAnswer::done) {
         host.events.clear();
         host.launches.clear();

@@ -5,6 +5,7 @@
 #include "check/validation.h"
 #include "memory_host.h"
 #include "music/mus_reader.h"
+#include "music/pipeline.h"
 #include "panels/fresh_process.h"
 #include "shared/records.h"
 
@@ -30,7 +31,7 @@ void readItems(const std::string& path) {
 }
 
 void validate(const std::string& path) {
-    valid::validation.currentPath = path;
+    pipeline.page = {.path = path};
     Report report("Z:\\HOME\\TULVALID.PRN");
     valid::inputValidate(report);
     require(musReader.MusWordIndex <= mostWords);

@@ -184,8 +184,10 @@ void SearchRun::update(int item, ItemRow& row) {
                      textSearch.txtEditSearchString2 + newLine + itemNumberLine(item) + newLine +
                      "Replace? (Cancel will stop any further search/replace)"))
         return;
+    const std::int64_t before = pipeline.page.changes;
     replaceIn(row, searched);
-    ++pipeline.page.changes;
+    // An item that was found is enough for its page to be written, whatever the search for words left of it.
+    if (pipeline.page.changes == before) ++pipeline.page.changes;
 }
 
 void SearchRun::writeCounters(Report& report, const RunResult&) const {

@@ -207,7 +207,8 @@ TEST_F(Exporting, ReportsPathsAndOutputNames) {
         crlf({"PMX File creation 11-21-2026 09:05:07", " ", padRight("Input Path", width) + "  Output Path",
               std::string(width, '-') + "  -----------", padRight(upper("a.mus"), width) + " A.PMX       ",
               padRight(upper("long name"), width) + " LONG NAME.PMX",
-              upper("two.stops.mus") + " TWO.PMX     ", " ", "Number of files processed: 4"}));
+              upper("two.stops.mus") + " TWO.PMX     ", " ", "Number of files processed: 4",
+              "Not done: OLD.PMX (its suffix is .PMX)"}));
     EXPECT_FALSE(host.exists("TULPMX.PRN"));
     EXPECT_EQ(host.read("LONG NAME.PMX"), "14  1\r\n");
     EXPECT_EQ(host.read("old.pmx"), "14 1");
@@ -230,8 +231,10 @@ TEST_F(Exporting, EndsTheRunWhereItCannotWrite) {
     EXPECT_TRUE(host.exists("A.PMX"));
     EXPECT_FALSE(host.exists("C.PMX"));
     EXPECT_TRUE(host.shown.empty());
-    EXPECT_TRUE(host.read("TULPMX.PRN").ends_with(" B.PMX       \r\n")) << "the report so far stays";
-    EXPECT_FALSE(pmxRun.control.running);
+    EXPECT_TRUE(host.read("TULPMX.PRN")
+                    .ends_with(" B.PMX       \r\nNot done: B.MUS (B.PMX could not be written)\r\n"))
+        << "the report so far stays";
+    EXPECT_FALSE(pmxRun.view.control.isBusy());
 
     host.faultyFiles().refusals["TULPMX.PRN"] = FileError::permissionDenied;
     host.remove("A.PMX");
@@ -239,7 +242,7 @@ TEST_F(Exporting, EndsTheRunWhereItCannotWrite) {
     EXPECT_EQ(host.messages,
               Texts{"Open error in FRMPMX.FRM " + host.path("TULPMX.PRN") + ", Error code= 70"});
     EXPECT_FALSE(host.exists("A.PMX"));
-    EXPECT_EQ(pmxRun.control.returnCaption, "Return");
+    EXPECT_EQ(pmxRun.view.control.caption(), "Return");
 }
 
 TEST_F(Exporting, StopsWhenItIsCancelled) {
@@ -247,10 +250,10 @@ TEST_F(Exporting, StopsWhenItIsCancelled) {
     for (int i = 0; i < 500; ++i) items += words({2, 14, 1});
     for (const char* name : {"A.MUS", "B.MUS", "C.MUS"}) host.write(name, pageOf(items));
     host.onYield = [&] {
-        EXPECT_EQ(pmxRun.control.returnCaption, "Cancel");
-        EXPECT_TRUE(pmxRun.panPmxFloodRun.visible);
-        const bool inSecond = pmxRun.lblPmxStatus == "File being processed: 2 of 3";
-        if (inSecond && pmxRun.panPmxFloodFile.percent > 40) pmxRun.control.press();
+        EXPECT_EQ(pmxRun.view.control.caption(), "Cancel");
+        EXPECT_TRUE(pmxRun.view.overFiles.visible);
+        const bool inSecond = pmxRun.view.status == "File being processed: 2 of 3";
+        if (inSecond && pmxRun.view.inFile.percent > 40) pmxRun.view.control.press();
     };
     pmxRun.options.chkPMXshow = true;
     run({"A.MUS", "B.MUS", "C.MUS"});
@@ -260,8 +263,9 @@ TEST_F(Exporting, StopsWhenItIsCancelled) {
     EXPECT_FALSE(host.exists("C.PMX"));
     ASSERT_EQ(host.shown.size(), 2U) << "the first file and the report";
     EXPECT_TRUE(host.shown[1].ends_with(
-        " B.PMX       \r\n \r\nNumber of files processed: 3\r\n(Processing interrupted by user)\r\n"));
-    EXPECT_EQ(pmxRun.control.returnCaption, "Return");
+        lines(" B.PMX       | |Number of files processed: 3|(Processing interrupted by user)|"
+              "Stopped by the user in B.MUS, file 2 of 3.")));
+    EXPECT_EQ(pmxRun.view.control.caption(), "Return");
 }
 
 TEST_F(Exporting, TakesDroppedFileListsOverItself) {
@@ -274,8 +278,7 @@ TEST_F(Exporting, TakesDroppedFileListsOverItself) {
 
     host.write("FILES.TMP", words({2, 14, 1}));
     host.write("A.MUS", pageOf(words({2, 14, 1})));
-    const Command& select = *panel.command("cmdPmxSelect");
-    select.drop({host.path("A.MUS"), host.path("FILES.TMP")});
+    panel.drop({host.path("A.MUS"), host.path("FILES.TMP")});
     EXPECT_EQ(host.read("NAMES.TUL"), crlf({host.path("A.MUS") + " 1", host.path("FILES.TMP") + " 1"}));
     EXPECT_EQ(selection.SelectionCount, 2);
     EXPECT_TRUE(panel.command("cmdPmxView")->toolTip().ends_with(upper("A.MUS")));
@@ -283,10 +286,10 @@ TEST_F(Exporting, TakesDroppedFileListsOverItself) {
     EXPECT_EQ(host.read("FILES.PMX"), "14 1\r\n");
 
     host.faultyFiles().refusals["NAMES.TUL"] = FileError::diskFull;
-    select.drop({host.path("FILES.TMP")});
+    panel.drop({host.path("FILES.TMP")});
     EXPECT_EQ(host.messages, Texts{"Drop error or open error of: " + host.path("NAMES.TUL")});
     host.mayRun("TULOLE.EXE");
-    select.drop({host.path("A.MUS")});
+    panel.drop({host.path("A.MUS")});
     EXPECT_TRUE(host.launches.back().starts_with("TULOLE.EXE ")) << "which other drops go through";
 }
 

@@ -6,6 +6,7 @@
 #include "music/mus_reader.h"
 #include "samples/damaged.h"
 #include "samples/scores.h"
+#include "shared/run_result.h"
 #include "support/test.h"
 
 namespace tul::valid {
@@ -28,6 +29,11 @@ class Validating : public HostTest {
         cmdValidateRun();
         EXPECT_FALSE(musReader.isOpen);
         return linesIn(host.shown.at(0));
+    }
+    /// Of the last run.
+    static std::ptrdiff_t damagedPages() {
+        const std::vector<PageResult>& pages = runResults.back().pages;
+        return std::count_if(pages.begin(), pages.end(), [](const auto& page) { return !page.isWhole; });
     }
     std::string file() const { return upper("PAGE.MUS"); }
     std::string structure(const std::string& failure, int item) const {
@@ -69,7 +75,7 @@ TEST_F(Validating, WritesTheReport) {
                     row("F.MUS", "41      ---- " + padRight(upper("F.MUS"), width) + " is a Finale file"),
                     std::string(43, ' ') + "----", std::string(42, ' ') + "3    , 3 file(s)"})});
     EXPECT_FALSE(host.exists("TULVALID.PRN"));
-    EXPECT_EQ(validation.damagedFiles, 0);
+    EXPECT_EQ(damagedPages(), 0);
 }
 
 TEST_F(Validating, EndsWhenTheReportCannotBeOpened) {
@@ -85,7 +91,7 @@ TEST_F(Validating, PassesAllSampleScores) {
     for (const samples::Sample& score : samples::scores()) {
         validate(score.bytes);
         EXPECT_EQ(host.messages, Texts{}) << score.name;
-        EXPECT_EQ(validation.damagedFiles, 0) << score.name;
+        EXPECT_EQ(damagedPages(), 0) << score.name;
     }
 }
 
@@ -121,7 +127,7 @@ TEST_F(Validating, TellsTheFaultOfEveryDamagedSample) {
         EXPECT_TRUE(first.starts_with(expected)) << page.name << ": " << first;
         EXPECT_EQ(report[4].ends_with("is a Finale file"), page.name == "FINALE.MUS");
         const bool isQuestion = expected.empty() || expected.starts_with("Found");
-        EXPECT_EQ(validation.damagedFiles, isQuestion ? 0 : 1) << page.name;
+        EXPECT_EQ(damagedPages(), isQuestion ? 0 : 1) << page.name;
     }
 }
 
@@ -143,7 +149,7 @@ TEST_F(Validating, TellsEachStructuralFailureInItsOrder) {
               {"Attempt to read beyond end of file.\r\nItem number: 1\r\nFile: " + file(), offer(177, 1)}}}) {
         validate(bytes);
         EXPECT_EQ(host.messages, told);
-        EXPECT_EQ(validation.damagedFiles, 1);
+        EXPECT_EQ(damagedPages(), 1);
     }
 }
 
@@ -157,12 +163,12 @@ TEST_F(Validating, TellsTooManyParametersAndGoesOn) {
             "MUS file structure error. Invalid number of parms: 21\r\nItem number: 1\r\nPar1= 5\r\nFile: " +
                 file(),
             "Too many parameters in an item. SCORE sometimes does not reject this."}));
-    EXPECT_EQ(validation.damagedFiles, 1);
+    EXPECT_EQ(damagedPages(), 1);
 
     item.replace(4, 4, words({15}));
     const Texts lines = validate(pageOf(staff + item));
     EXPECT_EQ(host.messages.size(), 2U);
-    EXPECT_EQ(validation.damagedFiles, 0) << "a long file name in a code 15 item is no damage";
+    EXPECT_EQ(damagedPages(), 0) << "a long file name in a code 15 item is no damage";
     EXPECT_TRUE(lines[4].ends_with(" 80200 "));
 }
 
@@ -170,7 +176,7 @@ TEST_F(Validating, CountsWhatOtherToolsRefuseAsDamaged) {
     for (const float code : {15.0F, 11.5F, 16.5F}) {
         validate(pageOf(words({3, code, 1, 2})), {Answer::yes});
         EXPECT_EQ(host.messages.size(), code == 15.0F ? 0U : 1U) << "no structural message";
-        EXPECT_EQ(validation.damagedFiles, 1) << code;
+        EXPECT_EQ(damagedPages(), 1) << code;
     }
 }
 
@@ -205,7 +211,7 @@ TEST_F(Validating, EndsAnInvalidItemTypeWhereItsIndexMeetsTheTrailer) {
     std::string items = staff + words({2, 19, 1});
     for (int i = 0; i < 6; ++i) items += words({2, 14, 1});
     Texts lines = validate(pageOf(items + words({1, 1})), std::vector<Answer>(4, Answer::yes));
-    EXPECT_EQ(validation.damagedFiles, 1);
+    EXPECT_EQ(damagedPages(), 1);
     EXPECT_EQ(host.messages.size(), 4U) << "neither an end of the file nor a recovery";
     EXPECT_TRUE(lines[4].ends_with(" 0 ")) << "a stamp of stale bytes";
     lines = validate(pageOf(items + words({1})), std::vector<Answer>(4, Answer::yes));
@@ -247,7 +253,7 @@ TEST_F(Validating, TheLastAnswerOfAnItemCounts) {
     lines = validate(page, {Answer::yes, Answer::yes, Answer::no});
     EXPECT_EQ(host.messages.size(), 3U);
     EXPECT_EQ(lines[4], "(Processing discontinued by user)");
-    EXPECT_EQ(validation.damagedFiles, 0);
+    EXPECT_EQ(damagedPages(), 0);
 }
 
 TEST_F(Validating, RunsTheRecoveryOrSaysThatItCannot) {
@@ -271,19 +277,20 @@ TEST_F(Validating, StopsWhenItIsCancelled) {
     select({"A.MUS", "B.MUS", "C.MUS"});
     int files = 0;
     host.onYield = [&] {
-        EXPECT_EQ(validation.control.returnCaption, "Cancel");
-        EXPECT_TRUE(validation.panValidFloodRun.visible);
-        if (validation.lblValidStatus == "File being processed: 2 of 3" && files++ == 0)
-            validation.control.press();
+        EXPECT_EQ(validation.view.control.caption(), "Cancel");
+        EXPECT_TRUE(validation.view.overFiles.visible);
+        if (validation.view.status == "File being processed: 2 of 3" && files++ == 0)
+            validation.view.control.press();
     };
     cmdValidateRun();
     const Texts lines = linesIn(host.shown.at(0));
     EXPECT_GT(files, 0) << "the run lets events through";
-    ASSERT_EQ(lines.size(), 8U) << "one row; the file in hand has none";
+    ASSERT_EQ(lines.size(), 9U) << "one row; the file in hand has none";
     EXPECT_TRUE(lines[6].ends_with(" 100  , 3 file(s)"));
     EXPECT_EQ(lines[7], "(Processing interrupted by user)");
-    EXPECT_EQ(validation.control.returnCaption, "Return");
-    EXPECT_FALSE(validation.panValidFloodRun.visible);
+    EXPECT_EQ(lines[8], "Stopped by the user in B.MUS, file 2 of 3.");
+    EXPECT_EQ(validation.view.control.caption(), "Return");
+    EXPECT_FALSE(validation.view.overFiles.visible);
 }
 
 TEST_F(Validating, TakesTheRecognisedFinaleFilesOnly) {

@@ -42,13 +42,13 @@ TEST(Arguments, WrongUsageSaysWhatAndHowToGoOn) {
         Arguments arguments;
         const ParseResult result = parseArguments(words, arguments);
         EXPECT_FALSE(result.goOn);
-        EXPECT_EQ(result.exitStatus, exitUsage);
+        EXPECT_EQ(result.exitStatus, ExitStatus::usage);
         EXPECT_TRUE(contains(result.text, "See: tulcmd --help"));
         EXPECT_GT(result.text.find('\n'), 5U) << "the first line says what is wrong";
     }
     Arguments arguments;
     const ParseResult help = parseArguments({"--help"}, arguments);
-    EXPECT_EQ(help.exitStatus, 0);
+    EXPECT_EQ(help.exitStatus, ExitStatus::done);
     EXPECT_TRUE(contains(help.text, "valid, validate"));
 }
 
@@ -115,13 +115,13 @@ TEST_F(Tulcmd, AsksTheTerminalUntilAnAnswerFits) {
 
 TEST_F(Tulcmd, RefusesWrongUsageBeforeItDoesAnything) {
     const Outcome unknown = run({"valid", page("good.mus"), "--set", "txtNone=1"});
-    EXPECT_EQ(unknown.status, exitUsage);
+    EXPECT_EQ(unknown.status, 2);
     EXPECT_EQ(unknown.err, "frmValid has no field txtNone.\nSee: tulcmd valid --list\n");
     EXPECT_EQ(unknown.out, "");
     EXPECT_FALSE(host.exists("NAMES.TUL"));
-    EXPECT_EQ(run({"valid", page("good.mus"), "--set", "txtValidRange=99"}).status, exitUsage) << "read only";
-    EXPECT_EQ(run({"logo"}).status, exitUsage) << "nothing to run";
-    EXPECT_EQ(run({"--home", page("nowhere"), "valid"}).status, exitUsage);
+    EXPECT_EQ(run({"valid", page("good.mus"), "--set", "txtValidRange=99"}).status, 2) << "read only";
+    EXPECT_EQ(run({"logo"}).status, 2) << "nothing to run";
+    EXPECT_EQ(run({"--home", page("nowhere"), "valid"}).status, 2);
 
     host.remove("NAMES.TUL");
     EXPECT_EQ(run({"valid"}).err,
@@ -143,7 +143,7 @@ TEST_F(Tulcmd, RefusesWhatCannotBeSelectedAndKeepsTheSelection) {
     };
     for (const auto& [file, text] : refusals) {
         const Outcome outcome = run({"valid", page("good.mus"), file});
-        EXPECT_EQ(outcome.status, exitUsage);
+        EXPECT_EQ(outcome.status, 2);
         EXPECT_TRUE(contains(outcome.err, text));
     }
     EXPECT_EQ(host.read("NAMES.TUL"), names);
@@ -157,7 +157,7 @@ TEST_F(Tulcmd, RefusesNamesThatDifferInLetterCaseOnly) {
     for (const Texts& words :
          std::vector<Texts>{{"valid", page("Page.mus"), page("PAGE.mus")}, {"valid", page("Page.mus")}}) {
         const Outcome outcome = run(words);
-        EXPECT_EQ(outcome.status, exitUsage);
+        EXPECT_EQ(outcome.status, 2);
         EXPECT_TRUE(contains(outcome.err, page("Page.mus")));
         EXPECT_TRUE(contains(outcome.err, page("PAGE.mus")));
     }
@@ -167,7 +167,7 @@ TEST_F(Tulcmd, RefusesNamesThatDifferInLetterCaseOnly) {
 TEST_F(Tulcmd, EndsWithOneAtAFatalMessage) {
     host.remove("TULOLE.EXE");
     const Outcome outcome = run({"valid", page("good.mus")});
-    EXPECT_EQ(outcome.status, exitFatal);
+    EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(
         outcome.err,
         "message: Module TULOLE.EXE not properly installed\n\nmessage: Number of installation issues: 1\n\n");
@@ -178,7 +178,7 @@ TEST_F(Tulcmd, NamesThePageWhereARunEnded) {
     host.faultyFiles().refusals["B.MUS"] = FileError::permissionDenied;
     const Outcome outcome = run({"resiz", "--set", "tabResiz=2", "--set", "txtResizeStaffSize=0.65", "--set",
                                  "chkResizBackup=0", page("good.mus"), page("b.mus"), page("odd.mus")});
-    EXPECT_EQ(outcome.status, exitFatal);
+    EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(contains(outcome.err, "Open of output MUS file failed. Hit OK to terminate"));
     EXPECT_TRUE(
         contains(outcome.err, "\nThe run ended at " + upper("B.MUS") + "; the files before it are done.\n"));
@@ -245,7 +245,7 @@ TEST_F(Tulcmd, RefusesWhatThePanelInFrontDoesNotHave) {
         Texts words = {"logo"};
         for (const std::string& press : presses) words.insert(words.end(), {"--press", press});
         const Outcome outcome = run(words);
-        EXPECT_EQ(outcome.status, exitUsage);
+        EXPECT_EQ(outcome.status, 2);
         EXPECT_EQ(outcome.err, why + " --list\n");
     };
     expectRefused({"cmdValid", "mnuNamesStatus"},

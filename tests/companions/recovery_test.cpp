@@ -7,6 +7,7 @@
 
 #include "check/validation.h"
 #include "music/mus_reader.h"
+#include "music/pipeline.h"
 #include "samples/many.h"
 #include "samples/scores.h"
 #include "support/test.h"
@@ -74,7 +75,7 @@ class Recovering : public HostTest {
         host.write("PAGE.MUS", bytes);
         host.messages.clear();
         host.answers.assign(3000, Answer::yes);
-        valid::validation.currentPath = host.path("PAGE.MUS");
+        pipeline.page = {.path = host.path("PAGE.MUS")};
         Report report(host.path("TULVALID.PRN"));
         valid::inputValidate(report);
         constexpr std::string_view start = "(the first ";

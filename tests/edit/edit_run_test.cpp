@@ -34,7 +34,7 @@ class EditRun : public HostTest {
         host.messages.clear();
         cmdEditRun();
         EXPECT_FALSE(host.exists("TULEDIT.PRN"));
-        EXPECT_FALSE(editing.control.running);
+        EXPECT_FALSE(editing.view.control.isBusy());
         return host.shown.empty() ? "" : host.shown.front();
     }
     /// The report of pages without lines of their own.
@@ -89,12 +89,13 @@ TEST_F(EditRun, ACancelKeepsTheFilesBeforeIt) {
     host.answers = {Answer::yes, Answer::no, Answer::yes, Answer::cancel};
     EXPECT_EQ(run(tabText),
               reportOf({"a.mus", "b.mus"},
-                       {"Number of replaces . . . . . . 2 (Find string: bc Replace string: BC)"}, "3"));
+                       {"Number of replaces . . . . . . 2 (Find string: bc Replace string: BC)"}, "3") +
+                  "Stopped by the user in B.MUS, file 2 of 3.\r\n");
     EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00aBCde") + text8("_00abcde")));
     EXPECT_EQ(host.read("b.mus"), page);
     EXPECT_EQ(host.read("c.mus"), page);
-    EXPECT_EQ(editing.lblEditStatus, "File being processed");
-    EXPECT_EQ(editing.counters.totalUpdates, 2);
+    EXPECT_EQ(editing.view.status, "File being processed");
+    EXPECT_EQ(runResults.back().changes(), 1) << "that of the page which was written";
 }
 
 TEST_F(EditRun, CountsFontsInTheirOwnWords) {

@@ -11,8 +11,6 @@ namespace {
 
 class General : public HostTest {
   protected:
-    General() { editing.txtEditFile = "C:\\PAGE.MUS"; }
-
     void condition(std::size_t number, const char* par, const char* relation, const char* value) {
         generalEdit.txtp[number] = par;
         generalEdit.lstr[number].choose(relation);
@@ -28,9 +26,9 @@ class General : public HostTest {
     }
     /// The report of one file.
     std::string run(int number = 1) {
-        editing.counters = {};
         Report report(host.path("REPORT.PRN"));
-        generalFamily.updateFile({report, number});
+        pipeline.page = {.path = "C:\\PAGE.MUS"};
+        generalFamily.begin()->updateFile({number, pipeline.page, report});
         EXPECT_TRUE(report.close());
         return host.read("REPORT.PRN");
     }
@@ -139,10 +137,10 @@ TEST_F(General, SetsParametersAndTexts) {
     set("4", "-1.5");
     run();
     EXPECT_EQ(musItemTable[2].pars[4], -1.5F);
-    EXPECT_EQ(editing.counters.fileChanges, 2);
+    EXPECT_EQ(pipeline.page.changes, 2);
     set("0", "7");
     run();
-    EXPECT_EQ(editing.counters.fileChanges, 2) << "no parameter, but counted";
+    EXPECT_EQ(pipeline.page.changes, 2) << "no parameter, but counted";
     condition(0, "1", "=", "16");
     set("4", "2");
     run();

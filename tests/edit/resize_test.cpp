@@ -172,8 +172,8 @@ TEST_F(Resizing, GoesOnBehindDamageAndTellsWhichFilesToLookAt) {
     EXPECT_EQ(host.shown,
               Texts{report({"A.MUS", "B.MUS", "C.MUS"}, {0, 3},
                            "Rewritten from an incomplete reading, items may be missing: A.MUS, B.MUS\r\n")});
-    EXPECT_FALSE(pipeline.progress.visible);
-    EXPECT_EQ(pipeline.activity, "");
+    EXPECT_FALSE(resizing.view.inFile.visible);
+    EXPECT_EQ(resizing.view.activity, "");
 
     options.chkResizBackup = false;
     const std::string nothing = pageOf(words({1, 8}));

@@ -7,6 +7,8 @@
 namespace tul::resize {
 namespace {
 
+constexpr int tabs = tabPlaceholders + 1;
+
 class Updating : public HostTest {
   protected:
     Updating() {
@@ -22,7 +24,7 @@ class Updating : public HostTest {
     float after(int par, const std::vector<float>& pars, const std::string& text = "") {
         musItemTable[1] = itemRow(pars, text);
         musItemTable.itemCount = 1;
-        updateFile();
+        updateFile(counted);
         return musItemTable[1].pars[par];
     }
     float noteSizeAfter(float height, float head, float size) {
@@ -30,7 +32,7 @@ class Updating : public HostTest {
     }
 
     ResizeOptions& options = resizing.options;
-    Counters& counted = resizing.counters;
+    Counters counted;
 };
 
 TEST_F(Updating, ResizesTheNotesThatAreChosen) {
@@ -138,11 +140,11 @@ TEST_F(Updating, LeavesTheItemsOfOtherTabsAlone) {
         {tabPlaceholders, itemRow({1, 1, 0, 0, 0, 900, 0, 0, 0, 0, 0, 0, 0, 0, 1})},
     };
     for (const auto& [tab, item] : items) {
-        for (options.tabResiz = 0; options.tabResiz < tabCount; ++options.tabResiz) {
+        for (options.tabResiz = 0; options.tabResiz < tabs; ++options.tabResiz) {
             counted = {};
             musItemTable[1] = item;
             musItemTable.itemCount = 1;
-            updateFile();
+            updateFile(counted);
             const int changes = counted.notes() + counted.slurs + counted.staves + counted.pageNumbers +
                                 counted.texts + counted.placeholders;
             EXPECT_EQ(changes, tab == options.tabResiz ? 1 : 0) << tab << options.tabResiz;
@@ -153,7 +155,7 @@ TEST_F(Updating, LeavesTheItemsOfOtherTabsAlone) {
 TEST_F(Updating, ChangesSymbolsFromEveryTab) {
     options.txtSymbolResize = "31";
     options.txtSymbolNewSize = "2.5";
-    for (options.tabResiz = 0; options.tabResiz < tabCount; ++options.tabResiz) {
+    for (options.tabResiz = 0; options.tabResiz < tabs; ++options.tabResiz) {
         options.chkSymbolResize = true;
         EXPECT_EQ(after(6, {9, 1, 0, 1.4F, 31, 1}), 2.5F);
         EXPECT_EQ(after(6, {9, 1, 0, 1.4F, 31.5F, 1}), 1);
@@ -164,12 +166,12 @@ TEST_F(Updating, ChangesSymbolsFromEveryTab) {
         EXPECT_EQ(after(6, {9, 1, 0, -3.5F, 31, 1}), 1);
         options.chkSymbolIntegerPar4 = false;
     }
-    EXPECT_EQ(counted.symbolSizes, 2 * tabCount);
-    EXPECT_EQ(counted.symbolPar4, 2 * tabCount);
+    EXPECT_EQ(counted.symbolSizes, 2 * tabs);
+    EXPECT_EQ(counted.symbolPar4, 2 * tabs);
     options.chkSymbolIntegerPar4 = true;
     EXPECT_EQ(after(4, {9, 1, 0, -4, 31}), -4);
     EXPECT_EQ(after(4, {9, 1, 0, infinity, 31}), infinity);
-    EXPECT_EQ(counted.symbolPar4, 2 * tabCount) << "these are whole already";
+    EXPECT_EQ(counted.symbolPar4, 2 * tabs) << "these are whole already";
 }
 
 TEST_F(Updating, ResizesPageNumbersAndBarNumbers) {
@@ -286,7 +288,7 @@ TEST_F(Updating, SetsPlaceholdersBehindAllItems) {
     EXPECT_EQ(setFor(903), (Rows{{2, left - 0.8F, 5, 1.2F}}));
     EXPECT_EQ(counted.placeholders, 16) << "descenders are not counted";
 
-    updateFile();
+    updateFile(counted);
     EXPECT_EQ(musItemTable.itemCount, 3) << "a second run doubles them";
 }
 
@@ -302,7 +304,7 @@ TEST_F(Updating, ResetsThePlaceholdersNearANote) {
     };
     musItemTable.itemCount = 0;
     for (const auto& item : items) musItemTable[++musItemTable.itemCount] = item.first;
-    updateFile();
+    updateFile(counted);
     for (int item = 1; item <= musItemTable.itemCount; ++item)
         EXPECT_EQ(musItemTable[item].pars[1] == 999, items[static_cast<std::size_t>(item - 1)].second)
             << item;

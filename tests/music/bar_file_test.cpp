@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "base/numbers.h"
 #include "music/item_table.h"
 #include "music/pipeline.h"
 #include "samples/page_builder.h"
@@ -15,7 +16,8 @@ using samples::PageBuilder;
 class BarFile : public HostTest {
   protected:
     BarFile() {
-        pipeline.currentPath = host.path("PAGE.MUS");
+        pipeline.page.path = host.path("PAGE.MUS");
+        pipeline.view = &view;
         projectSettings.BarNumberSize = "201.2";
         projectSettings.BarNumberFont = "3";
         projectSettings.PageNumberSize = "201";
@@ -30,6 +32,8 @@ class BarFile : public HostTest {
         for (int item = 1; item <= musItemTable.itemCount; ++item) texts.push_back(musItemTable[item].text);
         return texts;
     }
+
+    RunView view;
 };
 
 TEST_F(BarFile, TakesWhatBarsAreFoundBy) {
@@ -64,7 +68,7 @@ TEST_F(BarFile, StopsAtDamageAndAtAFullTable) {
     read(pageOf(words({2, 14, 1, 1, 14, 1, 2, 14, 1})), BarReader::renum);
     EXPECT_EQ(musItemTable.itemCount, 1);
     EXPECT_EQ(host.messages.back(), structuralError);
-    EXPECT_GT(pipeline.progress.percent, 0);
+    EXPECT_GT(view.inFile.percent, 0);
     PageBuilder page;
     for (int i = 0; i < 2001; ++i) page.item({14, 1});
     EXPECT_EQ(host.fatal([&] { read(page.bytes()); }),

@@ -15,29 +15,37 @@ using samples::PageBuilder;
 const std::string staff = words({6, 8, 1, 0, 0, 0.75F, 200});
 const std::string barline = words({3, 14, 1, 20});
 
+// What a tool may have otherwise than the others.
+constexpr ToolForm common = {.openFailure = "Open of output MUS file failed. Hit OK to terminate"};
+constexpr ToolForm counting = {.countsCharacters = true};
+constexpr ToolForm dropping = {.mayDropCode13 = true};
+constexpr ToolForm own = {.loop = ItemLoop::own, .showsProgress = false, .countsCharacters = true};
+constexpr ToolForm ownUnsaved = {.loop = ItemLoop::own, .takesBackup = false, .showsProgress = false};
+constexpr ToolForm silent = {.loop = ItemLoop::silent, .takesBackup = false, .showsProgress = false};
+
 class PipelineRun : public HostTest {
   protected:
-    PipelineRun() { pipeline.currentPath = host.path("PAGE.MUS"); }
+    PipelineRun() { begin(); }
+    /// A page of its own.
+    void begin(const char* name = "PAGE.MUS") { pipeline.page = {.path = host.path(name)}; }
 
-    void store(const std::string& bytes, const ToolForm& form = resizForm) {
+    /// False where the reading was abandoned.
+    bool store(const std::string& bytes, const ToolForm& form = common) {
         host.write("PAGE.MUS", bytes);
-        attempt([&] { storeFile(form); });
+        return attempt([&] { storeFile(form); });
     }
-    std::string rewrite(const std::string& bytes, const ToolForm& form = resizForm) {
-        store(bytes, form);
+    std::string rewrite(const std::string& bytes, const ToolForm& form = common) {
+        begin();
+        std::ignore = store(bytes, form);
         writeFile(form);
         return host.read("PAGE.MUS");
     }
-    std::string written(const ToolForm& form = resizForm) {
+    /// The table as it stands, in the place of a page that was read.
+    std::string written(const ToolForm& form = common) {
         host.write("PAGE.MUS", "old");
+        pipeline.pageAsRead = files().info(currentPath());
         writeFile(form);
         return host.read("PAGE.MUS");
-    }
-    std::string report() {
-        Report lines(host.path("REPORT.PRN"));
-        reportSuspectFiles(lines);
-        EXPECT_TRUE(lines.close());
-        return host.read("REPORT.PRN");
     }
 };
 
@@ -72,7 +80,7 @@ TEST_F(PipelineRun, CountsTheWordsOfAnOddTextRounded) {
     // 2.25, 2.5 and 2.75 words count as 2, 2 and 3.
     EXPECT_EQ(written(), header(3 * 14 + 7 + 6) + item(15.25F, "nine char") + item(15.5F, "ten chars.") +
                              item(15.75F, "eleven char") + trailer());
-    EXPECT_EQ(pipeline.unreadable.size(), 1U);
+    EXPECT_FALSE(pipeline.page.isReadable);
 }
 
 TEST_F(PipelineRun, LeavesDeletedRowsOutAndAnEmptyTableAlone) {
@@ -80,50 +88,42 @@ TEST_F(PipelineRun, LeavesDeletedRowsOutAndAnEmptyTableAlone) {
     addItem({999, 1, 2});
     addItem({999}, "text");
     EXPECT_EQ(written(), header(6) + trailer());
-    EXPECT_TRUE(pipeline.unreadable.empty());
+    EXPECT_TRUE(pipeline.page.isReadable);
     musItemTable.itemCount = 0;
     addItem({13, 1});
     addItem({14, 1});
     EXPECT_EQ(written(), pageOf(words({2, 13, 1, 2, 14, 1})));
     pipeline.dropsCode13 = true;
-    EXPECT_EQ(written(wholeForm), pageOf(words({2, 13, 1, 2, 14, 1}))) << "a choice of one tool only";
-    EXPECT_EQ(written(renumForm), pageOf(words({2, 14, 1})));
+    EXPECT_EQ(written(ownUnsaved), pageOf(words({2, 13, 1, 2, 14, 1}))) << "a choice of one tool only";
+    EXPECT_EQ(written(dropping), pageOf(words({2, 14, 1})));
 }
 
 TEST_F(PipelineRun, RowsThatNoReaderTakesAreWrittenAndTold) {
     addItem({14, 1});
     addItem({14});
     EXPECT_EQ(written(), pageOf(words({2, 14, 1, 1, 14})));
-    pipeline.currentPath = host.path("ZEROS.MUS");
+    EXPECT_FALSE(pipeline.page.isReadable);
     musItemTable.itemCount = 0;
     addItem({0});
     addItem({16, 1}, "");
-    writeFile(resizForm);
-    EXPECT_EQ(host.read("ZEROS.MUS"), pageOf(words({0, 13, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
-    for (const float code : {0.5F, 19.0F}) {
-        musItemTable.itemCount = 0;
-        addItem({code, 1});
-        EXPECT_FALSE(canBeReadAgain(musItemTable[1]));
-    }
-    pipeline.readWhole = true;
-    pipeline.currentPath = host.path("LONG.MUS");
+    EXPECT_EQ(written(), pageOf(words({0, 13, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0})));
+    for (const float code : {0.5F, 19.0F}) EXPECT_FALSE(canBeReadAgain(itemRow({code, 1})));
+    begin();
     musItemTable.itemCount = 0;
     for (int i = 0; i < 2000; ++i) addItem({16, 1}, std::string(64, 'x'));
-    writeFile(resizForm);
-    EXPECT_EQ(host.read("LONG.MUS").substr(0, 2), header(2000 * 30 + 6 - 65536)) << "the count wraps";
-    EXPECT_EQ(pipeline.unreadable.size(), 3U);
-    EXPECT_EQ(report().find("LONG.MUS\r\n") != std::string::npos, true) << report();
+    EXPECT_EQ(written().substr(0, 2), header(2000 * 30 + 6 - 65536)) << "the count wraps";
+    EXPECT_FALSE(pipeline.page.isReadable);
 }
 
 TEST_F(PipelineRun, CountsTheCharactersOfTextsForTheToolsThatEditThem) {
     const auto expectLength = [this](const ToolForm& form, float length) {
         musItemTable.itemCount = 0;
         addItem({16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3}, "_00longer");
-        writeFile(form);
+        written(form);
         EXPECT_EQ(musItemTable[1].pars[12], length);
     };
-    for (const ToolForm& form : {resizForm, renumForm, wholeForm}) expectLength(form, 3);
-    for (const ToolForm& form : {editForm, barForm}) expectLength(form, 9);
+    for (const ToolForm& form : {common, dropping, ownUnsaved}) expectLength(form, 3);
+    for (const ToolForm& form : {counting, own}) expectLength(form, 9);
 }
 
 TEST_F(PipelineRun, AppliesTheUnitOfTheLastTrailer) {
@@ -133,17 +133,17 @@ TEST_F(PipelineRun, AppliesTheUnitOfTheLastTrailer) {
         << "a short trailer has no unit: that of the page before stays";
     EXPECT_EQ(rewrite(pageOf(barline)), pageOf(barline));
     // Its words are taken as the first of six here: the fourth is the unit.
-    EXPECT_EQ(rewrite(pageOf(barline, trailer(true).substr(0, 20)), barForm), pageOf(barline, trailer(true)));
+    EXPECT_EQ(rewrite(pageOf(barline, trailer(true).substr(0, 20)), own), pageOf(barline, trailer(true)));
 }
 
 TEST_F(PipelineRun, KeepsEveryItemOfAPageAndItsOwnPagesByteForByte) {
     Texts pages;
     for (const samples::Sample& sample : samples::scores()) pages.push_back(sample.bytes);
     for (int number = 1; number <= 20; ++number) pages.push_back(samples::manyPage(number, 6000));
-    for (const ToolForm& form : {resizForm, barForm, wholeForm}) {
+    for (const ToolForm& form : {common, own, ownUnsaved}) {
         for (const std::string& bytes : pages) {
-            store(bytes, form);
-            ASSERT_TRUE(pipeline.readWhole);
+            ASSERT_TRUE(store(bytes, form));
+            ASSERT_TRUE(pipeline.page.isWhole);
             std::vector<ItemRow> before;
             for (int item = 1; item <= musItemTable.itemCount; ++item) before.push_back(musItemTable[item]);
             writeFile(form);
@@ -159,21 +159,20 @@ TEST_F(PipelineRun, KeepsEveryItemOfAPageAndItsOwnPagesByteForByte) {
         }
     }
     EXPECT_TRUE(host.messages.empty());
-    EXPECT_EQ(report(), "");
 }
 
 TEST_F(PipelineRun, DamageEndsTheReadingButNotTheRun) {
     const std::string damaged = pageOf(staff + barline + words({1, 14, 1}));
     EXPECT_EQ(rewrite(damaged), pageOf(staff + barline));
     EXPECT_EQ(host.messages, Texts{structuralError});
-    EXPECT_EQ(report(), "Rewritten from an incomplete reading, items may be missing: PAGE.MUS\r\n");
-    for (const ToolForm& form : {barForm, wholeForm}) {
+    EXPECT_TRUE(pipeline.page.isWritten && !pipeline.page.isWhole);
+    for (const ToolForm& form : {own, ownUnsaved}) {
         EXPECT_EQ(rewrite(damaged, form), pageOf(staff + barline));
         EXPECT_EQ(rewrite(pageOf(staff + words({13, 15, 1})), form), pageOf(staff));
         EXPECT_EQ(rewrite(pageOf(staff + words({2, 19, 1})), form), pageOf(staff));
         EXPECT_EQ(rewrite(pageOf(staff, "", 9), form), pageOf(staff)) << "a count that is never reached";
     }
-    store(damaged, splitForm);
+    EXPECT_TRUE(store(damaged, silent));
     EXPECT_EQ(musItemTable.itemCount, 2);
     EXPECT_EQ(host.messages.size(), 1U) << "the others say nothing";
 }
@@ -183,12 +182,13 @@ TEST_F(PipelineRun, APageOfAnotherLengthThanItSaysIsTold) {
     const std::string lowCount = pageOf(staff + barline + barline + barline, trailer(), -8);
     // The count leads to the end of an item, and the next ones are taken for the trailer.
     EXPECT_EQ(rewrite(lowCount), pageOf(staff + barline, trailer(true)));
-    EXPECT_EQ(pipeline.incomplete.size(), 1U);
-    rewrite(cutTrailer);
-    rewrite(lowCount, barForm);
-    EXPECT_EQ(pipeline.incomplete.size(), 3U);
+    EXPECT_FALSE(pipeline.page.isWhole);
+    for (const auto& [page, form] : {std::pair{cutTrailer, common}, {lowCount, own}}) {
+        rewrite(page, form);
+        EXPECT_FALSE(pipeline.page.isWhole);
+    }
     rewrite(pageOf(staff + barline) + "\x1A");
-    EXPECT_EQ(pipeline.incomplete.size(), 3U) << "less than a word behind the end is nothing";
+    EXPECT_TRUE(pipeline.page.isWhole) << "less than a word behind the end is nothing";
     EXPECT_TRUE(host.messages.empty());
 }
 
@@ -198,12 +198,12 @@ TEST_F(PipelineRun, APageWithoutAReadableItemIsLeftAlone) {
     EXPECT_TRUE(host.messages.empty());
     const std::string damaged = pageOf(words({1, 14, 1}) + barline);
     EXPECT_EQ(rewrite(damaged), damaged);
-    EXPECT_EQ(report(), "");
+    EXPECT_FALSE(pipeline.page.isWritten || pipeline.page.isWhole);
 }
 
 TEST_F(PipelineRun, ATextWithoutACountOfCharactersKeepsThem) {
     for (const float count : {-1.0F, notANumber}) {
-        store(pageOf(words({16, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, count, 0}) + "_00Animus   "));
+        EXPECT_TRUE(store(pageOf(words({16, 16, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, count, 0}) + "_00Animus   ")));
         EXPECT_EQ(musItemTable[1].text, "_00Animus   ");
     }
 }
@@ -211,12 +211,13 @@ TEST_F(PipelineRun, ATextWithoutACountOfCharactersKeepsThem) {
 TEST_F(PipelineRun, AnItemOfTooManyParametersAbandonsTheReadingWithoutAMessage) {
     std::string wide = words({21, 1});
     for (int par = 2; par <= 21; ++par) wide += words({1});
-    for (const ToolForm& form : {resizForm, editForm, barForm, wholeForm}) {
-        resetPipeline();
-        pipeline.currentPath = host.path("PAGE.MUS");
+    RunView view;
+    pipeline.view = &view;
+    for (const ToolForm& form : {common, counting, own, ownUnsaved}) {
+        EXPECT_FALSE(store(pageOf(staff + wide + barline), form));
+        EXPECT_FALSE(view.inFile.visible);
         EXPECT_EQ(rewrite(pageOf(staff + wide + barline), form), pageOf(staff));
-        EXPECT_FALSE(pipeline.progress.visible);
-        EXPECT_EQ(pipeline.incomplete.size(), 1U);
+        EXPECT_FALSE(pipeline.page.isWhole);
     }
     EXPECT_TRUE(host.messages.empty());
 }
@@ -224,16 +225,16 @@ TEST_F(PipelineRun, AnItemOfTooManyParametersAbandonsTheReadingWithoutAMessage) 
 TEST_F(PipelineRun, CodesAreTakenAsReadWhereTheLoopIsTheToolsOwn) {
     // To the common loop 16.5 is a text, and asks; to the others it is an item of sixteen parameters.
     const std::string text = words({15, 16.5F, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}) + "abcdefgh";
-    store(pageOf(text));
+    EXPECT_TRUE(store(pageOf(text)));
     EXPECT_EQ(musItemTable[1].text, "abcde");
     EXPECT_EQ(host.messages.size(), 1U);
-    store(pageOf(text), wholeForm);
+    EXPECT_TRUE(store(pageOf(text), ownUnsaved));
     EXPECT_EQ(musItemTable[1].text, "");
     EXPECT_NE(musItemTable[1].pars[14], 0.0F);
     EXPECT_EQ(host.messages.size(), 1U);
     for (const float code : {11.0F, 16.0F})
         EXPECT_EQ(host.fatal([&] {
-            store(pageOf(words({5, code, 1, 2, 3, 4})), barForm);
+            rewrite(pageOf(words({5, code, 1, 2, 3, 4})), own);
         }),
                   "Invalid MUS file. Error type 7. Hit OK to terminate");
 }
@@ -241,7 +242,7 @@ TEST_F(PipelineRun, CodesAreTakenAsReadWhereTheLoopIsTheToolsOwn) {
 TEST_F(PipelineRun, TheTableIsFullAtTwoThousandItems) {
     PageBuilder page;
     for (int i = 0; i < 2000; ++i) page.item({14, 1});
-    store(page.bytes());
+    EXPECT_TRUE(store(page.bytes()));
     EXPECT_EQ(musItemTable.itemCount, 2000);
     const std::string tooBig = page.item({14, 1}).bytes();
     EXPECT_EQ(host.fatal([&] { rewrite(tooBig); }), "MUS file too big for operation. Hit OK to terminate.");
@@ -253,23 +254,20 @@ TEST_F(PipelineRun, TheTableIsFullAtTwoThousandItems) {
 TEST_F(PipelineRun, AReadOnlyFileEndsTheProgramAndStays) {
     const std::string bytes = pageOf(staff + barline);
     pipeline.backup = true;
-    store(bytes);
+    EXPECT_TRUE(store(bytes));
     host.makeReadOnly("PAGE.MUS");
-    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }),
-              "Attempt to rewrite Read-only file\r\n" + pipeline.currentPath + "\r\nRun canceled");
+    EXPECT_EQ(host.fatal([] { writeFile(common); }),
+              "Attempt to rewrite Read-only file\r\n" + currentPath() + "\r\nRun canceled");
     EXPECT_EQ(host.read("PAGE.MUS"), bytes);
     EXPECT_EQ(host.read("PAGE.BKU"), bytes) << "the backup stays";
 }
 
 TEST_F(PipelineRun, WhatCannotBeOpenedEndsTheProgramInTheToolsWords) {
-    host.makeFolder("gone");
-    host.write("gone/PAGE.MUS", pageOf(staff));
-    pipeline.currentPath = host.path("gone\\PAGE.MUS");
-    storeFile(resizForm);
-    host.remove("gone");
+    EXPECT_TRUE(store(pageOf(staff)));
+    host.faultyFiles().refusals["PAGE.MUS"] = FileError::permissionDenied;
     const std::string failure = "Open of output MUS file failed. Hit OK to terminate";
-    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }), failure);
-    EXPECT_EQ(host.fatal([] { writeFile(editForm); }), failure + ".");
+    EXPECT_EQ(host.fatal([] { writeFile(common); }), failure);
+    EXPECT_EQ(host.fatal([] { writeFile(counting); }), failure + ".");
 }
 
 TEST_F(PipelineRun, AFullDiskIsToldAndLeavesThePage) {
@@ -277,12 +275,11 @@ TEST_F(PipelineRun, AFullDiskIsToldAndLeavesThePage) {
     pipeline.backup = true;
     host.faultyFiles().refusals = {{"PAGE.BKU", FileError::diskFull}, {"PAGE.MUS", FileError::diskFull}};
     host.write("PAGE.MUS", bytes);
-    storeFile(resizForm);
-    EXPECT_EQ(host.messages.back(),
-              "Failed to take backup copy of file " + pipeline.currentPath + ". Drive full.");
+    storeFile(common);
+    EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + currentPath() + ". Drive full.");
     EXPECT_EQ(musItemTable.itemCount, 2) << "the run goes on";
-    EXPECT_EQ(host.fatal([] { writeFile(resizForm); }),
-              "Failed to write file " + pipeline.currentPath +
+    EXPECT_EQ(host.fatal([] { writeFile(common); }),
+              "Failed to write file " + currentPath() +
                   ". Drive full.\r\nThe file is as it was before. Hit OK to terminate.");
     EXPECT_EQ(host.read("PAGE.MUS"), bytes);
 }
@@ -290,18 +287,17 @@ TEST_F(PipelineRun, AFullDiskIsToldAndLeavesThePage) {
 TEST_F(PipelineRun, BacksUpWhereTheToolAndTheBoxDo) {
     const std::string bytes = pageOf(staff + barline);
     const auto generations = [&](const ToolForm& form, bool box) {
-        beginPipelineRun(box);
-        pipeline.currentPath = host.path("PAGE.MUS");
+        pipeline.backup = box;
         rewrite(bytes, form);
         int count = 0;
         for (const char* name : {"PAGE.BKU", "PAGE.BKV", "PAGE.BKW", "PAGE.BKX"}) count += host.exists(name);
         return count;
     };
-    EXPECT_EQ(generations(resizForm, false), 0);
-    EXPECT_EQ(generations(wholeForm, true), 0);
-    EXPECT_EQ(generations(splitForm, true), 0);
-    EXPECT_EQ(generations(resizForm, true), 1);
-    EXPECT_EQ(generations(barForm, true), 2);
+    EXPECT_EQ(generations(common, false), 0);
+    EXPECT_EQ(generations(ownUnsaved, true), 0);
+    EXPECT_EQ(generations(silent, true), 0);
+    EXPECT_EQ(generations(common, true), 1);
+    EXPECT_EQ(generations(own, true), 2);
     EXPECT_EQ(host.read("PAGE.BKV"), bytes);
 }
 

@@ -23,22 +23,16 @@ Panel makePanel(Options& options, std::string& chosen) {
     Panel panel;
     panel.name = "frmTest";
     panel.fields = {
-        {.name = "optFirst", .kind = FieldKind::option, .value = &options.optFirst, .group = "fraOne"},
-        {.name = "optSecond", .kind = FieldKind::option, .value = &options.optSecond, .group = "fraOne"},
-        {.name = "optOther", .kind = FieldKind::option, .value = &options.optOther, .group = "fraTwo"},
-        {.name = "chkBackup", .kind = FieldKind::check, .value = &options.chkBackup},
-        {.name = "txtSize",
-         .kind = FieldKind::text,
-         .value = &options.txtSize,
-         .prompt = std::string("New size"),
-         .accept = [](const std::string& text) { return isNumeric(text) ? text : std::string("1.0"); },
-         .enabled = [&options] { return options.chkBackup; }},
-        {.name = "lblState", .kind = FieldKind::label, .value = &options.lblState},
-        {.name = "tabPages", .kind = FieldKind::tab, .value = &options.tabPages},
-        {.name = "lstFonts",
-         .kind = FieldKind::list,
-         .value = &options.lstFonts,
-         .accept = [&chosen](const std::string& entry) { return chosen = entry; }},
+        optionField("fraOne", "optFirst", options.optFirst),
+        optionField("fraOne", "optSecond", options.optSecond),
+        optionField("fraTwo", "optOther", options.optOther),
+        checkField("chkBackup", options.chkBackup),
+        onlyIf(textField("txtSize", options.txtSize, "New size",
+                         [](const std::string& text) { return isNumeric(text) ? text : "1.0"; }),
+               [&options] { return options.chkBackup; }),
+        labelField("lblState", options.lblState),
+        tabField("tabPages", options.tabPages, {"first", "second", "third"}),
+        listField("lstFonts", options.lstFonts, [&chosen](const std::string& entry) { chosen = entry; }),
     };
     return panel;
 }
@@ -64,6 +58,9 @@ TEST(PanelFields, TakeWhatAWindowWouldLetAUserDo) {
     EXPECT_EQ(panel.set("chkBackup", "maybe"), PanelAnswer::invalid);
     EXPECT_EQ(panel.set("tabPages", "2"), PanelAnswer::done);
     EXPECT_EQ(options.tabPages, 2);
+    EXPECT_EQ(panel.set("tabPages", " SECOND "), PanelAnswer::done);
+    EXPECT_EQ(options.tabPages, 1);
+    EXPECT_EQ(panel.set("tabPages", "3"), PanelAnswer::invalid);
     EXPECT_EQ(panel.set("tabPages", "99999999999"), PanelAnswer::invalid);
     EXPECT_EQ(panel.set("lblState", "busy"), PanelAnswer::disabled);
     EXPECT_EQ(panel.set("lstFonts", "_99"), PanelAnswer::invalid);
@@ -102,8 +99,8 @@ class ValidationPanel : public PanelTest {
 };
 
 TEST_F(ValidationPanel, RunsOnlyWithASelection) {
-    EXPECT_FALSE(panel.command("cmdValidateRun")->enabled());
-    EXPECT_FALSE(panel.command("cmdValidateView")->enabled());
+    EXPECT_FALSE(isEnabled("cmdValidateRun"));
+    EXPECT_FALSE(isEnabled("cmdValidateView"));
     EXPECT_EQ(panel.press("cmdValidateRun"), PanelAnswer::disabled);
     EXPECT_EQ(shown("panValidFileName"), "");
     EXPECT_EQ(shown("txtValidRange"), "32");
@@ -111,25 +108,25 @@ TEST_F(ValidationPanel, RunsOnlyWithASelection) {
     host.write("page.mus", "page");
     writeNames({"page.mus"});
     panel.load();
-    EXPECT_TRUE(panel.command("cmdValidateRun")->enabled());
+    EXPECT_TRUE(isEnabled("cmdValidateRun"));
     EXPECT_TRUE(shown("panValidFileName").ends_with("\\PAGE.MUS"));
     host.remove("page.mus");
     panel.press("cmdValidateView");
-    EXPECT_FALSE(panel.command("cmdValidateRun")->enabled()) << "the selection was discarded";
+    EXPECT_FALSE(isEnabled("cmdValidateRun")) << "the selection was discarded";
     EXPECT_EQ(shown("panValidFileName"), "");
 }
 
 TEST_F(ValidationPanel, ReturnsOrCancels) {
     EXPECT_EQ(panel.command("cmdValidateReturn")->caption(), "Return");
-    valid::validation.control.beginRun();
+    valid::validation.view.control.begin();
     EXPECT_EQ(panel.command("cmdValidateReturn")->caption(), "Cancel");
-    EXPECT_FALSE(panel.command("cmdValidateSelect")->enabled());
+    EXPECT_FALSE(isEnabled("cmdValidateSelect"));
     panel.press("cmdValidateReturn");
-    EXPECT_TRUE(valid::validation.control.cancelled());
+    EXPECT_TRUE(valid::validation.view.control.isStopped());
     EXPECT_EQ(panel.command("cmdValidateReturn")->caption(), "Return");
     panel.press("cmdValidateReturn");
     EXPECT_FALSE(panel.closed()) << "a second click does not close a panel that still runs";
-    valid::validation.control.endRun();
+    valid::validation.view.control.end();
     panel.press("cmdValidateReturn");
     EXPECT_TRUE(panel.closed());
     EXPECT_EQ(panel.press("cmdValidateReturn"), PanelAnswer::disabled);

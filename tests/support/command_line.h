@@ -19,7 +19,7 @@ inline Outcome runTulcmd(const ScriptedHost& host, const Texts& words, const std
                          bool terminal = false) {
     command::Arguments arguments;
     const command::ParseResult parsed = command::parseArguments(words, arguments);
-    if (!parsed.goOn) return {parsed.exitStatus, {}, parsed.text};
+    if (!parsed.goOn) return {static_cast<int>(parsed.exitStatus), {}, parsed.text};
     std::ostringstream out;
     std::ostringstream err;
     std::istringstream in(typed);

@@ -96,7 +96,11 @@ class PanelTest : public HostTest {
         if (panel.load) panel.load();
     }
     std::string shown(const std::string& field) { return panel.field(field)->text(); }
-    bool isEnabled(const std::string& field) { return panel.field(field)->enabled(); }
+    /// Of a field or a command.
+    bool isEnabled(const std::string& name) {
+        if (const Field* const field = panel.field(name)) return panel.isEnabled(*field);
+        return panel.isEnabled(*panel.command(name));
+    }
 
     Panel panel;
 };

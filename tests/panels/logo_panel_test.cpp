@@ -100,7 +100,7 @@ TEST_F(LogoPanel, AnalysesAndConvertsWithALibraryOnly) {
 }
 
 TEST_F(LogoPanel, SplitsAsTheOptionsSay) {
-    const Panel split = makeLogoPanel([](std::string_view) { return true; });  // with all panels
+    const Panel split = describeLogoPanel([](std::string_view) { return true; });  // with all panels
     const auto enabledWith = [this](const char* options) {
         host.write("TULPROJ.PRO", lines(options));
         press("cmdViewProjectOptions");
@@ -138,9 +138,9 @@ TEST_F(LogoPanel, OpensItsPanelsAndPretendsNone) {
               {"cmdProjectOptions", "frmGlobalOptions"}});
     for (const char* button : {"cmdClef", "cmdLogoDur", "cmdTulSplitPreProcess"})
         press(button, PanelAnswer::disabled);
-    panel = makeLogoPanel([](std::string_view) { return false; });
+    panel = describeLogoPanel([](std::string_view) { return false; });
     for (const char* button : {"cmdValid", "cmdLogoInput"}) press(button, PanelAnswer::disabled);
-    panel = makeLogoPanel([](std::string_view) { return true; });
+    panel = describeLogoPanel([](std::string_view) { return true; });
     pressAll({{"cmdRenum", "frmRenum"}, {"cmdAccs", "frmAccs"}, {"cmdLogoInput", "frmInput"}});
     machineSettings.ScoreFolder = "C:\\SCORE\\";
     press("cmdLogoIntab");

@@ -20,7 +20,6 @@ using namespace tul;
 using fuzz::mostWords;
 using fuzz::require;
 
-constexpr std::size_t wordBytes = 4;
 constexpr std::size_t checkedBytes = 64 * wordBytes;
 
 void exportAs(const std::string& path, bool condensed, bool comment) {

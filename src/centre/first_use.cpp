@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "base/numbers.h"
@@ -40,12 +41,12 @@ std::string keptSelectionPath() { return inProgramFolder("NAMES_BEFORE_FIRST_USE
 
 void putSelectionAside() {
     if (files().rename(paths.NamesFilePath, keptSelectionPath()) != FileError::none)
-        files().remove(paths.NamesFilePath);
+        files().removeIfThere(paths.NamesFilePath);
 }
 
 void takeSelectionBack() {
-    files().remove(paths.NamesFilePath);
-    files().rename(keptSelectionPath(), paths.NamesFilePath);
+    files().removeIfThere(paths.NamesFilePath);
+    std::ignore = files().rename(keptSelectionPath(), paths.NamesFilePath);
 }
 
 /// The suffix and folder that the selection program offers, and what it shows above.
@@ -363,7 +364,7 @@ void writeControlFile() {
     if (files().replace(paths.ControlFilePath, firstControlFile()) != FileError::none)
         endWith(paths.ControlFilePath + " could not be opened for output. Hit Enter to abort");
     // An installation that is configured anew begins without a selection.
-    files().remove(paths.NamesFilePath);
+    files().removeIfThere(paths.NamesFilePath);
 }
 
 }  // namespace

@@ -87,7 +87,7 @@ std::int16_t checkUtilityNames(const std::string& path) {
         lines = wrap16(lines + 1);
         if (FileExists(nameIn(line))) found = wrap16(found + 1);
     }
-    if (found != lines) files().remove(path);
+    if (found != lines) files().removeIfThere(path);
     return found;
 }
 
@@ -133,7 +133,7 @@ void ReadNamesFile() {
 
 void RefreshNamesFiles() {
     ReadNamesFile();
-    if (countSelectedOnDisk() != selection.SelectionCount) files().remove(paths.NamesFilePath);
+    if (countSelectedOnDisk() != selection.SelectionCount) files().removeIfThere(paths.NamesFilePath);
     selection.EpsNamesCount = checkUtilityNames("NAMESEPS.TUL");
     selection.XmlNamesCount = checkUtilityNames("NAMESXML.TUL");
 }

@@ -46,7 +46,7 @@ void nameVersion() {
 bool takesFiles() {
     const std::string probe = "TULWRITE.TMP";
     const bool written = files().replace(probe, newLine) == FileError::none;
-    files().remove(probe);
+    files().removeIfThere(probe);
     return written;
 }
 

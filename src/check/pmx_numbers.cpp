@@ -61,7 +61,9 @@ void appendTabNumber(std::string& line, float value) {
         line += formatted(value, " 000#.#000;-000#.#000");
         return;
     }
-    const auto tenThousandths = static_cast<std::uint32_t>(scaled + 0.5);
+    // A scaled single has room for a half: nothing is rounded twice.
+    const auto tenThousandths =
+        static_cast<std::uint32_t>(scaled + 0.5);  // NOLINT(bugprone-incorrect-roundings)
     char columns[10];
     columns[0] = value < 0.0F && tenThousandths > 0 ? '-' : ' ';
     putFourDigits(columns + 1, tenThousandths / 10000);
@@ -79,7 +81,8 @@ void appendGeneral(std::string& line, float value) {
     }
     std::size_t places = 0;
     while (magnitude * powersOfTen[places] < sevenDigits) ++places;
-    auto digits = static_cast<std::uint32_t>(magnitude * powersOfTen[places] + 0.5);
+    auto digits = static_cast<std::uint32_t>(  // NOLINT(bugprone-incorrect-roundings)
+        magnitude * powersOfTen[places] + 0.5);
     for (; places > 0 && digits % 10 == 0; digits /= 10) --places;
 
     std::array<char, 16> text;

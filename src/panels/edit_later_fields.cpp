@@ -227,6 +227,7 @@ std::vector<Field> laterFields() {
 
 std::vector<Command> laterCommands() {
     std::vector<Command> commands;
+    commands.reserve(buttons.size() + 1);
     for (const LaterButton& later : buttons)
         commands.push_back({.name = later.name,
                             .caption = later.caption,

@@ -121,6 +121,7 @@ class SpawnSettings {
 
     int spawn(pid_t& child, const std::vector<std::string>& words) const {
         std::vector<char*> arguments;
+        arguments.reserve(words.size() + 1);
         for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
         arguments.push_back(nullptr);
         return ::posix_spawn(&child, arguments.front(), &actions_, &attributes_, arguments.data(), environ);

@@ -7,6 +7,7 @@
 #include "centre/names_file.h"
 #include "check/pmx_export.h"
 #include "check/pmx_numbers.h"
+#include "shared/run_result.h"
 #include "support/test.h"
 
 namespace tul::pmx {
@@ -219,6 +220,15 @@ TEST_F(Exporting, ReportsPathsAndOutputNames) {
     EXPECT_TRUE(host.shown.empty());
     EXPECT_FALSE(host.exists("TULPMX.PRN"));
     EXPECT_EQ(pmxPathOf("Z:\\V1.0\\PAGE"), "Z:\\V1.0\\PAGE.PMX") << "the full stops of folders do not count";
+}
+
+TEST_F(Exporting, RefusesTwoPagesOfOneOutput) {
+    for (const char* name : {"A.MUS", "A.OLD.MUS"}) host.write(name, pageOf(words({2, 14, 1})));
+    run({"A.MUS", "A.OLD.MUS"});
+    EXPECT_EQ(host.messages, Texts{"These two files have the same output file " + upper("A.PMX") + ":\r\n" +
+                                   upper("A.MUS") + "\r\n" + upper("A.OLD.MUS")});
+    EXPECT_EQ(runResults.back().exitStatus(), ExitStatus::refused);
+    EXPECT_FALSE(host.exists("A.PMX"));
 }
 
 TEST_F(Exporting, EndsTheRunWhereItCannotWrite) {

@@ -1,7 +1,6 @@
 
 
 #include "centre/main_panel.h"
-#include "samples/page_builder.h"
 #include "support/command_line.h"
 
 namespace tul::command {
@@ -46,30 +45,9 @@ TEST(Arguments, WrongUsageSaysWhatAndHowToGoOn) {
         EXPECT_TRUE(contains(result.text, "See: tulcmd --help"));
         EXPECT_GT(result.text.find('\n'), 5U) << "the first line says what is wrong";
     }
-    Arguments arguments;
-    const ParseResult help = parseArguments({"--help"}, arguments);
-    EXPECT_EQ(help.exitStatus, ExitStatus::done);
-    EXPECT_TRUE(contains(help.text, "valid, validate"));
 }
 
-class Tulcmd : public HostTest {
-  protected:
-    Tulcmd() {
-        host.install();
-        run({"logo", "--press", "mnuNotepad"});  // the settings of first use
-        samples::PageBuilder page;
-        page.item({8, 1, 0, 0, 1, 200}).item({14, 1, 200, 1});
-        host.write("good.mus", page.bytes());
-        page.item({13, 1, 0});
-        host.write("odd.mus", page.bytes());
-        host.write("bad.mus", std::string("\x09\x00\x00\x00", 4));
-    }
-
-    Outcome run(const Texts& words, const std::string& typed = {}, bool terminal = false) {
-        return testing::runTulcmd(host, words, typed, terminal);
-    }
-    std::string page(const std::string& name) const { return (host.nativeFolder() / name).string(); }
-};
+using Tulcmd = testing::TulcmdTest;
 
 TEST_F(Tulcmd, PrintsTheReportAndDeletesIt) {
     const Outcome outcome = run({"valid", page("good.mus")});

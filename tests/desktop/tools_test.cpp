@@ -131,6 +131,24 @@ TEST_F(ToolWindows, AQuestionFindsThePanelAtItsPage) {
     click("cmdValidateRun");
 }
 
+TEST_F(ToolWindows, AFaultOfTheProgramIsToldAndTheWindowCanBeLeft) {
+    host.write("broken.mus", std::string(40, '\0'));
+    host.write("NAMES.TUL", crlf({host.path("broken.mus") + " 1"}));
+    host.write("TULRECOV.EXE", "x");
+    host.programs["TULRECOV.EXE"] = [](const std::string&) -> int { throw std::runtime_error("no memory"); };
+    open("frmValid");
+    for (int dialog = 0; dialog < 3; ++dialog) expectAnswer(QMessageBox::Ok);  // two messages and the offer
+    expectDialog([](QDialog& dialog) {
+        EXPECT_TRUE(dynamic_cast<QMessageBox&>(dialog).text().endsWith("a fault of its own: no memory"));
+        dialog.accept();
+    });
+    click("cmdValidateRun");
+    EXPECT_TRUE(child<QAbstractButton>("cmdValidateRun").isEnabled());
+    EXPECT_FALSE(QApplication::overrideCursor());
+    click("cmdValidateReturn");
+    EXPECT_EQ(face.front()->panel().name, "frmLogo");
+}
+
 TEST_F(ToolWindows, PmxIsWrittenAsTheFormSays) {
     writePage("page.mus");
     host.write("NAMES.TUL", crlf({host.path("page.mus") + " 1"}));

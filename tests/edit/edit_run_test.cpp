@@ -96,6 +96,7 @@ TEST_F(EditRun, ACancelKeepsTheFilesBeforeIt) {
     EXPECT_EQ(host.read("c.mus"), page);
     EXPECT_EQ(editing.view.status, "File being processed");
     EXPECT_EQ(runResults.back().changes(), 1) << "that of the page which was written";
+    EXPECT_EQ(runResults.back().exitStatus(), ExitStatus::stopped);
 }
 
 TEST_F(EditRun, CountsFontsInTheirOwnWords) {

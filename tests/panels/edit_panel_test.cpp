@@ -34,6 +34,8 @@ TEST_F(EditPanelTest, StartsAsItsTabsDo) {
     EXPECT_TRUE(host.exists("TULEDIT.PRO"));
     EXPECT_EQ(panel.set("tabEdit", "13"), PanelAnswer::done);
     EXPECT_EQ(panel.set("tabEdit", "14"), PanelAnswer::invalid);
+    EXPECT_EQ(panel.set("tabEdit", "general"), PanelAnswer::done);
+    EXPECT_EQ(edit::editing.tabEdit, edit::tabGeneral);
 }
 
 TEST_F(EditPanelTest, FieldsExcludeOneAnother) {

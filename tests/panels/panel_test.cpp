@@ -93,6 +93,40 @@ TEST(PanelList, NamesEveryControlOnce) {
     }
 }
 
+/// What the records of all panels hold, looked at through their fields.
+std::map<std::string, std::string> fieldsOfAllPanels() {
+    std::map<std::string, std::string> texts;
+    for (const PanelEntry& entry : panelList()) {
+        const Panel panel = entry.describe();
+        for (const Field& field : panel.fields)
+            texts[panel.name + '.' + field.name] = field.text() + (panel.isEnabled(field) ? "" : " grey");
+    }
+    return texts;
+}
+
+/// Changes whatever a user can switch.
+void use(Panel panel) {
+    for (const Field& field : panel.fields)
+        for (const char* value : {"1", "0", "1"}) panel.set(field.name, value);
+}
+
+TEST(PanelList, APanelStartsAnewHoweverOftenAndBehindWhichever) {
+    ScriptedHost host;
+    host.install();
+    const auto fresh = fieldsOfAllPanels();
+    EXPECT_EQ(fieldsOfAllPanels(), fresh) << "a look changes nothing";
+    std::vector<PanelEntry> panels = panelList();
+    std::erase_if(panels, [](const PanelEntry& entry) { return !entry.reset; });
+    for (std::size_t turn = 0; turn < 2 * panels.size(); ++turn) {
+        for (const PanelEntry& entry : panels) use(entry.make());
+        EXPECT_NE(fieldsOfAllPanels(), fresh);
+        for (const PanelEntry& entry : panels) static_cast<void>(entry.make());
+        for (const auto& [name, text] : fieldsOfAllPanels()) EXPECT_EQ(text, fresh.at(name)) << name;
+        std::rotate(panels.begin(), panels.begin() + 1, panels.end());
+        if (turn == panels.size()) std::reverse(panels.begin(), panels.end());
+    }
+}
+
 class ValidationPanel : public PanelTest {
   protected:
     ValidationPanel() { open("valid"); }

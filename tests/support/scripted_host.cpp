@@ -23,14 +23,47 @@ std::optional<int> endOf(const std::function<void()>& action) {
     return std::nullopt;
 }
 
-FileError FaultyFiles::replace(const std::string& path, std::string_view bytes) {
+void FaultyFiles::failAt(int call, FileError fault) {
+    failAt_ = call;
+    calls_ = 0;
+    fault_ = fault;
+}
+
+FileError FaultyFiles::refusalOf(const std::string& path) const {
     const auto refusal = refusals.find(std::string(fileNameOf(path)));
-    return refusal == refusals.end() ? real_.replace(path, bytes) : refusal->second;
+    return refusal == refusals.end() ? FileError::none : refusal->second;
+}
+
+FileError FaultyFiles::read(const std::string& path, std::string& bytes, std::size_t limit) const {
+    if (!fails()) return real_.read(path, bytes, limit);
+    bytes.clear();
+    return fault_;
+}
+
+FileError FaultyFiles::replace(const std::string& path, std::string_view bytes) {
+    if (fails()) return fault_;
+    const FileError refusal = refusalOf(path);
+    return refusal == FileError::none ? real_.replace(path, bytes) : refusal;
+}
+
+FileError FaultyFiles::remove(const std::string& path) { return fails() ? fault_ : real_.remove(path); }
+
+FileError FaultyFiles::rename(const std::string& from, const std::string& to) {
+    return fails() ? fault_ : real_.rename(from, to);
+}
+
+FileError FaultyFiles::renameOver(const std::string& from, const std::string& to) {
+    return fails() ? fault_ : real_.renameOver(from, to);
+}
+
+FileError FaultyFiles::copy(const std::string& from, const std::string& to) {
+    return fails() ? fault_ : real_.copy(from, to);
 }
 
 FileError FaultyFiles::copyToNew(const std::string& from, const std::string& to) {
-    const auto refusal = refusals.find(std::string(fileNameOf(to)));
-    return refusal == refusals.end() ? real_.copyToNew(from, to) : refusal->second;
+    if (fails()) return fault_;
+    const FileError refusal = refusalOf(to);
+    return refusal == FileError::none ? real_.copyToNew(from, to) : refusal;
 }
 
 struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {

@@ -28,24 +28,23 @@ class FaultyFiles : public Files {
     /// What writing the file of this name gives instead of success.
     std::map<std::string, FileError> refusals;
 
+    /// Fails one of the calls that read or change files: of this number from now on, from 1; 0 fails none.
+    void failAt(int call, FileError fault = FileError::none);
+    /// True when the call that was to fail has come.
+    bool hasFailed() const { return calls_ >= failAt_; }
+
     std::string currentFolder() const override { return real_.currentFolder(); }
     bool changeFolder(const std::string& path) override { return real_.changeFolder(path); }
     bool canRead(const std::string& path) const override { return real_.canRead(path); }
     std::optional<FileInfo> info(const std::string& path) const override { return real_.info(path); }
     std::string nameOnDisk(const std::string& path) const override { return real_.nameOnDisk(path); }
     std::vector<std::string> list(const std::string& folder) const override { return real_.list(folder); }
-    FileError read(const std::string& path, std::string& bytes, std::size_t limit) const override {
-        return real_.read(path, bytes, limit);
-    }
+    FileError read(const std::string& path, std::string& bytes, std::size_t limit) const override;
     FileError replace(const std::string& path, std::string_view bytes) override;
-    FileError remove(const std::string& path) override { return real_.remove(path); }
-    FileError rename(const std::string& from, const std::string& to) override {
-        return real_.rename(from, to);
-    }
-    FileError renameOver(const std::string& from, const std::string& to) override {
-        return real_.renameOver(from, to);
-    }
-    FileError copy(const std::string& from, const std::string& to) override { return real_.copy(from, to); }
+    FileError remove(const std::string& path) override;
+    FileError rename(const std::string& from, const std::string& to) override;
+    FileError renameOver(const std::string& from, const std::string& to) override;
+    FileError copy(const std::string& from, const std::string& to) override;
     FileError copyToNew(const std::string& from, const std::string& to) override;
     std::string shortName(const std::string& path) const override { return real_.shortName(path); }
     std::optional<std::string> fromNative(const std::string& path) const override {
@@ -54,7 +53,13 @@ class FaultyFiles : public Files {
     std::string toNative(const std::string& path) const override { return real_.toNative(path); }
 
   private:
+    bool fails() const { return ++calls_ == failAt_; }
+    FileError refusalOf(const std::string& path) const;
+
     Files& real_;
+    int failAt_ = 0;
+    mutable int calls_ = 0;
+    FileError fault_ = FileError::none;
 };
 
 /// A machine and a user for one test: a folder of its own as current folder, a clock that stands still, a

@@ -1,6 +1,7 @@
 #include "centre/page_run.h"
 
 #include <optional>
+#include <tuple>
 #include <unordered_set>
 #include <utility>
 
@@ -72,7 +73,7 @@ class RunInProgress {
     }
 
     RunView& view_;
-    std::string idleStatus_;
+    const char* idleStatus_;
     RunResult result_;
     std::optional<std::size_t> page_;  // in work
 };
@@ -126,8 +127,7 @@ void takePages(RunInProgress& run, RunView& view, const RunSpec& spec, const Wor
 
 PageEnd PageUpdateRun::processPage(const PageInRun& page) {
     page.report.line(page.result.path);
-    yieldToEvents();
-    if (!attempt([this] { storeFile(form_); })) page.result.isWhole = false;
+    std::ignore = attempt([this] { storeFile(form_); });  // a reading that broke off says so itself
     if (!attempt([&] { updatePage(page); })) page.result.isHalfChanged = true;
     if (pipeline.view->control.isAbandoned()) {
         page.result.changes = 0;
@@ -140,12 +140,11 @@ PageEnd PageUpdateRun::processPage(const PageInRun& page) {
     return PageEnd::next;
 }
 
-RunResult runOverPages(RunView& view, const RunSpec& spec, ToolRun& tool) {
+void runOverPages(RunView& view, const RunSpec& spec, ToolRun& tool) {
     Report report(inProgramFolder(spec.report));
     if (const FileError fault = report.open(); fault != FileError::none) {
-        spec.tellNoReport(report.path(), fault);
-        noteRefusedRun(spec.tool, "The report could not be opened for output.");
-        return runResults.back();
+        noteRefusedRun(spec.tool, "the report could not be opened for output");
+        return spec.tellNoReport(report.path(), fault);
     }
     RunInProgress run(view, spec);
     RunResult& result = run.result();
@@ -153,11 +152,14 @@ RunResult runOverPages(RunView& view, const RunSpec& spec, ToolRun& tool) {
     tool.writeHead(report);
     takePages(run, view, spec, {tool, report});
     result.end = view.control.isStopped() ? RunEnd::stopped : RunEnd::complete;
+    if (result.pages.empty()) {
+        result.end = RunEnd::refused;
+        result.reason = "nothing is selected";
+    }
     run.endLoop();
     const ReportEnd end = tool.writeEnd(report, result);
     writeFindings(report, result);
     finish(report, end);
-    return result;
 }
 
 std::vector<std::string> selectedPages() {

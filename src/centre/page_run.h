@@ -67,12 +67,12 @@ struct RunSpec {
     std::function<void(const std::string& path, FileError fault)> tellNoReport;
     bool changesPages = false;
     bool backup = false;          // taken of each page before it is read, where its form takes one
-    std::string idleStatus = {};  // what the panel shows instead of a file's number between runs
+    const char* idleStatus = "";  // what the panel shows instead of a file's number between runs
 };
 
 /// Takes each page once through the tool, as long as nobody stops it. Whatever happens the panel is idle
 /// again behind it, and the result is among `runResults`.
-RunResult runOverPages(RunView& view, const RunSpec& spec, ToolRun& tool);
+void runOverPages(RunView& view, const RunSpec& spec, ToolRun& tool);
 
 /// The paths of the selection, as it was read last.
 std::vector<std::string> selectedPages();

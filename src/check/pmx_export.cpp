@@ -174,7 +174,8 @@ PageEnd ExportRun::processPage(const PageInRun& page) {
         return PageEnd::endRun;
     }
     page.result.isWritten = true;
-    page.result.isWhole = end != ExportEnd::damaged;
+    if (end != ExportEnd::cancelled)
+        page.result.reading = end == ExportEnd::complete ? Reading::whole : Reading::broken;
     if (end == ExportEnd::damaged) tellStructuralError();
     if (pmxRun.view.control.isStopped()) return PageEnd::endRun;
     if (pmxRun.options.chkPMXshow) ViewWithEditor(output);

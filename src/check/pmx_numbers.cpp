@@ -81,8 +81,8 @@ void appendGeneral(std::string& line, float value) {
     }
     std::size_t places = 0;
     while (magnitude * powersOfTen[places] < sevenDigits) ++places;
-    auto digits = static_cast<std::uint32_t>(  // NOLINT(bugprone-incorrect-roundings)
-        magnitude * powersOfTen[places] + 0.5);
+    const double scaled = magnitude * powersOfTen[places];
+    auto digits = static_cast<std::uint32_t>(scaled + 0.5);  // NOLINT(bugprone-incorrect-roundings)
     for (; places > 0 && digits % 10 == 0; digits /= 10) --places;
 
     std::array<char, 16> text;

@@ -51,6 +51,7 @@ PageEnd ValidationRun::processPage(const PageInRun& page) {
     page.result.isDone = true;
     if (IsFinale(path) == "Finale") {
         page.report.line(start + " ---- " + paddedPath + " is a Finale file");
+        page.result.reason = "a Finale file";
         return PageEnd::next;
     }
     inputValidate(page.report);

@@ -34,7 +34,7 @@ void informNoMusFile() { inform("File " + currentPath() + " may not be a MUS fil
 
 /// A failure behind which nothing can be read: told, and recovery of the items before it offered.
 ItemEnd giveUp(const std::string& failure, bool mayBeNoMusFile) {
-    pipeline.page.isWhole = false;
+    pipeline.page.reading = Reading::broken;
     MusClose();
     const int item = musItem.MusItemNumber;
     informStructure(failure, item);
@@ -93,7 +93,7 @@ ItemEnd validateItem(Report& report) {
     if (!MusReadCode()) {
         // The item goes on being handled, on what a closed file leaves: the words stay as they are, and the
         // index runs on until it passes the word count.
-        pipeline.page.isWhole = false;
+        pipeline.page.reading = Reading::broken;
         MusClose();
         informStructure("MUS file structure error. Invalid item type: " + plain(musItem.MusWord),
                         musItem.MusItemNumber);
@@ -105,12 +105,13 @@ ItemEnd validateItem(Report& report) {
             return giveUp("MUS file structure error. Text length error (" + plain(parameters) + ").", true);
         MusReadTextItem(false);
     } else {
-        if (isRefusedByTools(code, parameters)) pipeline.page.isWhole = false;
+        if (isRefusedByTools(code, parameters)) pipeline.page.reading = Reading::broken;
         readParameterItem(parameters);
     }
     if (!checkMeaning()) {
         MusClose();
         report.line("(Processing discontinued by user)");
+        pipeline.page.reason = "given up at a question";
         return ItemEnd::stop;
     }
     validation.view.inFile.percent = musProgress();
@@ -121,7 +122,7 @@ ItemEnd validateItem(Report& report) {
 }
 
 void tellNoWordCount() {
-    pipeline.page.isWhole = false;
+    pipeline.page.reading = Reading::broken;
     MusClose();
     inform("File " + currentPath() + " may not be a MUS file. ");
     inform("Wordcount found to be:" + str(musReader.MusWordCount));
@@ -129,7 +130,7 @@ void tellNoWordCount() {
 }
 
 void tellBeyondEnd() {
-    pipeline.page.isWhole = false;
+    pipeline.page.reading = Reading::broken;
     MusClose();
     informStructure("Attempt to read beyond end of file.", musItem.MusItemNumber);
     RecoverMUS(currentPath(), musItem.MusItemNumber);
@@ -138,11 +139,11 @@ void tellBeyondEnd() {
 void validateItems(Report& report) {
     if (musReader.MusWordCount < 0) return tellNoWordCount();
     while (musReader.MusWordIndex <= musReader.MusWordCount) {
-        if (atTrailer()) {
-            MusReadTrailer();
+        if (atTrailer() || atShortTrailer()) {
+            if (atTrailer()) MusReadTrailer();
+            if (pipeline.page.reading != Reading::broken) pipeline.page.reading = Reading::whole;
             return MusClose();
         }
-        if (atShortTrailer()) return MusClose();
         if (validateItem(report) == ItemEnd::stop) return;
     }
     tellBeyondEnd();
@@ -154,6 +155,7 @@ void inputValidate(Report& report) {
     const WaitingPointer pointer;
     validation.view.inFile = {.percent = 0, .visible = true};
     MusOpen(currentPath(), musReader.MusWordCount);
+    if (!musReader.isOpen) pipeline.page.reason = "could not be read";
     validateItems(report);
     validation.view.inFile = {};
 }

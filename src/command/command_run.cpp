@@ -5,6 +5,7 @@
 #include <iostream>
 #include <optional>
 #include <set>
+#include <tuple>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -186,8 +187,8 @@ std::optional<CallEnd> perform(Panel& panel, const Action& action) {
         case PanelAnswer::disabled:
             break;
     }
-    if (!presses || panel.runCommand.empty() || selection.SelectionValid)
-        return usageError(panel, action.name + " is not enabled now.");
+    const bool runs = presses && !panel.closed() && equalIgnoringCase(action.name, panel.runCommand);
+    if (!runs || selection.SelectionValid) return usageError(panel, action.name + " is not enabled now.");
     noteRefusedRun(findPanel(panel.name)->shortName, "no music files are selected");
     return CallEnd{ExitStatus::refused, action.name + " is not enabled now: no music files are selected.",
                    listHintFor(panel)};
@@ -236,6 +237,19 @@ CallEnd runPanel(const Arguments& arguments, const PanelEntry& entry, const std:
     return act(arguments, panels, out).value_or(CallEnd());
 }
 
+/// Where a run was when the program ended, and what its report can no longer tell.
+std::string endText(const RunResult& run) {
+    if (run.brokenAt.empty()) return {};
+    const auto isLost = [&run](const PageResult& page) {
+        return page.isReached && !page.isDone && page.path != run.brokenAt;
+    };
+    std::string text = "The run ended at " + run.brokenAt;
+    if (std::none_of(run.pages.begin(), run.pages.end(), isLost))
+        return text + "; the files before it are done.";
+    for (const std::string& line : findingsOf(run)) text += "\n" + line;
+    return text;
+}
+
 /// The same to its end, whatever that is.
 CallEnd runToEnd(const Arguments& arguments, const PanelEntry& entry, const std::vector<std::string>& names,
                  ConsoleFace& consoleFace, std::ostream& out) {
@@ -244,9 +258,7 @@ CallEnd runToEnd(const Arguments& arguments, const PanelEntry& entry, const std:
     } catch (const ProgramEnd& end) {
         if (end.status == 0) return {};
         // The message itself does not always say which page it was.
-        const std::string page = runResults.empty() ? std::string() : runResults.back().brokenAt;
-        return {ExitStatus::fatal,
-                page.empty() ? page : "The run ended at " + page + "; the files before it are done."};
+        return {ExitStatus::fatal, runResults.empty() ? std::string() : endText(runResults.back())};
     } catch (const std::exception& fault) {
         return {ExitStatus::fatal, std::string("The program ended at a fault of its own: ") + fault.what()};
     }
@@ -276,11 +288,26 @@ std::optional<CallEnd> findMistake(const Arguments& arguments, const PanelEntry&
     return std::nullopt;
 }
 
-/// False where a file for the results was asked for and cannot be written.
-bool writeJson(const std::string& nativePath, ExitStatus status) {
+/// False where the file for the results holds something else, such as a page that a slip of the pen has put
+/// there.
+bool mayHoldResults(const std::string& nativePath) {
     if (nativePath.empty()) return true;
     const auto path = files().fromNative(nativePath);
-    return path && files().replace(*path, jsonOf(runResults, status)) == FileError::none;
+    const auto info = path ? files().info(*path) : std::nullopt;
+    std::string first;
+    if (info && !info->folder) std::ignore = files().read(*path, first, 1);
+    return path && (!info || (!info->folder && (info->length == 0 || first == "{")));
+}
+
+/// Writes the results where a file for them was asked for.
+ExitStatus writeResults(const std::string& nativePath, const CallEnd& end, ExitStatus status,
+                        std::ostream& err) {
+    if (nativePath.empty()) return status;
+    const std::string reason = end.status == ExitStatus::usage ? end.text : std::string();
+    const std::string path = files().fromNative(nativePath).value_or(nativePath);
+    if (files().replace(path, jsonOf(runResults, status, reason)) == FileError::none) return status;
+    err << "The file " << nativePath << " could not be written.\n";
+    return graver(status, ExitStatus::notAllDone);
 }
 
 }  // namespace
@@ -293,23 +320,21 @@ int runCommand(const Arguments& arguments, Host machine, const std::string& prog
     installHost(machine);
     freshProcess();
 
-    std::vector<std::string> names;
-    if (const auto mistake = findMistake(arguments, entry, names, programFolder)) {
-        tell(*mistake, console.err);
-        return static_cast<int>(mistake->status);
+    if (!mayHoldResults(arguments.json)) {
+        tell({ExitStatus::usage, "The file " + arguments.json + " is there, and holds no results.", "--help"},
+             console.err);
+        return static_cast<int>(ExitStatus::usage);
     }
-    const CallEnd end = runToEnd(arguments, entry, names, consoleFace, console.out);
+    std::vector<std::string> names;
+    const auto mistake = findMistake(arguments, entry, names, programFolder);
+    const CallEnd end = mistake ? *mistake : runToEnd(arguments, entry, names, consoleFace, console.out);
     tell(end, console.err);
     ExitStatus status = statusOf(end);
     if (!console.out.flush()) {
         console.err << "Standard output could not be written.\n";
         status = graver(status, ExitStatus::fatal);
     }
-    if (!writeJson(arguments.json, status)) {
-        console.err << "The file " << arguments.json << " could not be written.\n";
-        status = graver(status, ExitStatus::notAllDone);
-    }
-    return static_cast<int>(status);
+    return static_cast<int>(writeResults(arguments.json, end, status, console.err));
 }
 
 }  // namespace tul::command

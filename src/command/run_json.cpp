@@ -30,7 +30,8 @@ const char* nameOf(RunEnd end) {
 const char* outcomeOf(const PageResult& page) {
     if (!page.isReached) return "not reached";
     if (!page.isDone) return "not done";
-    if (!page.isWhole) return "damaged";
+    if (page.reading == Reading::broken) return "damaged";
+    if (page.reading == Reading::none) return "not checked";
     return page.changes > 0 ? "changed" : "unchanged";
 }
 
@@ -39,7 +40,7 @@ Json pageJson(const PageResult& page) {
                  {"outcome", outcomeOf(page)},
                  {"changes", page.changes},
                  {"written", page.isWritten},
-                 {"readWhole", page.isReached && page.isWhole}};
+                 {"readWhole", page.isWhole()}};
     if (!page.isReadable) json["readableAgain"] = false;
     if (page.isHalfChanged) json["changedInPart"] = true;
     if (page.lacksBackup) json["withoutBackup"] = true;
@@ -65,8 +66,9 @@ Json runJson(const RunResult& run) {
 
 }  // namespace
 
-std::string jsonOf(const std::vector<RunResult>& runs, ExitStatus status) {
+std::string jsonOf(const std::vector<RunResult>& runs, ExitStatus status, const std::string& reason) {
     Json json = {{"exitStatus", static_cast<int>(status)}, {"runs", Json::array()}};
+    if (!reason.empty()) json["reason"] = toUtf8(reason);
     for (const RunResult& run : runs) json["runs"].push_back(runJson(run));
     return json.dump(1, ' ', false, Json::error_handler_t::replace) + '\n';
 }

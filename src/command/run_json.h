@@ -9,6 +9,7 @@ namespace tul::command {
 
 /// What became of the runs of a call as JSON text in UTF-8; paths as the platform writes them. The page of
 /// the user guide on large archives tells its keys.
-std::string jsonOf(const std::vector<RunResult>& runs, ExitStatus status);
+/// `reason` says what was wrong with the call, where something was.
+std::string jsonOf(const std::vector<RunResult>& runs, ExitStatus status, const std::string& reason = {});
 
 }  // namespace tul::command

@@ -128,7 +128,7 @@ void DesktopFace::endProgram(int status) { std::_Exit(status); }
 /// Runs what the user did on a window. A fault of the program is told, and the window stays usable.
 void DesktopFace::act(const std::function<void()>& what) {
     if (isWaiting_) return;
-    runResults.clear();  // what is shown is about the last press
+    runResults.clear();
     try {
         what();
     } catch (const std::exception& fault) {
@@ -143,6 +143,7 @@ void DesktopFace::settle() {
     if (!front()) return;
     front()->refresh();
     front()->followPlace();
+    if (!runResults.empty()) front()->showResult(runResults.back());
 }
 
 void DesktopFace::closeFront() {

@@ -57,6 +57,13 @@ PanelWindow::PanelWindow(Panel panel, Binder::Act act, const DialogRunner& run)
     if (text) addToolBar(new TextTools(*text, *this, windowTitle(), QString(), run));
 }
 
+void PanelWindow::showResult(const RunResult& result) {
+    auto* const line = findChild<QLabel*>("result");
+    if (!line) return;
+    line->setText(shown(summaryOf(result)));
+    line->setToolTip(line->text());  // it may be longer than the row
+}
+
 void PanelWindow::enlargeHeadings() {
     for (QLabel* const label : findChildren<QLabel*>()) {
         if (!label->property("heading").toBool()) continue;

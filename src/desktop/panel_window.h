@@ -6,6 +6,7 @@
 #include "desktop/binder.h"
 #include "desktop/dialogs.h"
 #include "shared/panel.h"
+#include "shared/run_result.h"
 
 namespace tul::desktop {
 
@@ -24,6 +25,8 @@ class PanelWindow : public QMainWindow {
     void showInPlace(const QWidget* before);
     /// Shows the window again, even when it was minimized at some time before.
     void bringBack();
+    /// Tells beside the run button what became of a run, until the next one.
+    void showResult(const RunResult& result);
     /// Moves the window where a command has put the panel.
     void followPlace();
 

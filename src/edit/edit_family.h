@@ -54,6 +54,7 @@ struct Family {
     bool (*isChosen)() = nullptr;
     /// False, and told why, when a run with these options makes no sense.
     bool (*mayRun)() = nullptr;
+    /// Null for a family that has buttons only.
     std::unique_ptr<FamilyRun> (*begin)();
 };
 

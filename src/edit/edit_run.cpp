@@ -64,7 +64,7 @@ bool hasButtonsOnly(int tab) { return tab == tabFont || tab == tabSpecial; }
 bool findChosen(int tab, std::vector<const Family*>& chosen) {
     bool hasFamilies = false;
     for (const Family* family : families()) {
-        if (family->tab != tab) continue;
+        if (family->tab != tab || !family->begin) continue;
         hasFamilies = true;
         if (!family->isChosen || family->isChosen()) chosen.push_back(family);
     }
@@ -92,25 +92,28 @@ void resetEdit() {
     for (const Family* family : families()) family->reset();
 }
 
-RunResult runFamilies(const std::string& title, FamilyRuns families) {
+void runFamilies(const std::string& title, FamilyRuns families) {
     ReadNamesFile();
     EditRun run(title, std::move(families));
-    return runOverPages(editing.view,
-                        {.tool = toolName,
-                         .pages = selectedPages(),
-                         .report = "TULEDIT.PRN",
-                         .tellNoReport = [](const std::string& path,
-                                            FileError) { endWith("Failed to open " + path + " for output"); },
-                         .changesPages = true,
-                         .backup = editing.chkEditBackup,
-                         .idleStatus = Edit().view.status},
-                        run);
+    runOverPages(editing.view,
+                 {.tool = toolName,
+                  .pages = selectedPages(),
+                  .report = "TULEDIT.PRN",
+                  .tellNoReport = [](const std::string& path,
+                                     FileError) { endWith("Failed to open " + path + " for output"); },
+                  .changesPages = true,
+                  .backup = editing.chkEditBackup,
+                  .idleStatus = idleStatus},
+                 run);
 }
 
 void cmdEditRun() {
     std::vector<const Family*> chosen;
-    if (editing.tabEdit == tabStems || !findChosen(editing.tabEdit, chosen) || !mayRun(chosen))
-        return noteRefusedRun(toolName);
+    const std::size_t before = runResults.size();
+    if (editing.tabEdit == tabStems || !findChosen(editing.tabEdit, chosen) || !mayRun(chosen)) {
+        if (runResults.size() == before) noteRefusedRun(toolName);  // without a word
+        return;
+    }
     const WaitingPointer pointer;
     FamilyRuns runs;
     for (const Family* family : chosen) runs.push_back(family->begin());
@@ -130,7 +133,7 @@ bool isConfirmed(const std::string& question) {
 std::string itemNumberLine(int item) { return "Item number:" + str(item) + std::string(CrLf); }
 
 bool refuse(const std::string& text) {
-    MsgBox(text, Buttons::ok, Icon::information);
+    refuseRun(toolName, text);
     return false;
 }
 

@@ -14,11 +14,14 @@
 /// The run of the general edit tool over the selected music files, and its report TULEDIT.PRN.
 namespace tul::edit {
 
+/// Stands in the file's place between runs.
+inline constexpr const char* idleStatus = "File being processed";
+
 /// What the panel `frmEdit` asks for and shows, but for the fields of the families.
 struct Edit {
     int tabEdit = tabClef;
     bool chkEditBackup = true;  // otherwise only files that were changed are written
-    RunView view{.status = "File being processed"};
+    RunView view{.status = idleStatus};
 };
 extern Edit editing;
 
@@ -31,7 +34,7 @@ void cmdEditRun();
 using FamilyRuns = std::vector<std::unique_ptr<FamilyRun>>;
 /// Reads the selection anew, takes each file through reading, the families' changes and writing, writes the
 /// report, which begins with `title`, shows it and deletes it.
-RunResult runFamilies(const std::string& title, FamilyRuns families);
+void runFamilies(const std::string& title, FamilyRuns families);
 
 /// True when the user has ended the run at the current file, which is then not written.
 inline bool isCancelled() { return editing.view.control.isAbandoned(); }
@@ -50,7 +53,7 @@ bool isConfirmed(const std::string& question);
 /// The line of a question that names the item; they count from 1.
 std::string itemNumberLine(int item);
 
-/// Tells that the options do not fit. Always false.
+/// Tells that the options do not fit, so that the run does not begin. Always false.
 bool refuse(const std::string& text);
 
 /// Visits the items of the table from the first to the last, as long as the run is not cancelled. What is

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "edit/edit_run.h"
 #include "edit/text_search.h"
+#include "host/interrupt.h"
 #include "music/items.h"
 
 namespace tul::edit {
@@ -26,7 +27,7 @@ class FontsRun : public FamilyRun {
     void setFont(std::string& text, std::size_t place);
     void modifyFonts(int item, ItemRow& row);
     void modifyText(int item, ItemRow& row);
-    void agreeToDeletion();
+    bool isDeletionAgreed();
     void deleteText(int item, ItemRow& row);
     void modifyNumber(int item, Parameters& pars);
 
@@ -77,18 +78,21 @@ void FontsRun::modifyText(int item, ItemRow& row) {
 
 // --- Deletion
 
-void FontsRun::agreeToDeletion() {
-    if (textFonts.txtDelModFilter.empty() || deletionAgreed_) return;
+/// An interrupt at the question stops the run; it is no refusal by which the program ends.
+bool FontsRun::isDeletionAgreed() {
+    if (textFonts.txtDelModFilter.empty() || deletionAgreed_) return true;
     const Answer answer = MsgBox("Delete all the items with text '" + textFonts.txtDelModFilter + "'?" +
                                      newLine + "Answering NO will terminate the session.",
                                  Buttons::yesNo, Icon::question);
-    if (answer != Answer::yes) endWith("TUL needs to close after selecting NO to this prompt.");
-    deletionAgreed_ = true;
+    deletionAgreed_ = answer == Answer::yes;
+    if (!deletionAgreed_ && !isInterrupted())
+        endWith("TUL needs to close after selecting NO to this prompt.");
+    if (!deletionAgreed_) editing.view.control.abandon();
+    return deletionAgreed_;
 }
 
 void FontsRun::deleteText(int item, ItemRow& row) {
-    agreeToDeletion();
-    if (!hasFont(row.text, textFonts.txtEditFontInput)) return;
+    if (!isDeletionAgreed() || !hasFont(row.text, textFonts.txtEditFontInput)) return;
     if (textSearch.chkEditVerify &&
         !isConfirmed("Found text item with leading font: " + textFonts.txtEditFontInput + newLine +
                      "text item: " + row.text + newLine + inFile() +

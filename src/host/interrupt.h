@@ -3,8 +3,8 @@
 namespace tul {
 
 /// From now on the user's interrupt (Ctrl-C, the end of a terminal or session, a kill by its usual signal,
-/// the closing of a Windows console) is a request that a run looks at between pages. A second one ends the
-/// process at once; a page is never in pieces then either.
+/// the closing of a Windows console) is a request that a run looks at between pages. A second one,
+/// some time after the first, ends the process at once; a page is never in pieces then either.
 void watchForInterrupts();
 
 /// True once the user has interrupted the process.
@@ -12,6 +12,9 @@ void watchForInterrupts();
 
 /// What an interrupt does; false takes it back.
 void setInterrupted(bool interrupted);
+
+/// Milliseconds within which a second interrupt counts as the first.
+inline constexpr int interruptPause = 500;
 
 /// The exit status of an interrupted process: that of a shell's.
 inline constexpr int interruptedStatus = 130;

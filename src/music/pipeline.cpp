@@ -46,7 +46,8 @@ bool hasLengthOfItsCount() {
 /// Appends the next item to the table. False at the end of the items, or where the structure breaks off.
 bool storeNextItem(const ToolForm& form) {
     MusNextItem();
-    if (musReader.MusReadState == musEndOfItems) pipeline.page.isWhole = hasLengthOfItsCount();
+    if (musReader.MusReadState == musEndOfItems)
+        pipeline.page.reading = hasLengthOfItsCount() ? Reading::whole : Reading::broken;
     if (musReader.MusReadState == musStructuralError && form.loop == ItemLoop::common) tellStructuralError();
     if (musReader.MusReadState != musItemReady) return false;
     if (form.showsProgress) showReading();
@@ -60,7 +61,7 @@ bool storeNextItemAsRead() {
     if (musReader.MusWordIndex > musReader.MusWordCount) return false;
     if (atTrailer() || atShortTrailer()) {
         MusReadTrailer();
-        pipeline.page.isWhole = hasLengthOfItsCount();
+        pipeline.page.reading = hasLengthOfItsCount() ? Reading::whole : Reading::broken;
         return false;
     }
     if (!MusReadHead()) return false;
@@ -138,7 +139,7 @@ void showReading() {
 
 void storeFile(const ToolForm& form) {
     PageResult& page = pipeline.page;
-    page.isWhole = false;
+    page.reading = Reading::broken;
     if (pipeline.backup && form.takesBackup) {
         if (form.showsProgress && pipeline.view) pipeline.view->activity = "Backing up";
         yieldToEvents();
@@ -148,6 +149,7 @@ void storeFile(const ToolForm& form) {
     musItemTable.itemCount = 0;
     pipeline.pageAsRead = files().info(page.path);
     MusOpen(page.path, musReader.MusWordCount);
+    if (!musReader.isOpen) page.reason = "could not be read";
     if (form.loop == ItemLoop::own) {
         while (storeNextItemAsRead()) {
         }

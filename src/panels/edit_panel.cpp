@@ -1,8 +1,8 @@
 #include "panels/edit_panel.h"
 
-#include <iterator>
 #include <utility>
 
+#include "base/append.h"
 #include "base/numbers.h"
 #include "centre/installation.h"
 #include "centre/launching.h"
@@ -29,14 +29,10 @@ void showSelection() {
                                                        str(selection.SelectionCount) + " filenames";
 }
 
-template <class Entry>
-void append(std::vector<Entry>& all, std::vector<Entry> more) {
-    all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
-}
-
 std::vector<Field> fields() {
     std::vector<Field> all = {
         tabField("tabEdit", editing.tabEdit, edit::tabNames()),
+        checkField("chkEditBackup", editing.chkEditBackup),
         shownField("txtEditFile", editing.view.file),
     };
     for (const edit::Family* family : edit::families()) append(all, family->fields());
@@ -74,12 +70,10 @@ Panel describeEditPanel() {
                      .status = "lblEditStatus",
                      .activity = "lblEditAct",
                      .overFiles = "panEditFloodRun",
-                     .inFile = "panEditFlood",
-                     .backup = "chkEditBackup"},
+                     .inFile = "panEditFlood"},
         .selectPrompt = "Select Score music file(s)",
         .view = editing.view,
         .state = state,
-        .backup = &editing.chkEditBackup,
         .run = edit::cmdEditRun,
         .fields = fields(),
         .commands = commands(),

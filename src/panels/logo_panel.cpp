@@ -3,6 +3,7 @@
 #include <array>
 #include <initializer_list>
 
+#include "base/append.h"
 #include "base/text.h"
 #include "centre/backup_restore.h"
 #include "centre/debug_summary.h"
@@ -23,10 +24,6 @@ namespace tul {
 namespace {
 
 using Commands = std::vector<Command>;
-
-void append(Commands& commands, const Commands& more) {
-    commands.insert(commands.end(), more.begin(), more.end());
-}
 
 /// Enabled by what start-up has found for the button.
 Live<bool> asFound(const char* button) {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/append.h"
 #include "edit/resize.h"
 #include "edit/resize_checks.h"
 #include "panels/tool_panel.h"
@@ -135,9 +136,9 @@ std::vector<Field> fields() {
     std::vector<Field> all = {
         tabField("tabResiz", resizing.options.tabResiz,
                  {"notes", "slurs", "staves", "symbols", "numbers", "texts", "placeholders"})};
-    for (const auto& page :
-         {noteAndSlurFields(), staffAndSymbolFields(), numberFields(), textAndPlaceholderFields()})
-        all.insert(all.end(), page.begin(), page.end());
+    for (const auto page : {noteAndSlurFields, staffAndSymbolFields, numberFields, textAndPlaceholderFields})
+        append(all, page());
+    all.push_back(checkField("chkResizBackup", resizing.options.chkResizBackup));
     return all;
 }
 
@@ -156,12 +157,10 @@ Panel describeResizPanel() {
                      .status = "lblResizeStatus",
                      .activity = "lblResizeActivity",
                      .overFiles = "panResizeFloodRun",
-                     .inFile = "panResizeFlood",
-                     .backup = "chkResizBackup"},
+                     .inFile = "panResizeFlood"},
         .selectPrompt = "Select Score music file(s)",
         .view = resizing.view,
         .state = state,
-        .backup = &resizing.options.chkResizBackup,
         .run = resize::cmdResizeRun,
         .fields = fields(),
         .load = resize::fillFromProjectSettings,

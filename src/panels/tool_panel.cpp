@@ -1,8 +1,8 @@
 #include "panels/tool_panel.h"
 
-#include <iterator>
 #include <utility>
 
+#include "base/append.h"
 #include "base/numbers.h"
 #include "centre/names_file.h"
 #include "centre/panel_place.h"
@@ -20,16 +20,10 @@ std::string viewCaption() {
 
 bool isSelected() { return selection.SelectionValid; }
 
-template <class Entry>
-void append(std::vector<Entry>& all, std::vector<Entry> more) {
-    all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
-}
-
 std::vector<Field> commonFields(const ToolPanelSpec& spec) {
     const ToolControls& controls = spec.controls;
     RunView& view = spec.view;
     std::vector<Field> fields;
-    if (controls.backup) fields.push_back(checkField(controls.backup, *spec.backup));
     if (controls.status) fields.push_back(labelField(controls.status, view.status));
     if (controls.file) fields.push_back(labelField(controls.file, view.file));
     if (controls.activity) fields.push_back(labelField(controls.activity, view.activity));

@@ -24,7 +24,6 @@ struct ToolControls {
     const char* activity = nullptr;
     const char* overFiles = nullptr;
     const char* inFile = nullptr;
-    const char* backup = nullptr;
 };
 
 /// What one tool brings.
@@ -35,7 +34,6 @@ struct ToolPanelSpec {
     const char* selectPrompt;  // of the selection program; empty: none
     RunView& view;
     ToolPanelState& state;
-    bool* backup = nullptr;
     void (*run)();
     std::vector<Field> fields = {};
     std::vector<Command> commands = {};

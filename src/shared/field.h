@@ -70,7 +70,7 @@ struct OptionKind {
     PanelAnswer take(const std::string& given, std::vector<Field>& fields) const;
 };
 
-/// One of several by number, from 0, or by name. `Row` is what stands for each.
+/// One of several by number, from 0, or by name.
 struct NumberedChoice {
     int* value;
     std::vector<std::string> names;

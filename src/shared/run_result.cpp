@@ -25,7 +25,7 @@ struct Finding {
 
 constexpr Finding kinds[] = {
     {"Rewritten from an incomplete reading, items may be missing: ",
-     [](const PageResult& page) { return page.isWritten && !page.isWhole; }, true},
+     [](const PageResult& page) { return page.isWritten && !page.isWhole(); }, true},
     {"Rewritten with items that cannot be read again: ",
      [](const PageResult& page) { return !page.isReadable; }},
     {"Rewritten without a backup: ",
@@ -33,8 +33,8 @@ constexpr Finding kinds[] = {
     {"The edit broke off at an item, and left the rest as it was: ",
      [](const PageResult& page) { return page.isHalfChanged; }},
     {"Not read whole, and left as they are: ",
-     [](const PageResult& page) { return page.isDone && !page.isWritten && !page.isWhole; }, true},
-    {"Not done: ", [](const PageResult& page) { return !page.reason.empty(); }},
+     [](const PageResult& page) { return page.isDone && !page.isWritten && !page.isWhole(); }, true},
+    {"Not done: ", [](const PageResult& page) { return !page.isDone && !page.reason.empty(); }},
 };
 
 void append(std::string& line, const std::string& path, const std::string& reason) {
@@ -66,11 +66,11 @@ ExitStatus RunResult::exitStatus() const {
     const auto meet = [&status](bool holds, ExitStatus other) {
         if (holds) status = graver(status, other);
     };
-    meet(end == RunEnd::refused || pages.empty(), ExitStatus::refused);
+    meet(end == RunEnd::refused, ExitStatus::refused);
     meet(end == RunEnd::broken, ExitStatus::fatal);
     meet(end == RunEnd::stopped, ExitStatus::stopped);
     for (const PageResult& page : pages) {
-        meet(!page.isWhole, ExitStatus::damaged);
+        meet(page.reading == Reading::broken, ExitStatus::damaged);
         meet(!isInOrder(page), ExitStatus::notAllDone);
     }
     return status;
@@ -90,6 +90,22 @@ std::vector<std::string> findingsOf(const RunResult& result) {
     if (!twice.empty()) lines.push_back("Named more than once, done once: " + twice);
     if (result.end == RunEnd::stopped) lines.push_back(stopLine(result));
     return lines;
+}
+
+std::string summaryOf(const RunResult& result) {
+    if (result.end == RunEnd::refused) return {};
+    const auto count = [&result](bool (*holds)(const PageResult&)) {
+        return std::count_if(result.pages.begin(), result.pages.end(), holds);
+    };
+    std::string text = plain(result.pages.size()) + (result.pages.size() == 1 ? " file" : " files");
+    const auto tell = [&text](std::ptrdiff_t pages, const char* what) {
+        if (pages > 0) text += ", " + plain(static_cast<std::int64_t>(pages)) + what;
+    };
+    tell(count([](const PageResult& page) { return page.isWritten; }), " written");
+    tell(count([](const PageResult& page) { return page.reading == Reading::broken; }), " damaged");
+    tell(count([](const PageResult& page) { return !page.isDone; }), " not done");
+    tell(count([](const PageResult& page) { return page.lacksBackup; }), " without a backup");
+    return text + ".";
 }
 
 }  // namespace tul

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSlider>
 #include <QTabBar>
 #include <QTabWidget>
 #include <map>
@@ -49,6 +50,24 @@ TEST(Forms, OfAnotherPanelAreSeen) {
     Panel edit = findPanel("frmEdit")->make();
     std::erase_if(edit.fields, [](const Field& field) { return field.name == "lstr1"; });
     EXPECT_EQ(mismatchesOf(std::move(edit)).join("\n").toStdString(), "the panel has no lstr1");
+}
+
+TEST(Forms, TellOfEachKindOfFieldThatItsControlCannotShow) {
+    bool flag = false;
+    int number = 0;
+    std::string text;
+    ListBox list;
+    Progress progress;
+    for (const Field& field :
+         {textField("x", text, ""), labelField("x", text), checkField("x", flag),
+          optionField("fraX", "x", flag), tabField("x", number, {"one"}), rowField("x", number, {"one"}),
+          listField("x", list), progressField("x", progress)}) {
+        QWidget form;
+        (new QSlider(&form))->setObjectName("x");
+        Panel panel;
+        panel.fields = {field};
+        EXPECT_EQ(Binder(form, panel, noAct).mismatches().size(), 1) << field.kindName();
+    }
 }
 
 /// Letters that are reached with Alt while `page` of the tabs is in front, each with those who claim it.

@@ -9,7 +9,10 @@ namespace {
 /// The system ends the process when this has returned from a closing: it waits for the page in work until the
 /// system's patience is over.
 BOOL WINAPI takeInterrupt(DWORD event) {
-    if (isInterrupted()) ::ExitProcess(interruptedStatus);
+    static ULONGLONG first = 0;
+    const ULONGLONG now = ::GetTickCount64();
+    if (!isInterrupted()) first = now;
+    if (now - first > interruptPause) ::ExitProcess(interruptedStatus);
     setInterrupted(true);
     if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) ::Sleep(INFINITE);
     return TRUE;

@@ -202,15 +202,6 @@ TEST(Numbers, RoundingGoesToEvenBeforeTheRangeIsChecked) {
     EXPECT_EQ(wrap16(-32769), 32767);
 }
 
-TEST(Numbers, IntegerPartGoesTowardMinusInfinity) {
-    EXPECT_EQ(integerPart(-2.5F), -3.0F);
-    EXPECT_EQ(integerPart(2.9F), 2.0F);
-    EXPECT_TRUE(isInteger(-3.0F));
-    EXPECT_TRUE(isInteger(static_cast<float>(Infinity)));
-    EXPECT_FALSE(isInteger(SmallestFloat));
-    EXPECT_FALSE(isInteger(static_cast<float>(NotANumber)));
-}
-
 TEST(Numbers, TheProcessLocaleHasNoSay) {
     struct CommaAndGroups : std::numpunct<char> {
         char do_decimal_point() const override { return ','; }

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "base/date_time.h"
-
 namespace tul {
 namespace {
 
@@ -28,24 +26,6 @@ TEST(Text, TrimmingTakesBlanksOnly) {
     EXPECT_EQ(trim(""), "");
 }
 
-TEST(Text, PaddingNeverCuts) {
-    EXPECT_EQ(padRight("File", 6), "File  ");
-    EXPECT_EQ(padRight("----", 6, '-'), "------");
-    EXPECT_EQ(padRight("longer", 3), "longer");
-}
-
-TEST(Text, SplittingStopsAtTheFirstSeparator) {
-    const SplitText split = splitAtFirst("KEY=a=b", '=');
-    EXPECT_EQ(split.before, "KEY");
-    EXPECT_EQ(split.behind, "a=b");
-    EXPECT_TRUE(split.found);
-    EXPECT_TRUE(splitAtFirst("KEY=", '=').found);
-    const SplitText whole = splitAtFirst("KEY", '=');
-    EXPECT_EQ(whole.before, "KEY");
-    EXPECT_EQ(whole.behind, "");
-    EXPECT_FALSE(whole.found);
-}
-
 TEST(Text, LinesEndAtEveryKindOfLineEnd) {
     using namespace std::string_view_literals;
     EXPECT_EQ(linesOf(""), Lines());
@@ -55,14 +35,6 @@ TEST(Text, LinesEndAtEveryKindOfLineEnd) {
     EXPECT_EQ(linesOf("a\r\nb\rc\nd\r"), Lines({"a", "b", "c", "d"}));
     EXPECT_EQ(linesOf("\r\r\n\n\r"), Lines({"", "", "", ""}));
     EXPECT_EQ(linesOf("a\0b\nc\x1A"sv), Lines({"a\0b"sv, "c\x1A"}));
-}
-
-TEST(Text, PathsAreTakenApartAtTheLastBackslash) {
-    EXPECT_EQ(folderOf("Z:\\a\\b.mus"), "Z:\\a\\");
-    EXPECT_EQ(fileNameOf("Z:\\a\\b.mus"), "b.mus");
-    EXPECT_EQ(folderOf("b.mus"), "");
-    EXPECT_EQ(fileNameOf("b.mus"), "b.mus");
-    EXPECT_EQ(fileNameOf("Z:\\a\\"), "");
 }
 
 TEST(Text, ValidUtf8StaysAsItIs) {
@@ -98,13 +70,6 @@ TEST(Text, AnythingElseIsTakenAsWindows1252) {
         EXPECT_NE(toUtf8(text), text);
         EXPECT_EQ(toUtf8(toUtf8(text)), toUtf8(text));
     }
-}
-
-TEST(DateTime, DatesAndTimesHaveFixedWidths) {
-    const DateTime moment{2007, 3, 9, 4, 5, 6};
-    EXPECT_EQ(dateText(moment), "03-09-2007");
-    EXPECT_EQ(timeText(moment), "04:05:06");
-    EXPECT_EQ(stampText(moment), "03-09-2007 04:05:06");
 }
 
 }  // namespace

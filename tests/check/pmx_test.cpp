@@ -245,14 +245,6 @@ TEST_F(Exporting, EndsTheRunWhereItCannotWrite) {
                     .ends_with(" B.PMX       \r\nNot done: B.MUS (B.PMX could not be written)\r\n"))
         << "the report so far stays";
     EXPECT_FALSE(pmxRun.view.control.isBusy());
-
-    host.faultyFiles().refusals["TULPMX.PRN"] = FileError::permissionDenied;
-    host.remove("A.PMX");
-    run({"A.MUS"});
-    EXPECT_EQ(host.messages,
-              Texts{"Open error in FRMPMX.FRM " + host.path("TULPMX.PRN") + ", Error code= 70"});
-    EXPECT_FALSE(host.exists("A.PMX"));
-    EXPECT_EQ(pmxRun.view.control.caption(), "Return");
 }
 
 TEST_F(Exporting, StopsWhenItIsCancelled) {

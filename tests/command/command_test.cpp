@@ -142,15 +142,6 @@ TEST_F(Tulcmd, RefusesNamesThatDifferInLetterCaseOnly) {
     EXPECT_FALSE(host.exists("NAMES.TUL"));
 }
 
-TEST_F(Tulcmd, EndsWithOneAtAFatalMessage) {
-    host.remove("TULOLE.EXE");
-    const Outcome outcome = run({"valid", page("good.mus")});
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(
-        outcome.err,
-        "message: Module TULOLE.EXE not properly installed\n\nmessage: Number of installation issues: 1\n\n");
-}
-
 TEST_F(Tulcmd, NamesThePageWhereARunEnded) {
     host.write("b.mus", host.read("good.mus"));
     host.faultyFiles().refusals["B.MUS"] = FileError::permissionDenied;

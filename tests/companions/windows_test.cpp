@@ -159,24 +159,6 @@ TEST_F(ChoosingWindow, StaysOpenForNamesThatDifferInLetterCaseOnly) {
     EXPECT_TRUE(text(window, "lblNamesNotice").contains("differ in letter case only"));
 }
 
-TEST_F(ChoosingWindow, ShowsAPartOfTheNames) {
-    constexpr int count = 1000;
-    std::string names;
-    for (int page = 0; page < count; ++page) {
-        const std::string name = "P" + std::to_string(page) + ".MUS";
-        host.write("music/" + name, "");
-        names += music + "\\" + name + " 1\r\n";
-    }
-    host.write("NAMES.TUL", names);
-    NamesWindow window(request());
-    window.show();
-    QApplication::processEvents();
-    press(window, "cmdNamesAll");
-    child<QLineEdit>(window, "txtNamesPart").setText("P99");
-    EXPECT_EQ(text(window, "lblNamesCount").toStdString(),
-              "11 of 11 files chosen; not shown and not taken: 993");
-}
-
 TEST_F(ChoosingWindow, ChoosesTheFolderThatStandsInItsField) {
     for (const char* name : {"music/deep", "more2", "more10"})
         std::filesystem::create_directory(host.nativeFolder() / name);

@@ -193,16 +193,6 @@ TEST_F(EditRun, ADamagedFileIsRewrittenOnlyWithAChange) {
     EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00ayde ", 7)));
 }
 
-TEST_F(EditRun, AReportThatCannotBeOpenedEndsTheProgram) {
-    const std::string page = pageOf(staff);
-    select({{"a.mus", page}});
-    host.faultyFiles().refusals["TULEDIT.PRN"] = FileError::permissionDenied;
-    editing.tabEdit = tabFont;
-    EXPECT_EQ(endOf([&] { cmdEditRun(); }), 1);
-    EXPECT_EQ(host.messages, Texts{"Failed to open " + host.path("TULEDIT.PRN") + " for output"});
-    EXPECT_FALSE(host.exists("A.BKU"));
-}
-
 TEST_F(EditRun, TheProfileKeepsTheBracketSettings) {
     loadTulEditProfile();
     EXPECT_EQ(host.read("TULEDIT.PRO"),

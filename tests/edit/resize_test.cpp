@@ -51,52 +51,52 @@ const std::string staff = words({6, 8, 1, 0, 0, 1, 200});
 const std::string smallStaff = words({6, 8, 1, 0, 0, 0.65F, 200});
 
 TEST_F(Resizing, RefusesOptionsThatWouldChangeNothing) {
+    using O = ResizeOptions;
     host.write("A.MUS", pageOf(staff));
-    const auto refused = [this] {
-        run({"A.MUS"});
-        EXPECT_EQ(host.shown.empty(), !host.messages.empty());
-        return host.messages.empty() ? std::string() : host.messages[0];
-    };
-    options.tabResiz = tabNotes;
-    EXPECT_EQ(refused(), "No use running Note resize when no notes selected.");
-    options.chkResizeWhiteDiamond = true;
-    EXPECT_EQ(refused(), "");
-
-    options.tabResiz = tabNumbers;
-    options.txtResizePageNumberSize = "1.1009";
-    options.txtResizePageNumberFont = "0";
-    EXPECT_EQ(refused(), "No use running Page number resize when global settings equal to new." + marginLine);
-    options.txtResizePageNumberSize = "1.1012";
-    EXPECT_EQ(refused(), "");
-    options.txtResizePageNumberSize = "1.1";
-    options.txtResizePageNumberFont = "2";
-    EXPECT_EQ(refused(), "");
-    options.optResizePageNumber = false;
-    options.optResizeBarNumber = true;
-    options.txtResizeBarNumberSize = "1";
-    options.txtResizeBarNumberFont = "1";
-    EXPECT_EQ(refused(), "No use running Bar number resize when global settings equal to new." + marginLine)
-        << "01 is the same font";
-
-    options.tabResiz = tabTexts;
-    options.txtResizeLyrics = "1.2";
-    EXPECT_EQ(refused(), "No use running Lyrics resize when current and new size are equal." + marginLine);
-    options.optResizeLyrics = false;
-    options.optTextResizeTextSize = true;
-    options.txtResizeTextNew = "2";
-    const std::string textRefusal =
+    const std::string page =
+        "No use running Page number resize when global settings equal to new." + marginLine;
+    const std::string bar =
+        "No use running Bar number resize when global settings equal to new." + marginLine;
+    const std::string lyrics =
+        "No use running Lyrics resize when current and new size are equal." + marginLine;
+    const std::string text =
         "No use running Text resize if no string given or when current and new size are equal." + marginLine;
-    EXPECT_EQ(refused(), textRefusal);
-    options.txtResizeTextResize = "_00";
-    EXPECT_EQ(refused(), "");
-    options.txtResizeTextNew = "1.0005";
-    EXPECT_EQ(refused(), textRefusal);
-
-    options.tabResiz = tabPlaceholders;
-    options.chkPlaceholderSet = options.chkPlaceholderReset = true;
-    EXPECT_EQ(refused(), "The placeholder options are mutually exclusive");
-    options.tabResiz = tabSymbols;
-    EXPECT_EQ(refused(), "") << "only the tab in front is checked";
+    // Each row goes on from the one before.
+    for (const auto& [change, refusal] : std::vector<std::pair<void (*)(O&), std::string>>{
+             {[](O& o) { o.tabResiz = tabNotes; }, "No use running Note resize when no notes selected."},
+             {[](O& o) { o.chkResizeWhiteDiamond = true; }, ""},
+             {[](O& o) {
+                  o.tabResiz = tabNumbers;
+                  o.txtResizePageNumberSize = "1.1009";
+                  o.txtResizePageNumberFont = "0";
+              },
+              page},
+             {[](O& o) { o.txtResizePageNumberSize = "1.1012"; }, ""},
+             {[](O& o) { o.txtResizePageNumberSize = "1.1", o.txtResizePageNumberFont = "2"; }, ""},
+             {[](O& o) {
+                  o.optResizePageNumber = !(o.optResizeBarNumber = true);
+                  o.txtResizeBarNumberSize = o.txtResizeBarNumberFont = "1";  // 01 is the same font
+              },
+              bar},
+             {[](O& o) { o.tabResiz = tabTexts, o.txtResizeLyrics = "1.2"; }, lyrics},
+             {[](O& o) {
+                  o.optResizeLyrics = !(o.optTextResizeTextSize = true);
+                  o.txtResizeTextNew = "2";
+              },
+              text},
+             {[](O& o) { o.txtResizeTextResize = "_00"; }, ""},
+             {[](O& o) { o.txtResizeTextNew = "1.0005"; }, text},
+             {[](O& o) {
+                  o.tabResiz = tabPlaceholders;
+                  o.chkPlaceholderSet = o.chkPlaceholderReset = true;
+              },
+              "The placeholder options are mutually exclusive"},
+             {[](O& o) { o.tabResiz = tabSymbols; }, ""}}) {  // only the tab in front is checked
+        change(options);
+        run({"A.MUS"});
+        EXPECT_EQ(host.messages, refusal.empty() ? Texts() : Texts{refusal});
+        EXPECT_EQ(host.shown.empty(), !refusal.empty());
+    }
 }
 
 TEST_F(Resizing, ReplacesTheFilesAndReports) {
@@ -181,15 +181,6 @@ TEST_F(Resizing, GoesOnBehindDamageAndTellsWhichFilesToLookAt) {
     run({"D.MUS"});
     EXPECT_EQ(host.read("D.MUS"), nothing) << "without an item it is left alone";
     EXPECT_FALSE(host.exists("D.BKU"));
-}
-
-TEST_F(Resizing, EndsTheProgramAtAReportThatCannotBeWritten) {
-    options.tabResiz = tabStaves;
-    host.write("A.MUS", pageOf(staff));
-    host.faultyFiles().refusals["TULWORK.PRN"] = FileError::permissionDenied;
-    EXPECT_EQ(endOf([this] { run({"A.MUS"}); }), 1);
-    EXPECT_EQ(host.messages, Texts{"Failed to open " + host.path("TULWORK.PRN") + " for output"});
-    EXPECT_EQ(host.read("A.MUS"), pageOf(staff));
 }
 
 }  // namespace

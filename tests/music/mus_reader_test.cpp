@@ -180,20 +180,5 @@ TEST_F(MusReading, FindsTheFileListByItsExactName) {
     EXPECT_EQ(musReader.MusBytePos, 3) << "in lower case it is a page like any other";
 }
 
-TEST_F(MusReading, LeavesEverythingAsItIsOnceTheFileIsClosed) {
-    open(pageOf(words({2, 14, 1})));
-    MusReadWord();
-    MusReadChars();
-    MusClose();
-    const std::int32_t position = musReader.MusBytePos;
-    MusReadWord();
-    EXPECT_EQ(musItem.MusWord, 2.0F);
-    EXPECT_EQ(musReader.MusWordIndex, 3);
-    MusReadByte();
-    MusReadTrailer();
-    EXPECT_EQ(musReader.MusBytePos, position);
-    EXPECT_EQ(musReader.MusUnitText, "(Metric)") << "from the stale word";
-}
-
 }  // namespace
 }  // namespace tul

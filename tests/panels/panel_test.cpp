@@ -93,6 +93,23 @@ TEST(PanelList, NamesEveryControlOnce) {
     }
 }
 
+/// Where the value of a field lies.
+const void* placeOf(const Field& field) {
+    return std::visit([](const auto& kind) { return static_cast<const void*>(kind.value); }, field.kind);
+}
+
+TEST(PanelList, GivesEachFieldAValueOfItsOwn) {
+    ScriptedHost host;
+    std::map<const void*, std::string> owners;
+    for (const PanelEntry& entry : panelList()) {
+        const Panel panel = entry.describe();
+        for (const Field& field : panel.fields) {
+            const auto [owner, isNew] = owners.emplace(placeOf(field), field.name);
+            EXPECT_TRUE(isNew) << field.name << " and " << owner->second;
+        }
+    }
+}
+
 /// What the records of all panels hold, looked at through their fields.
 std::map<std::string, std::string> fieldsOfAllPanels() {
     std::map<std::string, std::string> texts;

@@ -120,6 +120,44 @@ TEST_F(ToolRuns, AFaultOfTheDiskLeavesPagesOldOrNewAndIsTold) {
             }
 }
 
+TEST_F(ToolRuns, NothingBeginsWithoutAReport) {
+    for (const auto& [number, report, told] : std::vector<std::tuple<std::size_t, const char*, std::string>>{
+             {0, "TULVALID.PRN", "File ? could not be opened for output. Hit OK to abort."},
+             {1, "TULPMX.PRN", "Open error in FRMPMX.FRM ?, Error code= 70"},
+             {2, "TULWORK.PRN", "Failed to open ? for output"},
+             {3, "TULEDIT.PRN", "Failed to open ? for output"}}) {
+        begin(tools[number]);
+        host.faultyFiles().refusals = {{report, FileError::permissionDenied}};
+        const std::optional<int> end = endOf([this] { run(); });
+        host.faultyFiles().refusals.clear();
+        EXPECT_EQ(end.has_value(), number != 1) << "one of them tells it and goes on";
+        std::string message = told;
+        EXPECT_EQ(host.messages, Texts{message.replace(told.find('?'), 1, host.path(report))});
+        EXPECT_EQ(host.read("a.mus"), oldPage);
+        EXPECT_FALSE(host.exists("A.BKU") || host.exists("A.PMX"));
+        expectIdle();
+    }
+}
+
+TEST_F(ToolRuns, ShowWhatTheyDoAndTakeNothingMeanwhile) {
+    for (const Tool& chosen : tools) {
+        begin(chosen);
+        int progress = 0;
+        host.onYield = [&] {
+            for (const Field& field : panel.fields)
+                EXPECT_TRUE(field.isReadOnly() || !panel.isEnabled(field)) << field.name;
+            for (const Command& command : panel.commands)
+                EXPECT_EQ(panel.isEnabled(command), command.name == tool.buttons + "Return") << command.name;
+            EXPECT_EQ(panel.command(tool.buttons + "Return")->caption(), "Cancel");
+            EXPECT_TRUE(runView().overFiles.visible && runView().file == pipeline.page.path);
+            progress += runView().inFile.visible && runView().inFile.percent > 0;
+        };
+        run();
+        EXPECT_GT(progress, 0) << chosen.panel;
+        expectIdle();
+    }
+}
+
 TEST_F(ToolRuns, AFaultOfTheProgramBreaksTheRunAndNotThePanel) {
     for (const Tool& chosen : tools) {
         begin(chosen);

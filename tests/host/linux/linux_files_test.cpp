@@ -195,26 +195,6 @@ TEST_F(LinuxFilesTest, OnlyFilesAreReadAndNothingIsWaitedFor) {
     }
 }
 
-TEST_F(LinuxFilesTest, AFileThatGrowsAndShrinksMeanwhileGivesNothingButItsOwnBytes) {
-    folder.put("a", "");
-    std::atomic<bool> done = false;
-    std::thread writer([&] {
-        const std::string chunk(50000, 'x');
-        const Descriptor file(::open(folder.native("a").c_str(), O_WRONLY | O_APPEND));
-        for (int turn = 0; !done; ++turn) {
-            if (::write(file.number(), chunk.data(), chunk.size()) < 0) break;
-            if (turn % 5 == 0 && ::ftruncate(file.number(), 0) != 0) break;
-        }
-    });
-    for (int turn = 0; turn < 500; ++turn) {
-        std::string bytes(300000, 'o');
-        EXPECT_EQ(files.read(path("a"), bytes, std::string::npos), FileError::none);
-        ASSERT_EQ(bytes.find_first_not_of('x'), std::string::npos);
-    }
-    done = true;
-    writer.join();
-}
-
 TEST_F(LinuxFilesTest, AReplacedFileKeepsItsNameItsRightsAndItsLink) {
     folder.put("page.mus", "old", 0640);
     const bool administrator = ::geteuid() == 0;
@@ -278,28 +258,6 @@ TEST_F(LinuxFilesTest, AFullDiskIsToldAndLeavesTheOldFileAndNoRemnant) {
     EXPECT_EQ(inAnotherProcess(copyWithLimit), static_cast<int>(FileError::diskFull));
     EXPECT_EQ(folder.get("a.mus"), "old");
     EXPECT_EQ(folder.names(), (Names{"a.mus", "big.mus"}));
-}
-
-TEST_F(LinuxFilesTest, AKilledRunLeavesAWholeFileAndTheNextWritingClearsTheRemnant) {
-    constexpr std::size_t length = 64'000'000;
-    folder.put("a.mus", "old");
-    Names remnant;
-    while (remnant.size() < 2) {
-        const pid_t writer =
-            startProcess([&] { return files.replace(path("a.mus"), std::string(length, 'n')); });
-        int status = 0;
-        while (folder.names().size() < 2 && ::waitpid(writer, &status, WNOHANG) == 0) continue;
-        ::kill(writer, SIGKILL);
-        ::waitpid(writer, &status, 0);
-        remnant = folder.names();
-        const std::string whole = folder.get("a.mus");
-        ASSERT_TRUE(whole == "old" || whole == std::string(length, 'n'));
-    }
-    remnant.erase("a.mus");
-    EXPECT_FALSE(remnant.begin()->ends_with(".mus"));
-    EXPECT_EQ(files.replace(path("A.MUS"), "new"), FileError::none);
-    EXPECT_EQ(folder.names(), Names{"a.mus"});
-    EXPECT_EQ(folder.get("a.mus"), "new");
 }
 
 TEST_F(LinuxFilesTest, TwoProgramsThatWriteTheSameFileNeverMixTheirContents) {

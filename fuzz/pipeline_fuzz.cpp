@@ -36,7 +36,7 @@ void rewrite(fuzz::MemoryHost& host, const std::string& path, const ToolForm& fo
     const std::string before = host.contents[path];
     pipeline.page = {.path = path};
     PageResult& page = pipeline.page;
-    if (!attempt([&] { storeFile(form); })) require(!page.isWhole);
+    if (!attempt([&] { storeFile(form); })) require(!page.isWhole());
     writeFile(form);
     std::vector<ItemRow> rows;
     for (int item = 1; item <= musItemTable.itemCount; ++item) rows.push_back(musItemTable[item]);
@@ -45,7 +45,7 @@ void rewrite(fuzz::MemoryHost& host, const std::string& path, const ToolForm& fo
     require(host.contents[path].size() <= mostPageBytes || !page.isReadable);
     if (!page.isReadable) return;
     const std::string once = host.contents[path];
-    require(attempt([&] { storeFile(form); }) && page.isWhole);
+    require(attempt([&] { storeFile(form); }) && page.isWhole());
     require(static_cast<std::size_t>(musItemTable.itemCount) == rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) requireSame(rows[i], musItemTable[static_cast<int>(i) + 1]);
     writeFile(form);

@@ -33,7 +33,8 @@ class Validating : public HostTest {
     /// Of the last run.
     static std::ptrdiff_t damagedPages() {
         const std::vector<PageResult>& pages = runResults.back().pages;
-        return std::count_if(pages.begin(), pages.end(), [](const auto& page) { return !page.isWhole; });
+        return std::count_if(pages.begin(), pages.end(),
+                             [](const auto& page) { return page.reading == Reading::broken; });
     }
     std::string file() const { return upper("PAGE.MUS"); }
     std::string structure(const std::string& failure, int item) const {

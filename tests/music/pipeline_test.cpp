@@ -143,7 +143,7 @@ TEST_F(PipelineRun, KeepsEveryItemOfAPageAndItsOwnPagesByteForByte) {
     for (const ToolForm& form : {common, own, ownUnsaved}) {
         for (const std::string& bytes : pages) {
             ASSERT_TRUE(store(bytes, form));
-            ASSERT_TRUE(pipeline.page.isWhole);
+            ASSERT_TRUE(pipeline.page.isWhole());
             std::vector<ItemRow> before;
             for (int item = 1; item <= musItemTable.itemCount; ++item) before.push_back(musItemTable[item]);
             writeFile(form);
@@ -165,7 +165,7 @@ TEST_F(PipelineRun, DamageEndsTheReadingButNotTheRun) {
     const std::string damaged = pageOf(staff + barline + words({1, 14, 1}));
     EXPECT_EQ(rewrite(damaged), pageOf(staff + barline));
     EXPECT_EQ(host.messages, Texts{structuralError});
-    EXPECT_TRUE(pipeline.page.isWritten && !pipeline.page.isWhole);
+    EXPECT_TRUE(pipeline.page.isWritten && !pipeline.page.isWhole());
     for (const ToolForm& form : {own, ownUnsaved}) {
         EXPECT_EQ(rewrite(damaged, form), pageOf(staff + barline));
         EXPECT_EQ(rewrite(pageOf(staff + words({13, 15, 1})), form), pageOf(staff));
@@ -182,13 +182,13 @@ TEST_F(PipelineRun, APageOfAnotherLengthThanItSaysIsTold) {
     const std::string lowCount = pageOf(staff + barline + barline + barline, trailer(), -8);
     // The count leads to the end of an item, and the next ones are taken for the trailer.
     EXPECT_EQ(rewrite(lowCount), pageOf(staff + barline, trailer(true)));
-    EXPECT_FALSE(pipeline.page.isWhole);
+    EXPECT_FALSE(pipeline.page.isWhole());
     for (const auto& [page, form] : {std::pair{cutTrailer, common}, {lowCount, own}}) {
         rewrite(page, form);
-        EXPECT_FALSE(pipeline.page.isWhole);
+        EXPECT_FALSE(pipeline.page.isWhole());
     }
     rewrite(pageOf(staff + barline) + "\x1A");
-    EXPECT_TRUE(pipeline.page.isWhole) << "less than a word behind the end is nothing";
+    EXPECT_TRUE(pipeline.page.isWhole()) << "less than a word behind the end is nothing";
     EXPECT_TRUE(host.messages.empty());
 }
 
@@ -198,7 +198,7 @@ TEST_F(PipelineRun, APageWithoutAReadableItemIsLeftAlone) {
     EXPECT_TRUE(host.messages.empty());
     const std::string damaged = pageOf(words({1, 14, 1}) + barline);
     EXPECT_EQ(rewrite(damaged), damaged);
-    EXPECT_FALSE(pipeline.page.isWritten || pipeline.page.isWhole);
+    EXPECT_FALSE(pipeline.page.isWritten || pipeline.page.isWhole());
 }
 
 TEST_F(PipelineRun, ATextWithoutACountOfCharactersKeepsThem) {
@@ -217,7 +217,7 @@ TEST_F(PipelineRun, AnItemOfTooManyParametersAbandonsTheReadingWithoutAMessage) 
         EXPECT_FALSE(store(pageOf(staff + wide + barline), form));
         EXPECT_FALSE(view.inFile.visible);
         EXPECT_EQ(rewrite(pageOf(staff + wide + barline), form), pageOf(staff));
-        EXPECT_FALSE(pipeline.page.isWhole);
+        EXPECT_FALSE(pipeline.page.isWhole());
     }
     EXPECT_TRUE(host.messages.empty());
 }

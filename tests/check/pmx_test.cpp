@@ -54,23 +54,6 @@ TEST(PmxNumbers, AreThoseOfTheGeneralFormsForEveryBitPattern) {
     for (const float value : {0.0F, -0.0F, infinity, -infinity, notANumber}) expectAsTheGeneralForms(value);
 }
 
-TEST(PmxNumbers, KeepTheirColumns) {
-    const std::vector<std::pair<float, std::string>> columns = {
-        {-0.0F, " 0000.0000"}, {0.0005F, " 0000.0005"},    {-0.00004F, " 0000.0000"},
-        {-2.5F, "-0002.5000"}, {99.9995F, " 0099.9995"},   {9999.9999F, " 10000.0000"},
-        {1E-8F, " 0000.0000"}, {1E9F, " 1000000000.0000"}, {-infinity, "-INF"}};
-    for (const auto& [value, text] : columns) EXPECT_EQ(number(appendTabNumber, value), text);
-    EXPECT_EQ(number(appendTabCode, 8) + number(appendTabCode, 16) + number(appendTabCode, 9.5F), " 816 10");
-    EXPECT_EQ(number(appendTabTextStaff, 8) + number(appendTabTextStaff, 132), "  8 132");
-    EXPECT_EQ(number(appendTabTextStaff, 0) + number(appendTabCode, -3), "  - 3") << "as the patterns say";
-
-    EXPECT_EQ(number(appendCondensedNumber, 1E-8F), "0");
-    EXPECT_EQ(number(appendCondensedNumber, -1E-8F), "-1E-06") << "toward minus infinity";
-    EXPECT_EQ(number(appendCondensedNumber, 0.0000123F), "1.2E-05");
-    EXPECT_EQ(number(appendCondensedNumber, 1E9F), "1E+09");
-    EXPECT_EQ(number(appendGeneral, 1E-8F), "1E-08");
-}
-
 class Exporting : public HostTest {
   protected:
     void run(const Texts& names) {

@@ -148,17 +148,6 @@ TEST_F(ChoosingWindow, StaysOpenWithTheReasonWhenNothingWasWritten) {
               "The names file could not be written: " + host.path("NAMES.TUL"));
 }
 
-TEST_F(ChoosingWindow, StaysOpenForNamesThatDifferInLetterCaseOnly) {
-    if (host.exists("music/song.mus")) GTEST_SKIP() << "this disk does not tell them apart";
-    host.write("music/song.mus", "differs in letter case only");
-    NamesWindow window(request());
-    window.show();
-    press(window, "cmdNamesAll");
-    press(window, "cmdNamesOk");
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_TRUE(text(window, "lblNamesNotice").contains("differ in letter case only"));
-}
-
 TEST_F(ChoosingWindow, ChoosesTheFolderThatStandsInItsField) {
     for (const char* name : {"music/deep", "more2", "more10"})
         std::filesystem::create_directory(host.nativeFolder() / name);

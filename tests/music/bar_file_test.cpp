@@ -119,13 +119,6 @@ TEST_F(BarFile, SortsFromTheHighestStaffAndFromTheLeft) {
     EXPECT_EQ(textsOfTable(), expected);
 }
 
-TEST_F(BarFile, SortingEndsWhateverTheNumbersAre) {
-    for (const float staff : {2.0F, notANumber, 3.0F, notANumber, 1.0F}) addItem({8, staff, notANumber});
-    SortItemTable();
-    EXPECT_EQ(musItemTable.itemCount, 5);
-    EXPECT_EQ(musItemTable[1].pars[2], 2);
-}
-
 TEST_F(BarFile, MarksStavesAndTheirBarlines) {
     addItem({8, 1, 10});               // 1: lowest of a system of two
     addItem({14, 1, 10.9F, 2.4F, 0});  // 2: at its left end
@@ -149,15 +142,6 @@ TEST_F(BarFile, MarksStavesAndTheirBarlines) {
     EXPECT_EQ(mark(7, 19), 1);
     EXPECT_EQ(mark(8, 5), 1);
     EXPECT_EQ(mark(9, 20), 0);
-}
-
-TEST_F(BarFile, AnEndlessSystemEndsTheMarking) {
-    addItem({8, 1, 0});
-    addItem({14, 1, 0, infinity});
-    addItem({8, 2, 0});
-    MarkStaffBarlines();
-    EXPECT_EQ(musItemTable[3].pars[20], 0);
-    EXPECT_EQ(musItemTable[2].pars[20], 1);
 }
 
 }  // namespace

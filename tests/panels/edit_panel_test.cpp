@@ -81,14 +81,6 @@ TEST_F(EditPanelTest, ConditionsAreFilledFromFieldsAndLists) {
     EXPECT_EQ(shown("txtp1"), "12");
 }
 
-TEST_F(EditPanelTest, RunsWithASelection) {
-    EXPECT_TRUE(isEnabled("cmdEditRun"));
-    host.write("NAMES.TUL", "");
-    panel.press("cmdEditView");
-    EXPECT_FALSE(isEnabled("cmdEditRun"));
-    EXPECT_EQ(shown("txtEditFile"), "Names file NAMES.TUL has 0 filenames");
-}
-
 TEST_F(EditPanelTest, ControlsOfLaterEditsAreDisabled) {
     for (const char* field : {"optEditGeneratePlate", "txtClefAlign", "Text1_5", "txtEditBarUp_7",
                               "chkAutOff", "txtRVBheight", "optLyricsZero"}) {

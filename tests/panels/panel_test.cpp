@@ -144,30 +144,8 @@ TEST(PanelList, APanelStartsAnewHoweverOftenAndBehindWhichever) {
     }
 }
 
-class ValidationPanel : public PanelTest {
-  protected:
-    ValidationPanel() { open("valid"); }
-};
-
-TEST_F(ValidationPanel, RunsOnlyWithASelection) {
-    EXPECT_FALSE(isEnabled("cmdValidateRun"));
-    EXPECT_FALSE(isEnabled("cmdValidateView"));
-    EXPECT_EQ(panel.press("cmdValidateRun"), PanelAnswer::disabled);
-    EXPECT_EQ(shown("panValidFileName"), "");
-    EXPECT_EQ(shown("txtValidRange"), "32");
-
-    host.write("page.mus", "page");
-    writeNames({"page.mus"});
-    panel.load();
-    EXPECT_TRUE(isEnabled("cmdValidateRun"));
-    EXPECT_TRUE(shown("panValidFileName").ends_with("\\PAGE.MUS"));
-    host.remove("page.mus");
-    panel.press("cmdValidateView");
-    EXPECT_FALSE(isEnabled("cmdValidateRun")) << "the selection was discarded";
-    EXPECT_EQ(shown("panValidFileName"), "");
-}
-
-TEST_F(ValidationPanel, ReturnsOrCancels) {
+TEST_F(PanelTest, AToolReturnsOrCancels) {
+    open("valid");
     EXPECT_EQ(panel.command("cmdValidateReturn")->caption(), "Return");
     valid::validation.view.control.begin();
     EXPECT_EQ(panel.command("cmdValidateReturn")->caption(), "Cancel");

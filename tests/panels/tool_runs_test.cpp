@@ -120,6 +120,20 @@ TEST_F(ToolRuns, AFaultOfTheDiskLeavesPagesOldOrNewAndIsTold) {
             }
 }
 
+TEST_F(ToolRuns, NothingBeginsWithoutASelection) {
+    for (const Tool& chosen : tools) {
+        begin(chosen);
+        EXPECT_TRUE(isEnabled(tool.buttons + "Run") && isEnabled(tool.buttons + "View"));
+        for (const char* name : names) host.remove(name);
+        panel.press(tool.buttons + "View");  // which discards a selection that is not there any more
+        for (const char* button : {"Run", "View"})
+            EXPECT_EQ(panel.press(tool.buttons + button), PanelAnswer::disabled) << tool.panel;
+    }
+    EXPECT_EQ(shown("txtEditFile"), "Names file NAMES.TUL has 0 filenames");
+    open("valid");
+    EXPECT_EQ(shown("panValidFileName"), "");
+}
+
 TEST_F(ToolRuns, NothingBeginsWithoutAReport) {
     for (const auto& [number, report, told] : std::vector<std::tuple<std::size_t, const char*, std::string>>{
              {0, "TULVALID.PRN", "File ? could not be opened for output. Hit OK to abort."},

@@ -59,20 +59,5 @@ TEST_F(LinuxProfileTest, WithoutAPlaceForItNothingIsStoredAndNothingBreaks) {
     EXPECT_EQ(folder.names(), std::set<std::string>{".config"});
 }
 
-TEST_F(LinuxProfileTest, ProgramsThatWriteAtTheSameTimeLoseNothing) {
-    std::vector<pid_t> writers;
-    for (int writer = 0; writer < 4; ++writer)
-        writers.push_back(startProcess([&] {
-            for (int turn = 0; turn < 25; ++turn)
-                profile.write("TUL", "Key" + std::to_string(writer) + '-' + std::to_string(turn), "here");
-            return 0;
-        }));
-    for (const pid_t writer : writers) EXPECT_EQ(exitCodeOf(writer), 0);
-    for (int writer = 0; writer < 4; ++writer)
-        for (int turn = 0; turn < 25; ++turn)
-            EXPECT_EQ(profile.read("TUL", "Key" + std::to_string(writer) + '-' + std::to_string(turn)),
-                      "here");
-}
-
 }  // namespace
 }  // namespace tul

@@ -100,6 +100,14 @@ void takeStates(PanelWindow& window, Gallery& gallery) {
         gallery.take(window, "frmValid-run");
         valid::resetValidation();
     }
+    if (window.panel().name == "frmResiz") {
+        RunResult run{.changesPages = true};
+        for (const char* const page : {"A.MUS", "B.MUS", "C.MUS"})
+            run.pages.push_back({.path = page, .isReached = true, .isDone = true, .isWritten = true});
+        run.pages.back().reading = Reading::broken;
+        window.showResult(run);
+        gallery.take(window, "frmResiz-result");
+    }
     if (window.panel().name == "frmGlobalOptions") {
         openFontList(&GlobalOptions::txtLyricsFont);
         window.findChild<QTabWidget*>()->setCurrentIndex(2);

@@ -18,16 +18,16 @@ namespace {
 /// From here to the end of its scope a run is on.
 class RunInProgress {
   public:
-    RunInProgress(RunView& view, const RunSpec& spec) : view_(view), idleStatus_(spec.idleStatus) {
-        result_.tool = spec.tool;
+    RunInProgress(RunView& view, const RunPlan& plan) : view_(view), idleStatus_(plan.idleStatus) {
+        result_.tool = plan.tool;
         result_.begun = clock().now();
-        result_.changesPages = spec.changesPages;
+        result_.changesPages = plan.changesPages;
         result_.end = RunEnd::broken;  // until it has come to its end
         pipeline = {};
         pipeline.view = &view;
-        pipeline.backup = spec.backup;
+        pipeline.backup = plan.backup;
         view.control.begin();
-        view.overFiles = {.percent = 0, .visible = spec.pages.size() > 1};
+        view.overFiles = {.percent = 0, .visible = plan.pages.size() > 1};
     }
     ~RunInProgress() {
         breakOff();
@@ -108,12 +108,12 @@ struct Worker {
 };
 
 /// The result has each page once, where the list may have it again.
-void takePages(RunInProgress& run, RunView& view, const RunSpec& spec, const Worker& worker) {
+void takePages(RunInProgress& run, RunView& view, const RunPlan& plan, const Worker& worker) {
     std::size_t next = 0;
-    const std::size_t count = spec.pages.size();
+    const std::size_t count = plan.pages.size();
     for (std::size_t number = 1; number <= count && !view.control.isStopped(); ++number) {
         const auto& pages = run.result().pages;
-        if (next == pages.size() || pages[next].path != spec.pages[number - 1]) continue;
+        if (next == pages.size() || pages[next].path != plan.pages[number - 1]) continue;
         run.beginPage(next++, number, count);
         const PageEnd end = worker.tool.processPage(
             {.number = static_cast<int>(number), .result = pipeline.page, .report = worker.report});
@@ -140,17 +140,17 @@ PageEnd PageUpdateRun::processPage(const PageInRun& page) {
     return PageEnd::next;
 }
 
-void runOverPages(RunView& view, const RunSpec& spec, ToolRun& tool) {
-    Report report(inProgramFolder(spec.report));
+void runOverPages(RunView& view, const RunPlan& plan, ToolRun& tool) {
+    Report report(inProgramFolder(plan.report));
     if (const FileError fault = report.open(); fault != FileError::none) {
-        noteRefusedRun(spec.tool, "the report could not be opened for output");
-        return spec.tellNoReport(report.path(), fault);
+        noteRefusedRun(plan.tool, "the report could not be opened for output");
+        return plan.tellNoReport(report.path(), fault);
     }
-    RunInProgress run(view, spec);
+    RunInProgress run(view, plan);
     RunResult& result = run.result();
-    listPages(spec.pages, result);
+    listPages(plan.pages, result);
     tool.writeHead(report);
-    takePages(run, view, spec, {tool, report});
+    takePages(run, view, plan, {tool, report});
     result.end = view.control.isStopped() ? RunEnd::stopped : RunEnd::complete;
     if (result.pages.empty()) {
         result.end = RunEnd::refused;

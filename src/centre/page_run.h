@@ -59,7 +59,7 @@ class PageUpdateRun : public ToolRun {
 };
 
 /// How one run differs from the others.
-struct RunSpec {
+struct RunPlan {
     std::string tool;                // the panel's name without frm
     std::vector<std::string> pages;  // whole paths
     std::string report;              // its name in the program's folder
@@ -72,7 +72,7 @@ struct RunSpec {
 
 /// Takes each page once through the tool, as long as nobody stops it. Whatever happens the panel is idle
 /// again behind it, and the result is among `runResults`.
-void runOverPages(RunView& view, const RunSpec& spec, ToolRun& tool);
+void runOverPages(RunView& view, const RunPlan& plan, ToolRun& tool);
 
 /// The paths of the selection, as it was read last.
 std::vector<std::string> selectedPages();

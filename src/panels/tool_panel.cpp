@@ -20,9 +20,9 @@ std::string viewCaption() {
 
 bool isSelected() { return selection.SelectionValid; }
 
-std::vector<Field> commonFields(const ToolPanelSpec& spec) {
-    const ToolControls& controls = spec.controls;
-    RunView& view = spec.view;
+std::vector<Field> commonFields(const ToolPanelParts& parts) {
+    const ToolControls& controls = parts.controls;
+    RunView& view = parts.view;
     std::vector<Field> fields;
     if (controls.status) fields.push_back(labelField(controls.status, view.status));
     if (controls.file) fields.push_back(labelField(controls.file, view.file));
@@ -40,27 +40,27 @@ std::function<void()> changingSelection(std::function<void()> step, std::functio
     };
 }
 
-std::vector<Command> commonCommands(const ToolPanelSpec& spec) {
-    const std::string stem = std::string("cmd") + spec.controls.buttons;
-    ToolPanelState& state = spec.state;
-    RunView& view = spec.view;
+std::vector<Command> commonCommands(const ToolPanelParts& parts) {
+    const std::string stem = std::string("cmd") + parts.controls.buttons;
+    ToolPanelState& state = parts.state;
+    RunView& view = parts.view;
     return {
         {.name = stem + "Select",
          .caption = "Select",
          .run =
-             changingSelection([prompt = spec.selectPrompt, &state] { SelectFiles(prompt, state.viewTip); },
-                               spec.selectionChanged),
+             changingSelection([prompt = parts.selectPrompt, &state] { SelectFiles(prompt, state.viewTip); },
+                               parts.selectionChanged),
          .toolTip = "Select music files, or drop them here"},
         {.name = stem + "View",
          .caption = viewCaption,
-         .run = changingSelection([&state] { ViewNamesFile(state.viewTip); }, spec.selectionChanged),
+         .run = changingSelection([&state] { ViewNamesFile(state.viewTip); }, parts.selectionChanged),
          .enabled = isSelected,
          .toolTip = [&state] { return state.viewTip; }},
-        {.name = stem + "Run", .caption = "Run", .run = spec.run, .enabled = isSelected},
+        {.name = stem + "Run", .caption = "Run", .run = parts.run, .enabled = isSelected},
         {.name = stem + "Return",
          .caption = [&view] { return view.control.caption(); },
          .run =
-             [&view, leave = spec.leave] {
+             [&view, leave = parts.leave] {
                  if (leave && !view.control.isBusy()) leave();
                  view.control.press();
              },
@@ -70,28 +70,28 @@ std::vector<Command> commonCommands(const ToolPanelSpec& spec) {
 
 }  // namespace
 
-Panel toolPanel(ToolPanelSpec spec) {
+Panel toolPanel(ToolPanelParts parts) {
     Panel panel;
-    panel.name = spec.form;
-    panel.caption = spec.caption;
-    panel.runCommand = std::string("cmd") + spec.controls.buttons + "Run";
-    panel.commands = commonCommands(spec);
-    append(panel.commands, std::move(spec.commands));
-    panel.fields = std::move(spec.fields);
-    append(panel.fields, commonFields(spec));
-    ToolPanelState& state = spec.state;
+    panel.name = parts.form;
+    panel.caption = parts.caption;
+    panel.runCommand = std::string("cmd") + parts.controls.buttons + "Run";
+    panel.commands = commonCommands(parts);
+    append(panel.commands, std::move(parts.commands));
+    panel.fields = std::move(parts.fields);
+    append(panel.fields, commonFields(parts));
+    ToolPanelState& state = parts.state;
     panel.place = &state.place;
-    panel.load = [&state, load = spec.load, behind = spec.selectionChanged] {
+    panel.load = [&state, load = parts.load, behind = parts.selectionChanged] {
         state.place.height = heightOfPanels();
         positionPanel(state.place);
         if (load) load();
         ReadNamesFile();
         if (behind) behind();
     };
-    panel.busy = [&view = spec.view] { return view.control.isBusy(); };
-    panel.closed = [&view = spec.view] { return view.control.isClosed(); };
-    panel.takeFiles = [&state, take = spec.takeFiles,
-                       behind = spec.selectionChanged](const std::vector<std::string>& dropped) {
+    panel.busy = [&view = parts.view] { return view.control.isBusy(); };
+    panel.closed = [&view = parts.view] { return view.control.isClosed(); };
+    panel.takeFiles = [&state, take = parts.takeFiles,
+                       behind = parts.selectionChanged](const std::vector<std::string>& dropped) {
         if (take)
             take(dropped);
         else

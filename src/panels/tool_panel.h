@@ -27,7 +27,7 @@ struct ToolControls {
 };
 
 /// What one tool brings.
-struct ToolPanelSpec {
+struct ToolPanelParts {
     const char* form;
     const char* caption;
     ToolControls controls;
@@ -44,6 +44,6 @@ struct ToolPanelSpec {
     std::function<void(const std::vector<std::string>&)> takeFiles = {};
 };
 
-Panel toolPanel(ToolPanelSpec spec);
+Panel toolPanel(ToolPanelParts parts);
 
 }  // namespace tul

@@ -26,8 +26,9 @@ bash -euo pipefail recipe >log 2>&1 || fail "the recipe"
 grep -q "Jobs that did not end with 0: 3 " log || fail "three folders of damaged pages"
 total=$(jq -s '[.[].runs[].pages[]] | length' results/*.json)
 [ "$total" -eq "$all" ] || fail "$total of $all pages"
-unchanged=$(sed -n 's/.*"unchanged": \([0-9]*\).*/\1/p' log)
-[ "$unchanged" -gt "$sound" ] || fail "$unchanged pages are sound"
-[ "$((unchanged + $(wc -l <damaged.txt)))" -eq "$all" ] || fail "$(wc -l <damaged.txt) are damaged"
+count() { sed -n "s/.*\"$1\": \([0-9]*\).*/\1/p" log; }
+[ "$(count unchanged)" -gt "$sound" ] || fail "$(count unchanged) pages are sound"
+[ "$(wc -l <damaged.txt)" -eq "$(count damaged)" ] || fail "the list of damaged pages"
+[ "$(($(count unchanged) + $(count damaged) + $(count "not checked")))" -eq "$all" ] || fail "the counts"
 [ -z "$(grep -v '/damaged/' damaged.txt)" ] || fail "a sound page counts as damaged"
 [ "$(find archive -name '*.MUS' | wc -l)" -eq "$all" ] || fail "something was written into the archive"

@@ -83,9 +83,10 @@ void viewNatively(Launch launch, const std::string& path) {
 void SetEditor(EditorCode code) { editor.code = static_cast<int>(code); }
 
 void ViewWithEditor(const std::string& path) {
+    if (face().showsTextItself()) return face().showText(path);
     const auto native = nativeEditor();
     const bool isThere = native ? processes().canFind(native->program) : editorIsThere();
-    if (face().showsTextItself() || !isThere) {
+    if (!isThere) {
         face().showText(path);
     } else if (native) {
         viewNatively(*native, path);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 namespace tul {
 
 /// From now on the user's interrupt (Ctrl-C, the end of a terminal or session, a kill by its usual signal,
@@ -7,11 +9,14 @@ namespace tul {
 /// some time after the first, ends the process at once; a page is never in pieces then either.
 void watchForInterrupts();
 
-/// True once the user has interrupted the process.
-[[nodiscard]] bool isInterrupted();
+/// True once the user has interrupted the process. Owner: the handler of interrupts.
+inline std::atomic<bool> interrupted = false;
+static_assert(std::atomic<bool>::is_always_lock_free);  // a signal's handler sets it
 
+/// Loops ask for each item.
+[[nodiscard]] inline bool isInterrupted() { return interrupted.load(std::memory_order_relaxed); }
 /// What an interrupt does; false takes it back.
-void setInterrupted(bool interrupted);
+inline void setInterrupted(bool isSo) { interrupted = isSo; }
 
 /// Milliseconds within which a second interrupt counts as the first.
 inline constexpr int interruptPause = 500;

@@ -1,7 +1,5 @@
 #include "shared/run_control.h"
 
-#include "host/interrupt.h"
-
 namespace tul {
 
 void RunControl::begin() {
@@ -15,7 +13,5 @@ void RunControl::press() {
     else if (isLooping_)
         isPressed_ = true;
 }
-
-bool RunControl::isStopped() const { return isPressed_ || isAbandoned_ || (isBusy_ && isInterrupted()); }
 
 }  // namespace tul

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "host/interrupt.h"
+
 namespace tul {
 
 /// The return button of a tool, which is the cancel button during a run. Nothing else says that a run shall
@@ -23,7 +25,9 @@ class RunControl {
     [[nodiscard]] bool isBusy() const { return isBusy_; }
     /// The run ends behind the page in work; a tool that changes nothing ends within it. Stays true until
     /// the next run.
-    [[nodiscard]] bool isStopped() const;
+    [[nodiscard]] bool isStopped() const {
+        return isPressed_ || isAbandoned_ || (isBusy_ && isInterrupted());
+    }
     /// The run ends now, and the page in work is not written.
     [[nodiscard]] bool isAbandoned() const { return isAbandoned_; }
     /// The panel was unloaded.

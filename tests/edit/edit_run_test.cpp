@@ -30,8 +30,7 @@ class EditRun : public HostTest {
     /// The report of a run.
     std::string run(int tab) {
         editing.tabEdit = tab;
-        host.shown.clear();
-        host.messages.clear();
+        host.forget();
         cmdEditRun();
         EXPECT_FALSE(host.exists("TULEDIT.PRN"));
         EXPECT_FALSE(editing.view.control.isBusy());

@@ -18,6 +18,7 @@ class ScoreLaunching : public HostTest {
         scoreRun.RunStartTime = host.time = {2001, 1, 1, 0, 0, 0};
         host.mayRun("PAGE.EXE", [this] {
             startedIn = files().currentFolder();
+            meanwhile();
             for (const std::string& name : results) EXPECT_EQ(files().replace(name, "new"), FileError::none);
         });
     }
@@ -43,6 +44,7 @@ class ScoreLaunching : public HostTest {
     }
 
     Texts results = {"BARS.TMP", "PAGE.PIF", "a.prn", "b.prn"};
+    std::function<void()> meanwhile = [] {};
     std::string startedIn;
 };
 
@@ -99,10 +101,7 @@ TEST_F(ScoreLaunching, CarriesFilesToScoresFolderAndResultsBack) {
     put({"music/page1.mus", "music/page2.mus", "score/a.prn"});
     results.push_back("c.prn");
     scoreRun.UserFiles = {host.path("music\\page1.mus"), host.path("music\\page2.mus")};
-    host.programs["PAGE.EXE"] = [this, leave = host.programs["PAGE.EXE"]](const std::string& arguments) {
-        EXPECT_TRUE(host.exists("score/page1.mus") && host.exists("score/page2.mus"));
-        return leave(arguments);
-    };
+    meanwhile = [this] { EXPECT_TRUE(host.exists("score/page1.mus") && host.exists("score/page2.mus")); };
     RunInScoreFolder("D:\\");
     EXPECT_EQ(host.launches, Texts{"PAGE.EXE D:\\"});
     EXPECT_EQ(startedIn, host.path("score"));
@@ -166,10 +165,7 @@ TEST_F(ScoreLaunching, TellsWhatItCannotEraseOrBringBack) {
     EXPECT_EQ(scoreRun.NewestResult, host.path("music\\c.prn"));
 
     results = {"d.prn"};
-    host.programs["PAGE.EXE"] = [this, leave = host.programs["PAGE.EXE"]](const std::string& arguments) {
-        host.makeReadOnly("score/a.mus");
-        return leave(arguments);
-    };
+    meanwhile = [this] { host.makeReadOnly("score/a.mus"); };
     RunInScoreFolder("");
     EXPECT_EQ(host.messages.back(),
               "File Erase failed: " + host.path("score\\a.mus") + ". Process terminated");

@@ -248,7 +248,7 @@ TEST_F(Validating, TakesTheRecognisedFinaleFilesOnly) {
     EXPECT_EQ(IsFinale(host.path("none.mus")), "");
 }
 
-TEST_F(Validating, CompletesDatesAndTimesBySeparator) {
+TEST_F(Validating, CompletesDatesAndTimesBySeparatorAndCutsSizesAtSevenDigits) {
     EXPECT_EQ(editedStamp("11-21-2026 09:05:07"), "11-21-2026 09:05:07   ");
     EXPECT_EQ(editedStamp("1-2-2003 9:5:07 PM"), " 1-02-2003  9:05:07 PM");
     EXPECT_EQ(editedStamp("1-12-2003 19:5:07"), " 1-12-2003 19:05:07   ");
@@ -258,9 +258,6 @@ TEST_F(Validating, CompletesDatesAndTimesBySeparator) {
     dateSettings.timeSeparator = ".";
     EXPECT_EQ(editedStamp("1/2/2003 9.5.07"), " 1/02/2003  9.05.07   ");
     EXPECT_EQ(editedStamp(""), "");
-}
-
-TEST_F(Validating, CutsSizesOfMoreThanSevenDigits) {
     EXPECT_EQ(sizeField(0), "0      ");
     EXPECT_EQ(sizeField(9999999), "9999999");
     EXPECT_EQ(sizeField(10000000), "XXXXXXX");

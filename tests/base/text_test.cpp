@@ -39,21 +39,13 @@ TEST(Text, LinesEndAtEveryKindOfLineEnd) {
 
 TEST(Text, ValidUtf8StaysAsItIs) {
     for (const char* text : {"", "abc", "\xC3\xA4", "\xE2\x82\xAC", "\xED\x9F\xBF", "\xEE\x80\x80",
-                             "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+                             "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"})
         EXPECT_EQ(toUtf8(text), text);
-    }
 }
 
 TEST(Text, WhatWasTypedBecomesSingleBytesWhereItCan) {
-    EXPECT_EQ(toSingleBytes("_00schl\xC3\xA4"
-                            "ft \xE2\x82\xAC"),
-              "_00schl\xE4"
-              "ft \x80");
-    EXPECT_EQ(toSingleBytes("schl\xE4"
-                            "ft"),
-              "schl\xE4"
-              "ft")
-        << "it is single bytes already";
+    EXPECT_EQ(toSingleBytes("_00schl\xC3\xA4\x66t \xE2\x82\xAC"), "_00schl\xE4\x66t \x80");
+    EXPECT_EQ(toSingleBytes("schl\xE4\x66t"), "schl\xE4\x66t") << "it is single bytes already";
     EXPECT_EQ(toSingleBytes("\xC3\xA4\xE6\xBC\xA2"), "\xC3\xA4\xE6\xBC\xA2") << "there is no byte for it";
 }
 

@@ -1,7 +1,5 @@
 #include "centre/backup_restore.h"
 
-#include "base/date_time.h"
-#include "host/host.h"
 #include "support/test.h"
 
 namespace tul {
@@ -14,9 +12,6 @@ class BackupRestore : public HostTest {
     }
     /// As the names file has it: the folder in upper case too.
     std::string folder() const { return upperCase(host.folder()) + "\\"; }
-    std::string stamp(const std::string& name) const {
-        return stampText(files().info(host.path(name))->stamp);
-    }
 };
 
 TEST_F(BackupRestore, GoesOneGenerationBackEachTime) {

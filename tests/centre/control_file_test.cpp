@@ -1,16 +1,9 @@
 #include "centre/control_file.h"
 
-#include "centre/names_file.h"
-#include "centre/panel_place.h"
-#include "centre/project_options.h"
-#include "centre/start_up.h"
 #include "support/test.h"
 
 namespace tul {
 namespace {
-
-/// True when each line ends with CR LF and neither stands alone.
-bool hasWindowsEnds(const std::string& text) { return !text.empty() && crlf(linesIn(text)) == text; }
 
 class ControlFile : public HostTest {
   protected:
@@ -73,6 +66,10 @@ TEST_F(ControlFile, EndsTheProgramWhenItCannotBeUsed) {
     EXPECT_EQ(host.fatal([] { ReadControlFile(false); }), "Failed to open TULCNTRL.INI. Hit OK to terminate");
     host.write("TULCNTRL.INI", "NotepadPath=notepad.exe\r\n");
     EXPECT_EQ(endOf([] { ReadControlFile(false); }), 1) << "no limit of the log is a limit of 0";
+    EXPECT_EQ(startWith(100), 1);
+    EXPECT_EQ(host.messages.back(),
+              "Failed to open" + host.path("TULLOG.LOG") + " for input. Hit OK to terminate");
+    EXPECT_EQ(endOf([] { ReadControlFile(true); }), std::nullopt) << "this start was counted";
     host.faultyFiles().refusals["TULCNTRL.INI"] = FileError::readOnly;
     EXPECT_EQ(startWith(100), 1);
     EXPECT_EQ(host.messages.back(), "Failed to rewrite TULCNTRL.INI. Hit OK to terminate.");
@@ -97,13 +94,6 @@ TEST_F(ControlFile, LetsALogThatIsTooLongGoEveryHundredthStart) {
     EXPECT_FALSE(host.exists("TULLOG.LOG")) << "the start after the one that counted to 100";
 }
 
-TEST_F(ControlFile, EndsTheProgramAtAMissingLogOnce) {
-    EXPECT_EQ(startWith(100), 1);
-    EXPECT_EQ(host.messages,
-              Texts{"Failed to open" + host.path("TULLOG.LOG") + " for input. Hit OK to terminate"});
-    EXPECT_EQ(endOf([] { ReadControlFile(true); }), std::nullopt) << "this start was counted";
-}
-
 TEST_F(ControlFile, PutsTheBackupOfTheLogIntoTheCurrentFolderOrTellsThatItCannot) {
     host.makeFolder("work");
     for (const char* name : {"TULLOG.BKP", "work/TULLOG.BKP"}) host.write(name, name);
@@ -120,16 +110,6 @@ TEST_F(ControlFile, PutsTheBackupOfTheLogIntoTheCurrentFolderOrTellsThatItCannot
     EXPECT_TRUE(host.exists("TULLOG.LOG"));
     EXPECT_EQ(host.messages.back(), "Logging file " + host.path("TULLOG.LOG") +
                                         " is too long and could not be saved to TULLOG.BKP");
-}
-
-TEST_F(ControlFile, AndOtherSettingsAreWrittenWithWindowsEnds) {
-    host.install();
-    host.write("TULCNTRL.INI", "LastVersionExecuted=v8.0.0.200\nMaxLogRecords=500\rBypassLibTest1=1\n");
-    StartUp();
-    for (const char* name : {"TULCNTRL.INI", "TULPROJ.PRO", "TULVERSION.TXT"})
-        EXPECT_TRUE(hasWindowsEnds(host.read(name))) << name;
-    for (const std::string& text : {firstControlFile(), namesFileLine("Z:\\PAGE.MUS")})
-        EXPECT_TRUE(hasWindowsEnds(text)) << text;
 }
 
 }  // namespace

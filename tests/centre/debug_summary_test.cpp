@@ -35,9 +35,6 @@ class DebugSummary : public HostTest {
         EXPECT_TRUE(report.close());
         return host.read("LINE.TXT");
     }
-    std::string stamp(const std::string& name) const {
-        return stampText(files().info(host.path(name))->stamp);
-    }
 };
 
 TEST_F(DebugSummary, IsWrittenOnlyWhenAskedFor) {

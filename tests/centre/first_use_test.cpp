@@ -14,15 +14,11 @@ class FirstUseSeries : public HostTest {
     FirstUseSeries() {
         host.install();
         identity.VersionText = "v8.0.0.200";
-        host.programs["TULNAMES.EXE"] = [this](const std::string&) {
+        host.mayRun("TULNAMES.EXE", [this] {
             writeNames(selections.at(0));
             selections.erase(selections.begin());
-            return 0;
-        };
-        host.programs["TULFOLDR.EXE"] = [this](const std::string&) {
-            host.write("TULFOLDR.TUL", host.path("afm") + "\r\n");
-            return 0;
-        };
+        });
+        host.mayRun("TULFOLDR.EXE", [this] { host.write("TULFOLDR.TUL", host.path("afm") + "\r\n"); });
     }
 
     void make(const Texts& names) {

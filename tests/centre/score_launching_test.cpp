@@ -14,21 +14,22 @@ class ScoreLaunching : public HostTest {
         for (const char* name : {"score", "music"}) host.makeFolder(name);
         machineSettings.ScoreFolder = host.path("score\\");
         machineSettings.PagePath = host.path("score\\PAGE.EXE");
-        put("score/PAGE.EXE");
-        put("NAMES.TUL");
+        put({"score/PAGE.EXE", "NAMES.TUL"});
         scoreRun.RunStartTime = host.time = {2001, 1, 1, 0, 0, 0};
-        host.programs["PAGE.EXE"] = [this](const std::string&) {
+        host.mayRun("PAGE.EXE", [this] {
             startedIn = files().currentFolder();
+            meanwhile();
             for (const std::string& name : results) EXPECT_EQ(files().replace(name, "new"), FileError::none);
-            return 0;
-        };
+        });
     }
 
-    /// An old file: from before the run began.
-    void put(const std::string& name) {
-        host.write(name, name);
-        fs::last_write_time(host.nativeFolder() / name,
-                            fs::file_time_type::clock::now() - std::chrono::hours(24 * 365 * 60));
+    /// Old files: from before the run began.
+    void put(const Texts& names) {
+        for (const std::string& name : names) {
+            host.write(name, name);
+            fs::last_write_time(host.nativeFolder() / name,
+                                fs::file_time_type::clock::now() - std::chrono::hours(24 * 365 * 60));
+        }
     }
     /// The files of a folder with their contents.
     std::string filesIn(const std::string& folder) const {
@@ -43,16 +44,14 @@ class ScoreLaunching : public HostTest {
     }
 
     Texts results = {"BARS.TMP", "PAGE.PIF", "a.prn", "b.prn"};
+    std::function<void()> meanwhile = [] {};
     std::string startedIn;
 };
 
 TEST_F(ScoreLaunching, CallsTheDispatcherInTheFolderOfItsLink) {
     machineSettings.ScoreEngineProgramPath = host.path("score\\ScoreEngineDispatch.EXE");
-    put("score/ScoreEngine.EXE");
-    host.programs["ScoreEngine.EXE"] = [this](const std::string&) {
-        startedIn = files().currentFolder();
-        return 0;
-    };
+    put({"score/ScoreEngine.EXE"});
+    host.mayRun("ScoreEngine.EXE", [this] { startedIn = files().currentFolder(); });
     CallScoreEngine("3", "A,B");
     EXPECT_EQ(host.launches.back(), host.path("score\\ScoreEngine.EXE") +
                                         " CALLEDBY=TUL,PROGRAM=SCORE,DIALECT=1000,PATH=ScoreEngine300.mod,"
@@ -79,7 +78,7 @@ TEST_F(ScoreLaunching, TellsOfADispatcherThatIsNotLinkedOrNotThere) {
 }
 
 TEST_F(ScoreLaunching, RunsAProgramBesideItsWorkFiles) {
-    put("music/page1.mus");
+    put({"music/page1.mus"});
     RunInWorkFolder(host.path("music"), "PAGE.EXE");
     EXPECT_EQ(host.launches, Texts{"PAGE.EXE"});
     EXPECT_EQ(startedIn, host.path("music"));
@@ -92,22 +91,17 @@ TEST_F(ScoreLaunching, RunsAProgramBesideItsWorkFiles) {
     scoreRun.NewestResult.clear();
     results.clear();
     scoreRun.RunStartTime = files().info(host.path("music\\b.prn"))->stamp;
-    put("music/PAGE.EXE");
+    put({"music/PAGE.EXE"});
     RunInWorkFolder(host.path("music"), "PAGE.EXE");
     EXPECT_TRUE(host.exists("music/PAGE.EXE")) << "it was no copy";
     EXPECT_EQ(scoreRun.NewestResult, "") << "a result is later than the start of the run";
 }
 
 TEST_F(ScoreLaunching, CarriesFilesToScoresFolderAndResultsBack) {
-    put("music/page1.mus");
-    put("music/page2.mus");
-    put("score/a.prn");
+    put({"music/page1.mus", "music/page2.mus", "score/a.prn"});
     results.push_back("c.prn");
     scoreRun.UserFiles = {host.path("music\\page1.mus"), host.path("music\\page2.mus")};
-    host.programs["PAGE.EXE"] = [this, leave = host.programs["PAGE.EXE"]](const std::string& arguments) {
-        EXPECT_TRUE(host.exists("score/page1.mus") && host.exists("score/page2.mus"));
-        return leave(arguments);
-    };
+    meanwhile = [this] { EXPECT_TRUE(host.exists("score/page1.mus") && host.exists("score/page2.mus")); };
     RunInScoreFolder("D:\\");
     EXPECT_EQ(host.launches, Texts{"PAGE.EXE D:\\"});
     EXPECT_EQ(startedIn, host.path("score"));
@@ -120,13 +114,13 @@ TEST_F(ScoreLaunching, CarriesFilesToScoresFolderAndResultsBack) {
 }
 
 TEST_F(ScoreLaunching, AsksBeforeItOverwrites) {
-    for (const char* name : {"music/page1.mus", "music/page2.mus", "score/page1.mus"}) put(name);
+    put({"music/page1.mus", "music/page2.mus", "score/page1.mus"});
     scoreRun.UserFiles = {host.path("music\\page2.mus"), host.path("music\\page1.mus")};
     RunInScoreFolder("");
     EXPECT_EQ(host.messages.back(),
               "There is one equal name between the user directory and the SCORE directory: "
               "page1.mus\r\nOverwrite this file in the SCORE directory?");
-    put("score/page2.mus");
+    put({"score/page2.mus"});
     RunInScoreFolder("");
     EXPECT_EQ(
         host.messages.back(),
@@ -141,8 +135,7 @@ TEST_F(ScoreLaunching, AsksBeforeItOverwrites) {
 }
 
 TEST_F(ScoreLaunching, GoesOnWithScoresFolderAfterAFailedCopyAndDeletesOnlyItsCopies) {
-    for (const char* name : {"music/a.mus", "music/b.mus", "music/c.mus", "score/b.mus", "score/c.mus"})
-        put(name);
+    put({"music/a.mus", "music/b.mus", "music/c.mus", "score/b.mus", "score/c.mus"});
     host.makeReadOnly("score/b.mus");
     scoreRun.UserFiles = {host.path("music\\a.mus"), host.path("music\\b.mus"), host.path("music\\c.mus")};
     host.answers = {Answer::ok};
@@ -161,8 +154,7 @@ TEST_F(ScoreLaunching, GoesOnWithScoresFolderAfterAFailedCopyAndDeletesOnlyItsCo
 }
 
 TEST_F(ScoreLaunching, TellsWhatItCannotEraseOrBringBack) {
-    put("music/a.mus");
-    put("music/b.prn");
+    put({"music/a.mus", "music/b.prn"});
     host.makeReadOnly("music/b.prn");
     scoreRun.UserFiles = {host.path("music\\a.mus")};
     results = {"b.prn", "c.prn"};
@@ -173,10 +165,7 @@ TEST_F(ScoreLaunching, TellsWhatItCannotEraseOrBringBack) {
     EXPECT_EQ(scoreRun.NewestResult, host.path("music\\c.prn"));
 
     results = {"d.prn"};
-    host.programs["PAGE.EXE"] = [this, leave = host.programs["PAGE.EXE"]](const std::string& arguments) {
-        host.makeReadOnly("score/a.mus");
-        return leave(arguments);
-    };
+    meanwhile = [this] { host.makeReadOnly("score/a.mus"); };
     RunInScoreFolder("");
     EXPECT_EQ(host.messages.back(),
               "File Erase failed: " + host.path("score\\a.mus") + ". Process terminated");
@@ -202,10 +191,8 @@ TEST_F(ScoreLaunching, CallsPageInItsFolderUnlessThePagesLieOnAnotherDrive) {
     projectSettings.MusDirectory = host.folder().substr(0, 3) + "MUSIC\\PART1\\";
     CallPage();
     EXPECT_EQ(host.launches.back(), "PAGE.EXE") << "another folder of the same drive";
-}
 
-TEST_F(ScoreLaunching, EndsWhenPageCannotBeGivenTheNamesFile) {
-    put("score/NAMES.TUL");
+    host.launches.clear();
     host.makeReadOnly("score/NAMES.TUL");
     EXPECT_EQ(host.fatal(CallPage), "Failed to copy Names file from " + host.path("NAMES.TUL") + " to\r\n" +
                                         host.path("score\\NAMES.TUL"));

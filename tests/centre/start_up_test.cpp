@@ -133,10 +133,9 @@ TEST_F(StartingUp, EndsWhereItCannotGoOn) {
     auto& refusals = host.faultyFiles().refusals;
     const auto monitor = [this](const std::string& text) {
         return [this, text] {
-            host.programs["TULMONIT.EXE"] = [this, text](const std::string&) {
+            host.mayRun("TULMONIT.EXE", [this, text] {
                 if (!text.empty()) host.write("TulMonit.TXT", text);
-                return 0;
-            };
+            });
         };
     };
     const auto control = [this](const std::string& text) {
@@ -189,12 +188,11 @@ TEST_F(StartingUp, TestsNoWritingOnWindowsXp) {
 }
 
 TEST_F(StartingUp, ReadsMonitorValuesInBothForms) {
-    host.programs["TULMONIT.EXE"] = [this](const std::string&) {
+    host.mayRun("TULMONIT.EXE", [this] {
         host.write("TulMonit.TXT",
                    "* x=y,z\r\n\r\nnumberofmonitors = 9\r\nNUMBEROFMONITORS=4, 2 \r\n"
                    "WorkAreaHeight= 1049.5\r\nOther=a\r\nCurrentMonitorRight=-1920");
-        return 0;
-    };
+    });
     readTulMonit();
     EXPECT_EQ(monitors.MonitorCount, 2) << "a key is taken up to the equals sign, blanks included";
     EXPECT_EQ(monitors.WorkAreaHeight, 1050);

@@ -58,8 +58,7 @@ class Exporting : public HostTest {
   protected:
     void run(const Texts& names) {
         writeNames(names);
-        host.messages.clear();
-        host.shown.clear();
+        host.forget();
         cmdPmxRun();
     }
     /// The PMX form of these bytes.
@@ -85,20 +84,12 @@ const std::string page =
            trailer(true));
 
 TEST_F(Exporting, WritesAlignedColumns) {
-    EXPECT_EQ(exported(page), crlf({
-                                  " 8 12  0000.0000 -0001.2500  0000.7500  0200.0000",
-                                  " 3  1  0000.0000",
-                                  "17  ",
-                                  "t   2  0020.0000  0000.0000  0000.0000  0001.0000",
-                                  "_00\tAd. ",
-                                  "t  10 ",
-                                  "solo",
-                                  "11  3  0001.5000  0000.0000  0000.0000  0000.0000  0000.0000  0000.0000  "
-                                  "0000.0000  0000.0000  0000.5000",
-                                  "mf",
-                                  "15 11 ",
-                                  "A.B ",
-                              }));
+    EXPECT_EQ(exported(page),
+              crlf({" 8 12  0000.0000 -0001.2500  0000.7500  0200.0000", " 3  1  0000.0000", "17  ",
+                    "t   2  0020.0000  0000.0000  0000.0000  0001.0000", "_00\tAd. ", "t  10 ", "solo",
+                    "11  3  0001.5000  0000.0000  0000.0000  0000.0000  0000.0000  0000.0000  "
+                    "0000.0000  0000.0000  0000.5000",
+                    "mf", "15 11 ", "A.B "}));
     EXPECT_TRUE(host.messages.empty());
 }
 
@@ -235,8 +226,6 @@ TEST_F(Exporting, StopsWhenItIsCancelled) {
     for (int i = 0; i < 500; ++i) items += words({2, 14, 1});
     for (const char* name : {"A.MUS", "B.MUS", "C.MUS"}) host.write(name, pageOf(items));
     host.onYield = [&] {
-        EXPECT_EQ(pmxRun.view.control.caption(), "Cancel");
-        EXPECT_TRUE(pmxRun.view.overFiles.visible);
         const bool inSecond = pmxRun.view.status == "File being processed: 2 of 3";
         if (inSecond && pmxRun.view.inFile.percent > 40) pmxRun.view.control.press();
     };
@@ -250,7 +239,6 @@ TEST_F(Exporting, StopsWhenItIsCancelled) {
     EXPECT_TRUE(host.shown[1].ends_with(
         lines(" B.PMX       | |Number of files processed: 3|(Processing interrupted by user)|"
               "Stopped by the user in B.MUS, file 2 of 3.")));
-    EXPECT_EQ(pmxRun.view.control.caption(), "Return");
 }
 
 TEST_F(Exporting, TakesDroppedFileListsOverItself) {

@@ -21,10 +21,7 @@ TEST_F(Results, TellHowACallEndedByItsStatus) {
     const std::string whole = host.read("good.mus");
     host.faultyFiles().refusals = {{"ODD.MUS", FileError::readOnly}, {"GOOD.BKU", FileError::diskFull}};
     host.write("TULRECOV.EXE", "x");
-    host.programs["TULRECOV.EXE"] = [](const std::string&) {
-        setInterrupted(true);
-        return 0;
-    };
+    host.mayRun("TULRECOV.EXE", [] { setInterrupted(true); });
     const std::string good = page("good.mus");
     const std::string damaged = page("bad.mus");
     for (const auto& [status, words] :

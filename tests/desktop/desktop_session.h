@@ -72,6 +72,15 @@ class DesktopSession : public ::testing::Test {
             [button](QDialog& dialog) { dynamic_cast<QMessageBox&>(dialog).button(button)->click(); });
     }
 
+    /// The next dialog is a message with this in it, which the user accepts.
+    void expectMessage(const QString& part) {
+        expectDialog([part](QDialog& dialog) {
+            const QString text = dynamic_cast<QMessageBox&>(dialog).text();
+            EXPECT_TRUE(text.contains(part)) << text.toStdString();
+            dialog.accept();
+        });
+    }
+
     /// The next dialog is an input box with `present` in it; the user types `text`.
     void expectInput(const QString& present, const QString& text) {
         expectDialog([=](QDialog& dialog) {

@@ -60,19 +60,15 @@ TEST_F(TextViewer, SavesBytesAndLineEndsAsTheyWere) {
 }
 
 TEST_F(TextViewer, LosesNoChangesUnasked) {
-    host.write("LETTER.TXT", "old\r\n");
-    expectDialog([this](QDialog& dialog) {
-        dialog.findChild<QPlainTextEdit*>()->setPlainText("new");
-        dialog.findChild<QPlainTextEdit*>()->document()->setModified(true);
+    show("old\r\n", [this](QDialog& dialog, QPlainTextEdit& text) {
+        text.setPlainText("new");
+        text.document()->setModified(true);
         expectAnswer(QMessageBox::Cancel);
         dialog.reject();
         EXPECT_TRUE(dialog.isVisible()) << "Cancel goes back to the text";
         host.faultyFiles().refusals["LETTER.TXT"] = FileError::readOnly;
         expectAnswer(QMessageBox::Save);
-        expectDialog([](QDialog& message) {
-            EXPECT_TRUE(dynamic_cast<QMessageBox&>(message).text().endsWith("LETTER.TXT is read-only."));
-            message.accept();
-        });
+        expectMessage("LETTER.TXT is read-only.");
         dialog.reject();
         EXPECT_TRUE(dialog.isVisible()) << "what could not be saved is still there";
         host.faultyFiles().refusals.clear();
@@ -80,27 +76,24 @@ TEST_F(TextViewer, LosesNoChangesUnasked) {
         dialog.reject();
         EXPECT_FALSE(dialog.isVisible());
     });
-    face.showText(host.path("LETTER.TXT"));
     EXPECT_EQ(host.read("LETTER.TXT"), "new");
 }
 
 TEST_F(TextViewer, RefusesWhatTheFileCannotHold) {
-    expectDialog([this](QDialog& dialog) {
-        dialog.findChild<QPlainTextEdit*>()->appendPlainText(QString::fromUtf8("\u266F"));
+    show("sharp ", [this](QDialog& dialog, QPlainTextEdit& text) {
+        text.appendPlainText(QString::fromUtf8("\u266F"));
         expectDialog([](QDialog& message) { message.accept(); });
         trigger(dialog, "Save");
         expectAnswer(QMessageBox::Discard);
         dialog.reject();
     });
-    host.write("LETTER.TXT", "sharp ");
-    face.showText(host.path("LETTER.TXT"));
     EXPECT_EQ(host.read("LETTER.TXT"), "sharp ");
 }
 
 TEST_F(TextViewer, PrintsAndSavesACopyElsewhere) {
     const QString page = QString::fromStdString((host.nativeFolder() / "page.pdf").string());
     const QString copy = QString::fromStdString((host.nativeFolder() / "copy of it.txt").string());
-    expectDialog([this, page, copy](QDialog& dialog) {
+    show("one\r\ntwo\r\n", [this, page, copy](QDialog& dialog, QPlainTextEdit&) {
         expectDialog([page](QDialog& printing) {
             dynamic_cast<QPrintDialog&>(printing).printer()->setOutputFileName(page);
             printing.QDialog::done(QDialog::Accepted);
@@ -113,8 +106,6 @@ TEST_F(TextViewer, PrintsAndSavesACopyElsewhere) {
         trigger(dialog, "Save a copy...");
         dialog.reject();
     });
-    host.write("LETTER.TXT", "one\r\ntwo\r\n");
-    face.showText(host.path("LETTER.TXT"));
     EXPECT_EQ(host.read("copy of it.txt"), "one\r\ntwo\r\n");
     EXPECT_TRUE(host.read("page.pdf").starts_with("%PDF"));
 }

@@ -16,6 +16,10 @@ std::string text8(const std::string& text, float count = 8) {
     return words({15, 16, 1, 0, 0, 0, 1, 0, 0, 0, 0, 0, count, 0}) + text;
 }
 
+std::string replaces(const std::string& count) {
+    return "Number of replaces . . . . . . " + count + " (Find string: bc Replace string: BC)";
+}
+
 class EditRun : public HostTest {
   protected:
     /// Pages by name, which become the selection.
@@ -30,8 +34,7 @@ class EditRun : public HostTest {
     /// The report of a run.
     std::string run(int tab) {
         editing.tabEdit = tab;
-        host.shown.clear();
-        host.messages.clear();
+        host.forget();
         cmdEditRun();
         EXPECT_FALSE(host.exists("TULEDIT.PRN"));
         EXPECT_FALSE(editing.view.control.isBusy());
@@ -66,17 +69,13 @@ TEST_F(EditRun, RewritesOnlyWhatChangedWithoutTheBackupBox) {
     select({{"a.mus", with}, {"long.mus", without}});
     searchFor("bc", "BC");
     editing.chkEditBackup = false;
-    EXPECT_EQ(run(tabText),
-              reportOf({"a.mus", "long.mus"},
-                       {"Number of replaces . . . . . . 1 (Find string: bc Replace string: BC)"}, "2"));
+    EXPECT_EQ(run(tabText), reportOf({"a.mus", "long.mus"}, {replaces("1")}, "2"));
     EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00aBCde")));
     EXPECT_EQ(host.read("long.mus"), without);
     EXPECT_FALSE(host.exists("A.BKU"));
 
     editing.chkEditBackup = true;
-    EXPECT_EQ(run(tabText),
-              reportOf({"a.mus", "long.mus"},
-                       {"Number of replaces . . . . . . 0 (Find string: bc Replace string: BC)"}, "2"));
+    EXPECT_EQ(run(tabText), reportOf({"a.mus", "long.mus"}, {replaces("0")}, "2"));
     EXPECT_EQ(host.read("long.mus"), pageOf(staff + text8("_00xyzxy"))) << "rewritten in any case";
     EXPECT_EQ(host.read("LONG.BKU"), without);
 }
@@ -87,10 +86,8 @@ TEST_F(EditRun, ACancelKeepsTheFilesBeforeIt) {
     searchFor("bc", "BC");
     textSearch.chkEditVerify = true;
     host.answers = {Answer::yes, Answer::no, Answer::yes, Answer::cancel};
-    EXPECT_EQ(run(tabText),
-              reportOf({"a.mus", "b.mus"},
-                       {"Number of replaces . . . . . . 2 (Find string: bc Replace string: BC)"}, "3") +
-                  "Stopped by the user in B.MUS, file 2 of 3.\r\n");
+    EXPECT_EQ(run(tabText), reportOf({"a.mus", "b.mus"}, {replaces("2")}, "3") +
+                                "Stopped by the user in B.MUS, file 2 of 3.\r\n");
     EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00aBCde") + text8("_00abcde")));
     EXPECT_EQ(host.read("b.mus"), page);
     EXPECT_EQ(host.read("c.mus"), page);

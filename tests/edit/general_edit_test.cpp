@@ -35,8 +35,7 @@ class General : public HostTest {
     /// True when the one item is selected.
     bool selects(float par3) {
         reportInstead();
-        musItemTable.itemCount = 0;
-        addItem({1, 1, par3});
+        onlyItem({1, 1, par3});
         return run(2) != "";
     }
     /// Which items are selected, such as "13".

@@ -19,8 +19,7 @@ class Resizing : public HostTest {
     }
     void run(const Texts& names) {
         writeNames(names);
-        host.messages.clear();
-        host.shown.clear();
+        host.forget();
         cmdResizeRun();
     }
     /// The report over these files; `counts` in the order of its lines, those that are not given 0.
@@ -53,14 +52,8 @@ const std::string smallStaff = words({6, 8, 1, 0, 0, 0.65F, 200});
 TEST_F(Resizing, RefusesOptionsThatWouldChangeNothing) {
     using O = ResizeOptions;
     host.write("A.MUS", pageOf(staff));
-    const std::string page =
-        "No use running Page number resize when global settings equal to new." + marginLine;
-    const std::string bar =
-        "No use running Bar number resize when global settings equal to new." + marginLine;
-    const std::string lyrics =
-        "No use running Lyrics resize when current and new size are equal." + marginLine;
-    const std::string text =
-        "No use running Text resize if no string given or when current and new size are equal." + marginLine;
+    const auto noUse = [](const std::string& what) { return "No use running " + what + marginLine; };
+    const std::string text = noUse("Text resize if no string given or when current and new size are equal.");
     // Each row goes on from the one before.
     for (const auto& [change, refusal] : std::vector<std::pair<void (*)(O&), std::string>>{
              {[](O& o) { o.tabResiz = tabNotes; }, "No use running Note resize when no notes selected."},
@@ -70,15 +63,16 @@ TEST_F(Resizing, RefusesOptionsThatWouldChangeNothing) {
                   o.txtResizePageNumberSize = "1.1009";
                   o.txtResizePageNumberFont = "0";
               },
-              page},
+              noUse("Page number resize when global settings equal to new.")},
              {[](O& o) { o.txtResizePageNumberSize = "1.1012"; }, ""},
              {[](O& o) { o.txtResizePageNumberSize = "1.1", o.txtResizePageNumberFont = "2"; }, ""},
              {[](O& o) {
                   o.optResizePageNumber = !(o.optResizeBarNumber = true);
                   o.txtResizeBarNumberSize = o.txtResizeBarNumberFont = "1";  // 01 is the same font
               },
-              bar},
-             {[](O& o) { o.tabResiz = tabTexts, o.txtResizeLyrics = "1.2"; }, lyrics},
+              noUse("Bar number resize when global settings equal to new.")},
+             {[](O& o) { o.tabResiz = tabTexts, o.txtResizeLyrics = "1.2"; },
+              noUse("Lyrics resize when current and new size are equal.")},
              {[](O& o) {
                   o.optResizeLyrics = !(o.optTextResizeTextSize = true);
                   o.txtResizeTextNew = "2";
@@ -174,13 +168,6 @@ TEST_F(Resizing, GoesOnBehindDamageAndTellsWhichFilesToLookAt) {
                            "Rewritten from an incomplete reading, items may be missing: A.MUS, B.MUS\r\n")});
     EXPECT_FALSE(resizing.view.inFile.visible);
     EXPECT_EQ(resizing.view.activity, "");
-
-    options.chkResizBackup = false;
-    const std::string nothing = pageOf(words({1, 8}));
-    host.write("D.MUS", nothing);
-    run({"D.MUS"});
-    EXPECT_EQ(host.read("D.MUS"), nothing) << "without an item it is left alone";
-    EXPECT_FALSE(host.exists("D.BKU"));
 }
 
 }  // namespace

@@ -22,8 +22,7 @@ class Updating : public HostTest {
     }
     /// One parameter of an item that a run went over alone.
     float after(int par, const std::vector<float>& pars, const std::string& text = "") {
-        musItemTable[1] = itemRow(pars, text);
-        musItemTable.itemCount = 1;
+        onlyItem(pars, text);
         updateFile(counted);
         return musItemTable[1].pars[par];
     }

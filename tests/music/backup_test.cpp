@@ -15,8 +15,9 @@ TEST(BackupSeries, IsNamedUpToTheFirstFullStop) {
     EXPECT_FALSE(isBackupSuffix(".BKUU"));
 }
 
-TEST(TakingABackup, FillsTheLowestFreeGeneration) {
-    ScriptedHost host;
+using TakingABackup = HostTest;
+
+TEST_F(TakingABackup, FillsTheLowestFreeGeneration) {
     host.write("page.mus", "music");
     host.write("PAGE.BKU", "u");
     host.write("page.bkw", "w");
@@ -31,28 +32,25 @@ TEST(TakingABackup, FillsTheLowestFreeGeneration) {
     EXPECT_EQ(host.read("page.bkw"), "w");
 }
 
-TEST(TakingABackup, OfABackupEndsTheProgram) {
-    ScriptedHost host;
+TEST_F(TakingABackup, OfABackupEndsTheProgram) {
     host.write("page.bku", "music");
-    const std::string path = host.path("page.bku");
-    EXPECT_EQ(host.fatal([&] { return TakeBackup(path); }),
-              "Invalid suffix in filename [" + path +
+    EXPECT_EQ(host.fatal([&] { return TakeBackup(host.path("page.bku")); }),
+              "Invalid suffix in filename [" + host.path("page.bku") +
                   "].\r\nBackup files may not be used as input when editing with the backup feature.");
 }
 
-TEST(TakingABackup, ThatFailsIsToldWithItsReason) {
-    ScriptedHost host;
-    const std::string path = host.path("PAGE.MUS");
-    EXPECT_FALSE(TakeBackup(path));
-    EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + " Error code = 53");
+TEST_F(TakingABackup, ThatFailsIsToldWithItsReason) {
+    const auto expectFailure = [this](const std::string& reason) {
+        EXPECT_FALSE(TakeBackup(host.path("PAGE.MUS")));
+        EXPECT_EQ(host.messages.back(),
+                  "Failed to take backup copy of file " + host.path("PAGE.MUS") + reason);
+    };
+    expectFailure(" Error code = 53");
     host.write("PAGE.MUS", "music");
-    // There, but not to be opened: it is not overwritten.
-    host.makeFolder("PAGE.BKU");
-    EXPECT_FALSE(TakeBackup(path));
-    EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + " Error code = 58");
+    host.makeFolder("PAGE.BKU");  // there, but not to be opened: it is not overwritten
+    expectFailure(" Error code = 58");
     host.faultyFiles().refusals["PAGE.BKU"] = FileError::diskFull;
-    EXPECT_FALSE(TakeBackup(path));
-    EXPECT_EQ(host.messages.back(), "Failed to take backup copy of file " + path + ". Drive full.");
+    expectFailure(". Drive full.");
 }
 
 }  // namespace

@@ -81,9 +81,7 @@ TEST_F(BarFile, ReplacesEscapesUntilNoneIsLeft) {
         FixQuestionEscapes();
         return musItem.MusText;
     };
-    EXPECT_EQ(fixed("Stra?se ?"),
-              "Stra\xDF"
-              "e ?");
+    EXPECT_EQ(fixed("Stra?se ?"), "Stra\xDF\x65 ?");
     EXPECT_EQ(fixed("?\?-a?\?\?--?s"), "-a--\xDF");
     EXPECT_EQ(fixed("??s"), "?\xDF");
     EXPECT_EQ(fixed(""), "");

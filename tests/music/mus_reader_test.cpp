@@ -77,6 +77,7 @@ TEST_F(MusReading, CutsTextByItsCode) {
                                      {16, 99, "_00A", "_00A", 0},
                                      {16, 0, "_00A", "", 0},
                                      {16.5F, 8, "_00Largo", "_00La", 0},
+                                     {16, -1, "_00A", "_00A", 0},
                                      {16, notANumber, "_00A", "_00A", 0}};
     std::string page;
     for (const Case& item : cases)
@@ -96,25 +97,21 @@ TEST_F(MusReading, CutsTextByItsCode) {
 
 TEST_F(MusReading, RoundsLengthWordsToTheNearestEven) {
     EXPECT_EQ(readAll(pageOf(words({1.5F, 14, 1}) + words({2.5F, 8, 1}))), (std::vector<float>{14, 8}));
-    for (const float length :
-         {0.5F, 1.4F, -1.0F, 32768.0F, -40000.0F, 1E30F, notANumber, infinity, -infinity}) {
-        EXPECT_EQ(stateAfter(pageOf(words({length, 14, 1}))), musStructuralError) << length;
-        EXPECT_EQ(musItem.MusItemNumber, 1);
-    }
 }
 
-TEST_F(MusReading, RefusesCodesOutsideOneToEighteen) {
+TEST_F(MusReading, RefusesLengthsAndCodesThatNoItemHas) {
+    for (const float length :
+         {0.5F, 1.4F, -1.0F, 32768.0F, -40000.0F, 1E30F, notANumber, infinity, -infinity})
+        EXPECT_EQ(stateAfter(pageOf(words({length, 14, 1}))), musStructuralError) << length;
+    EXPECT_EQ(musItem.MusItemNumber, 1);
     for (const float code : {0.0F, 0.999F, 18.001F, -1.0F, infinity})
         EXPECT_EQ(stateAfter(pageOf(words({2, code, 1}))), musStructuralError) << code;
-    EXPECT_EQ(readAll(pageOf(words({2, 1, 1}) + words({2, 18, 1}) + words({2, notANumber, 1}))).size(), 3U);
-    EXPECT_TRUE(host.messages.at(0).starts_with("Par1 is not an integer value: NAN"));
-}
-
-TEST_F(MusReading, RefusesTextItemsThatAreTooShort) {
     for (const float code : {11.0F, 15.0F, 16.0F, 15.5F})
         EXPECT_EQ(stateAfter(pageOf(words({13, code, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}))),
                   musStructuralError)
-            << code;
+            << "too short for a text: " << code;
+    EXPECT_EQ(readAll(pageOf(words({2, 1, 1}) + words({2, 18, 1}) + words({2, notANumber, 1}))).size(), 3U);
+    EXPECT_TRUE(host.messages.back().starts_with("Par1 is not an integer value: NAN"));
 }
 
 TEST_F(MusReading, ThrowsAtTheStoreIntoParameterTwentyOne) {

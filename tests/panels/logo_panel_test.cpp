@@ -10,9 +10,7 @@ class LogoPanel : public PanelTest {
   protected:
     LogoPanel() { open("logo"); }
     Texts press(const std::string& button, PanelAnswer answer = PanelAnswer::done) {
-        host.events.clear();
-        host.launches.clear();
-        host.messages.clear();
+        host.forget();
         EXPECT_EQ(panel.press(button), answer) << button;
         return host.events;
     }
@@ -58,10 +56,7 @@ TEST_F(LogoPanel, RunsLinkedProgramsFromWhereTheyLie) {
 
     machineSettings.LascorPath = host.path("tools\\LASCOR21.EXE");
     host.write("tools/LASCOR21.EXE", "x");
-    host.programs["LASCOR21.EXE"] = [this](const std::string&) {
-        EXPECT_EQ(files().currentFolder(), host.path("tools"));
-        return 0;
-    };
+    host.mayRun("LASCOR21.EXE", [this] { EXPECT_EQ(files().currentFolder(), host.path("tools")); });
     press("cmdLascor");
     EXPECT_EQ(lastLaunch(), machineSettings.LascorPath);
     EXPECT_EQ(files().currentFolder(), host.folder());

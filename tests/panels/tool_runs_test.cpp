@@ -54,8 +54,7 @@ class ToolRuns : public PanelTest {
         writeNames(selected);
         runResults.clear();
         setInterrupted(false);
-        host.messages.clear();
-        host.shown.clear();
+        host.forget();
         host.onYield = nullptr;
         open(tool.panel);
         for (const auto& [field, value] : tool.settings)

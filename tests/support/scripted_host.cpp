@@ -198,8 +198,11 @@ void ScriptedHost::makeReadOnly(const std::string& name) {
 
 bool ScriptedHost::makeDriveC(const std::string& name) { return takeAsDriveC(nativeFolder_ / name); }
 
-void ScriptedHost::mayRun(const std::string& program) {
-    programs[program] = [](const std::string&) { return 0; };
+void ScriptedHost::mayRun(const std::string& program, const std::function<void()>& work) {
+    programs[program] = [work](const std::string&) {
+        work();
+        return 0;
+    };
 }
 
 std::string ScriptedHost::fatal(const std::function<void()>& action) const {
@@ -217,11 +220,10 @@ void ScriptedHost::install() {
     for (const char* name : {"TULSCORE.EXE", "TULSKORE.EXE", "TULFOLDR.EXE", "TULNAMES.EXE", "TULOLE.EXE",
                              "TULMONIT.EXE", "TULCNTRL.HLP"})
         write(name, "x");
-    programs["TULMONIT.EXE"] = [this](const std::string&) {
+    mayRun("TULMONIT.EXE", [this] {
         write("TulMonit.TXT",
               "* monitors\nWorkAreaHeight=1040\nNumberOfMonitors=1\nCurrentMonitorRight=1920\n");
-        return 0;
-    };
+    });
 }
 
 std::string crlf(const std::vector<std::string>& lines) {

@@ -89,8 +89,9 @@ class ScriptedHost {
     /// A drive C, which is this folder of the test's own. False where that drive is the machine's.
     bool makeDriveC(const std::string& name);
 
-    /// A program of this name starts and does nothing.
-    void mayRun(const std::string& program);
+    /// A program of this name starts and does its work, by itself nothing.
+    void mayRun(
+        const std::string& program, const std::function<void()>& work = [] {});
     /// The last message of an action that ended the program with a failure; otherwise what happened instead.
     std::string fatal(const std::function<void()>& action) const;
     /// True when one of the messages was this.
@@ -128,6 +129,9 @@ class ScriptedHost {
     /// In one order: wait and ready (the pointer), hide and show (the panel), minimize, and with what they
     /// are about open, launch, profile, message.
     std::vector<std::string> events;
+
+    /// Begins the record of what was said and done anew.
+    void forget() { messages = shown = launches = events = {}; }
 
     FaultyFiles& faultyFiles() { return *faultyFiles_; }
 

@@ -7,6 +7,7 @@
 #include <limits>
 #include <map>
 
+#include "base/date_time.h"
 #include "base/text.h"
 #include "music/item_table.h"
 #include "panels/panel_list.h"
@@ -43,6 +44,10 @@ inline ItemRow itemRow(const std::vector<float>& pars, const std::string& text =
 inline void addItem(const std::vector<float>& pars, const std::string& text = {}) {
     musItemTable[++musItemTable.itemCount] = itemRow(pars, text);
 }
+inline void onlyItem(const std::vector<float>& pars, const std::string& text = {}) {
+    musItemTable.itemCount = 0;
+    addItem(pars, text);
+}
 
 /// Lines ended by CR LF, from one text in which a bar separates them.
 inline std::string lines(std::string_view barred) {
@@ -68,6 +73,9 @@ class HostTest : public ::testing::Test {
   protected:
     /// A file of the test's folder as the selection has it.
     std::string upper(const std::string& name) const { return upperCase(host.path(name)); }
+    std::string stamp(const std::string& name) const {
+        return stampText(files().info(host.path(name))->stamp);
+    }
     /// What a field keeps of each text that is typed into it, and what it tells each time.
     void expectKept(const std::function<std::string(const std::string&)>& keep,
                     const std::map<std::string, std::string>& kept, const Texts& told = {}) {

@@ -1,6 +1,5 @@
 #include <fcntl.h>
 #include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -9,6 +8,7 @@
 #include <random>
 #include <thread>
 
+#include "host/linux/temporary_folder.h"
 #include "samples/many.h"
 #include "support/linux/installation.h"
 
@@ -36,7 +36,7 @@ struct FolderInMemory {
 class KilledRun : protected FolderInMemory, public testing::InstallationTest {
   protected:
     KilledRun() {
-        EXPECT_EQ(endOfProcess(start({"--no", "logo", "--press", "mnuNamesStatus"})), 0) << "first use";
+        EXPECT_EQ(exitCodeOf(start({"--no", "logo", "--press", "mnuNamesStatus"})), 0) << "first use";
         fs::create_directory(home / "music");
         Texts names;
         for (int number = 1; number <= pageCount; ++number) {
@@ -65,16 +65,11 @@ class KilledRun : protected FolderInMemory, public testing::InstallationTest {
         posix_spawn_file_actions_destroy(&actions);
         return child;
     }
-    static int endOfProcess(pid_t child) {
-        int status = 0;
-        waitpid(child, &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
 
     /// The new pages of a run that nobody disturbed, and how long it took.
     microseconds runWhole() {
         const auto begun = steady_clock::now();
-        EXPECT_EQ(endOfProcess(start(resize)), 0);
+        EXPECT_EQ(exitCodeOf(start(resize)), 0);
         const auto time = std::chrono::duration_cast<microseconds>(steady_clock::now() - begun);
         renewed.clear();
         for (const std::string& name : pages) renewed.push_back(host.read(page(name)));
@@ -124,7 +119,7 @@ TEST_F(KilledRun, LeavesEveryPageOldOrNewAndTheOldOneInItsBackup) {
         const pid_t child = start(resize);
         std::this_thread::sleep_for(time * static_cast<long>(random() % 1000) / 1000);
         ::kill(child, SIGKILL);
-        endOfProcess(child);
+        exitCodeOf(child);
         const int count = countRenewedAndReset();
         midway += count > 0 && count < pageCount;
     }

@@ -28,11 +28,6 @@ class LinuxFilesTest : public testing::Test {
     LinuxFiles files{finder};
 };
 
-void limitFileSize(rlim_t bytes) {
-    const rlimit limit{bytes, bytes};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-}
-
 TEST_F(LinuxFilesTest, NamesAreFoundInAnyCaseAndTheExactOneComesFirst) {
     folder.makeFolder("Music");
     folder.put("Music/page.mus", "lower");
@@ -246,16 +241,15 @@ TEST_F(LinuxFilesTest, ARefusedReplacementLeavesEverythingAsItWas) {
 TEST_F(LinuxFilesTest, AFullDiskIsToldAndLeavesTheOldFileAndNoRemnant) {
     folder.put("a.mus", "old");
     folder.put("big.mus", std::string(100000, 'b'));
-    const auto replaceWithLimit = [&] {
-        limitFileSize(4096);
-        return static_cast<int>(files.replace(path("A.MUS"), std::string(100000, 'n')));
-    };
-    const auto copyWithLimit = [&] {
-        limitFileSize(4096);
-        return static_cast<int>(files.copy(path("BIG.MUS"), path("A.MUS")));
-    };
-    EXPECT_EQ(inAnotherProcess(replaceWithLimit), static_cast<int>(FileError::diskFull));
-    EXPECT_EQ(inAnotherProcess(copyWithLimit), static_cast<int>(FileError::diskFull));
+    for (const bool copies : {false, true}) {
+        const auto writeWithLimit = [&] {
+            const rlimit limit{4096, 4096};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+            return static_cast<int>(copies ? files.copy(path("BIG.MUS"), path("A.MUS"))
+                                           : files.replace(path("A.MUS"), std::string(100000, 'n')));
+        };
+        EXPECT_EQ(inAnotherProcess(writeWithLimit), static_cast<int>(FileError::diskFull));
+    }
     EXPECT_EQ(folder.get("a.mus"), "old");
     EXPECT_EQ(folder.names(), (Names{"a.mus", "big.mus"}));
 }

@@ -49,6 +49,7 @@ PanelWindow::PanelWindow(Panel panel, Binder::Act act, const DialogRunner& run)
     : panel_(std::move(panel)), act_(std::move(act)) {
     setUpForm(panel_.name, *this);
     contents_ = centralWidget()->layout();
+    result_ = findChild<QLabel*>("result");
     auto* const text = findChild<QPlainTextEdit*>();
     if (!text) letScroll(*this);
     binder_ = std::make_unique<Binder>(*this, panel_, act_);
@@ -58,10 +59,9 @@ PanelWindow::PanelWindow(Panel panel, Binder::Act act, const DialogRunner& run)
 }
 
 void PanelWindow::showResult(const RunResult& result) {
-    auto* const line = findChild<QLabel*>("result");
-    if (!line) return;
-    line->setText(shown(summaryOf(result)));
-    line->setToolTip(line->text());  // it may be longer than the row
+    if (!result_) return;
+    result_->setText(shown(summaryOf(result)));
+    result_->setToolTip(result_->text());  // it may be longer than the row
 }
 
 void PanelWindow::enlargeHeadings() {
@@ -77,6 +77,7 @@ void PanelWindow::refresh() {
     QWidget* const focused = focusWidget();
     const QPushButton* const run = defaultButton(*this);
     const bool couldRun = !run || run->isEnabled();
+    if (result_ && panel_.busy()) result_->clear();
     // Where one part takes the place of another both would be there for a moment, and the window would grow.
     contents_->setEnabled(false);
     binder_->refresh();

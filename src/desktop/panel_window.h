@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QMainWindow>
 #include <memory>
 
@@ -50,6 +51,7 @@ class PanelWindow : public QMainWindow {
     bool turnTab(const QKeyEvent& event);
     void pressReturn();
 
+    QLabel* result_ = nullptr;  // what became of the last run; not every form has it
     Panel panel_;
     Binder::Act act_;
     std::unique_ptr<Binder> binder_;

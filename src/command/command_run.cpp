@@ -294,9 +294,9 @@ bool mayHoldResults(const std::string& nativePath) {
     if (nativePath.empty()) return true;
     const auto path = files().fromNative(nativePath);
     const auto info = path ? files().info(*path) : std::nullopt;
-    std::string first;
-    if (info && !info->folder) std::ignore = files().read(*path, first, 1);
-    return path && (!info || (!info->folder && (info->length == 0 || first == "{")));
+    std::string start;
+    if (info && !info->folder) std::ignore = files().read(*path, start, startOfResults.size());
+    return path && (!info || (!info->folder && (info->length == 0 || start == startOfResults)));
 }
 
 /// Writes the results where a file for them was asked for.

@@ -142,7 +142,8 @@ PageEnd PageUpdateRun::processPage(const PageInRun& page) {
 
 void runOverPages(RunView& view, const RunPlan& plan, ToolRun& tool) {
     Report report(inProgramFolder(plan.report));
-    if (const FileError fault = report.open(); fault != FileError::none) {
+    const bool hasReport = !plan.report.empty();
+    if (const FileError fault = hasReport ? report.open() : FileError::none; fault != FileError::none) {
         noteRefusedRun(plan.tool, "the report could not be opened for output");
         return plan.tellNoReport(report.path(), fault);
     }
@@ -158,6 +159,7 @@ void runOverPages(RunView& view, const RunPlan& plan, ToolRun& tool) {
     }
     run.endLoop();
     const ReportEnd end = tool.writeEnd(report, result);
+    if (!hasReport) return;
     writeFindings(report, result);
     finish(report, end);
 }

@@ -60,11 +60,11 @@ class PageUpdateRun : public ToolRun {
 
 /// How one run differs from the others.
 struct RunPlan {
-    std::string tool;                // the panel's name without frm
-    std::vector<std::string> pages;  // whole paths
-    std::string report;              // its name in the program's folder
+    std::string tool = {};                // the panel's name without frm
+    std::vector<std::string> pages = {};  // whole paths
+    std::string report = {};  // its name in the program's folder; without one the tool tells the end itself
     /// The report cannot be opened. Where this comes back the run is refused.
-    std::function<void(const std::string& path, FileError fault)> tellNoReport;
+    std::function<void(const std::string& path, FileError fault)> tellNoReport = {};
     bool changesPages = false;
     bool backup = false;          // taken of each page before it is read, where its form takes one
     const char* idleStatus = "";  // what the panel shows instead of a file's number between runs

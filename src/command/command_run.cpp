@@ -54,6 +54,7 @@ constexpr std::size_t kindColumn = 10;
 void listPanel(Panel& panel, std::ostream& out) {
     out << panel.name << " - " << toUtf8(panel.caption) << "\n\nFields:\n";
     for (const Field& field : panel.fields) {
+        if (!field.visible()) continue;
         out << "  " << padRight(field.name, nameColumn) << padRight(field.kindName(), kindColumn)
             << (panel.isEnabled(field) && !field.isReadOnly() ? "" : "(read only) ")
             << onOneLine(field.text()) << '\n';
@@ -63,11 +64,11 @@ void listPanel(Panel& panel, std::ostream& out) {
     }
     out << "\nCommands:\n";
     for (const Command& command : panel.commands) {
+        if (!command.visible()) continue;
         std::string caption = command.caption();
         std::erase(caption, '&');
         out << "  " << padRight(command.name, nameColumn) << toUtf8(caption)
-            << (command.visible() && panel.isEnabled(command) ? "" : " (disabled)")
-            << (command.checked() ? " (checked)" : "")
+            << (panel.isEnabled(command) ? "" : " (disabled)") << (command.checked() ? " (checked)" : "")
             << (command.name == panel.runCommand ? " (default)" : "") << '\n';
         if (const std::string tip = command.toolTip(); !tip.empty())
             out << std::string(2 + nameColumn, ' ') << onOneLine(tip) << '\n';

@@ -114,7 +114,7 @@ void Binder::bindField(Field& field) {
         for (QWidget* const each : together) {
             each->setVisible(field.visible() && isUp(field));
             // A frame's caption says nothing about what is in it.
-            if (!qobject_cast<QGroupBox*>(each)) each->setEnabled(panel_.isEnabled(field));
+            if (!qobject_cast<QGroupBox*>(each)) each->setEnabled(panel_.isOffered(field));
         }
         // The tip of a tab strip is that of its tabs: what is on a page would show it as its own.
         auto* const tabs = qobject_cast<QTabWidget*>(widget);
@@ -172,7 +172,7 @@ void Binder::bindRow(Field& field, const RowKind& row) {
         connect(button, &QAbstractButton::clicked, this,
                 [this, &field, number] { set(field.name, plain(number)); });
         refreshers_.push_back([this, &field, &row, button, number] {
-            button->setEnabled(panel_.isEnabled(field));
+            button->setEnabled(panel_.isOffered(field));
             if (*row.value == number) button->setChecked(true);
         });
     }

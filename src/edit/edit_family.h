@@ -39,7 +39,7 @@ class FamilyRun {
     /// Changes the items in the table, and counts each change by `countChange`.
     virtual void updateFile(const PageInRun& page) = 0;
     /// Its lines behind the last file.
-    virtual void writeCounters(Report& report, const RunResult& result) const = 0;
+    virtual void writeCounters(Report&, const RunResult&) const {}
 };
 
 /// One family of edits.
@@ -48,14 +48,16 @@ struct Family {
     /// The controls of its options, and its buttons.
     std::vector<Field> (*fields)();
     std::vector<Command> (*commands)() = nullptr;
-    /// Gives its options their first values.
-    void (*reset)();
+    /// Gives its options their first values; null without any.
+    void (*reset)() = nullptr;
+    /// Takes over what it shows of the project's settings when the panel is loaded.
+    void (*load)() = nullptr;
     /// True when it is the one that is chosen on its page; null where it is the only one.
     bool (*isChosen)() = nullptr;
     /// False, and told why, when a run with these options makes no sense.
     bool (*mayRun)() = nullptr;
     /// Null for a family that has buttons only.
-    std::unique_ptr<FamilyRun> (*begin)();
+    std::unique_ptr<FamilyRun> (*begin)() = nullptr;
 };
 
 std::span<const Family* const> families();

@@ -17,38 +17,74 @@ Edit editing;
 namespace {
 
 constexpr const char* toolName = "edit";
+constexpr const char* reportName = "TULEDIT.PRN";
 constexpr std::string_view hyphens = "----";
 constexpr ToolForm editForm = {.countsCharacters = true};
 
 class EditRun : public PageUpdateRun {
   public:
-    EditRun(std::string title, FamilyRuns families)
+    explicit EditRun(FamilyRuns families)
         : PageUpdateRun(editForm, editing.chkEditBackup ? Rewrite::always : Rewrite::ifChanged),
-          title_(std::move(title)),
           families_(std::move(families)) {}
-
-    void writeHead(Report& report) override;
-    ReportEnd writeEnd(Report& report, const RunResult& result) override;
 
   protected:
     void updatePage(const PageInRun& page) override {
         for (const auto& family : families_) family->updateFile(page);
     }
 
-  private:
-    std::string title_;
     FamilyRuns families_;
 };
 
-void EditRun::writeHead(Report& report) {
-    const std::size_t width = std::max(selection.LongestName.size(), hyphens.size());
-    report.line(title_ + " " + dateAndTime());
-    report.line(" ");
-    report.line(padRight("File", width));
-    report.line(padRight(hyphens, width, '-'));
+class ReportedRun : public EditRun {
+  public:
+    ReportedRun(std::string title, FamilyRuns families)
+        : EditRun(std::move(families)), title_(std::move(title)) {}
+
+    void writeHead(Report& report) override;
+    ReportEnd writeEnd(Report& report, const RunResult& result) override;
+
+  private:
+    std::string title_;
+};
+
+class ToldRun : public EditRun {
+  public:
+    ToldRun(std::string label, FamilyRuns families)
+        : EditRun(std::move(families)), label_(std::move(label)) {}
+
+    void writeHead(Report&) override {}
+    ReportEnd writeEnd(Report& report, const RunResult& result) override;
+
+  private:
+    std::string label_;
+};
+
+void start(ToolRun& run, RunPlan plan) {
+    const WaitingPointer pointer;
+    plan.tool = toolName;
+    plan.tellNoReport = [](const std::string& path, FileError) {
+        endWith("Failed to open " + path + " for output");
+    };
+    plan.backup = plan.changesPages && editing.chkEditBackup;
+    plan.idleStatus = idleStatus;
+    runOverPages(editing.view, plan, run);
 }
 
-ReportEnd EditRun::writeEnd(Report& report, const RunResult& result) {
+void ReportedRun::writeHead(Report& report) {
+    report.line(title_ + " " + dateAndTime());
+    report.line(" ");
+    writeColumnHead(report);
+}
+
+ReportEnd ToldRun::writeEnd(Report&, const RunResult& result) {
+    editing.view.file.clear();
+    std::string text = label_ + plain(result.changes());
+    for (const std::string& line : findingsOf(result)) text += std::string(CrLf) + line;
+    MsgBox(text);
+    return ReportEnd::remove;
+}
+
+ReportEnd ReportedRun::writeEnd(Report& report, const RunResult& result) {
     editing.view.file.clear();
     report.line(" ");
     for (const auto& family : families_) family->writeCounters(report, result);
@@ -57,10 +93,8 @@ ReportEnd EditRun::writeEnd(Report& report, const RunResult& result) {
     return ReportEnd::show;
 }
 
-/// The pages that have buttons only: a run reads and writes the files as they are.
-bool hasButtonsOnly(int tab) { return tab == tabFont || tab == tabSpecial; }
-
-/// The families of a page that are chosen on it. False where there are some, and none of them is.
+/// The families of a page that are chosen on it. False where there are some, and none of them is; a page that
+/// has buttons only reads and writes the files as they are.
 bool findChosen(int tab, std::vector<const Family*>& chosen) {
     bool hasFamilies = false;
     for (const Family* family : families()) {
@@ -71,10 +105,7 @@ bool findChosen(int tab, std::vector<const Family*>& chosen) {
     return !hasFamilies || !chosen.empty();
 }
 
-/// Why the page in front cannot be run, told where it is not obvious.
 bool mayRun(const std::vector<const Family*>& chosen) {
-    if (chosen.empty() && !hasButtonsOnly(editing.tabEdit))
-        return refuse("This version has no edits for this tab yet. No file was touched.");
     return std::all_of(chosen.begin(), chosen.end(),
                        [](const Family* family) { return !family->mayRun || family->mayRun(); });
 }
@@ -89,23 +120,46 @@ std::vector<std::string> tabNames() {
 void resetEdit() {
     editing = {};
     bracketSettings = {};
-    for (const Family* family : families()) family->reset();
+    for (const Family* family : families())
+        if (family->reset) family->reset();
+}
+
+void runReport(ToolRun& run, std::vector<std::string> pages) {
+    start(run, {.pages = std::move(pages), .report = reportName});
 }
 
 void runFamilies(const std::string& title, FamilyRuns families) {
     ReadNamesFile();
-    EditRun run(title, std::move(families));
-    runOverPages(editing.view,
-                 {.tool = toolName,
-                  .pages = selectedPages(),
-                  .report = "TULEDIT.PRN",
-                  .tellNoReport = [](const std::string& path,
-                                     FileError) { endWith("Failed to open " + path + " for output"); },
-                  .changesPages = true,
-                  .backup = editing.chkEditBackup,
-                  .idleStatus = idleStatus},
-                 run);
+    ReportedRun run(title, std::move(families));
+    start(run, {.pages = selectedPages(), .report = reportName, .changesPages = true});
 }
+
+void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family) {
+    ReadNamesFile();
+    FamilyRuns families;
+    families.push_back(std::move(family));
+    ToldRun run(label, std::move(families));
+    start(run, {.pages = selectedPages(), .changesPages = true});
+}
+
+void writeColumnHead(Report& report) {
+    const std::size_t width = std::max(selection.LongestName.size(), hyphens.size());
+    report.line(padRight("File", width));
+    report.line(padRight(hyphens, width, '-'));
+}
+
+Command onSelection(std::string name, std::string caption, void (*run)()) {
+    return {.name = std::move(name), .caption = std::move(caption), .run = run, .enabled = [] {
+                return selection.SelectionValid;
+            }};
+}
+
+Command forDevelopers(Command command) {
+    command.visible = [] { return identity.DeveloperMode; };
+    return command;
+}
+
+bool showsHideable() { return identity.DeveloperMode && !editing.hidesButtons; }
 
 void cmdEditRun() {
     std::vector<const Family*> chosen;
@@ -114,7 +168,6 @@ void cmdEditRun() {
         if (runResults.size() == before) noteRefusedRun(toolName);  // without a word
         return;
     }
-    const WaitingPointer pointer;
     FamilyRuns runs;
     for (const Family* family : chosen) runs.push_back(family->begin());
     runFamilies("TUL Edit run", std::move(runs));

@@ -21,6 +21,7 @@ inline constexpr const char* idleStatus = "File being processed";
 struct Edit {
     int tabEdit = tabClef;
     bool chkEditBackup = true;  // otherwise only files that were changed are written
+    bool hidesButtons = false;  // some of the developer's, since a click on the background
     RunView view{.status = idleStatus};
 };
 extern Edit editing;
@@ -35,6 +36,28 @@ using FamilyRuns = std::vector<std::unique_ptr<FamilyRun>>;
 /// Reads the selection anew, takes each file through reading, the families' changes and writing, writes the
 /// report, which begins with `title`, shows it and deletes it.
 void runFamilies(const std::string& title, FamilyRuns families);
+/// The same for a button whose family has a report of its own.
+template <class Run>
+void runWithReport(const std::string& title) {
+    FamilyRuns families;
+    families.push_back(std::make_unique<Run>());
+    runFamilies(title, std::move(families));
+}
+/// The same without a report: at the end a message of `label`, how much was changed, and what is to be known
+/// of single pages.
+void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family);
+
+/// A run of another kind over some of the selection, with a report of the same name, shown and deleted.
+void runReport(ToolRun& run, std::vector<std::string> pages);
+/// "File" and hyphens, as wide as the longest name.
+void writeColumnHead(Report& report);
+
+/// The run of a button, which needs a selection.
+Command onSelection(std::string name, std::string caption, void (*run)());
+/// A button that only a developer sees.
+Command forDevelopers(Command command);
+/// True as long as those buttons are shown that a developer can hide.
+bool showsHideable();
 
 /// True when the user has ended the run at the current file, which is then not written.
 inline bool isCancelled() { return editing.view.control.isAbandoned(); }

@@ -10,6 +10,7 @@
 #include "base/numbers.h"
 #include "centre/project_options.h"
 #include "edit/edit_profile.h"
+#include "edit/edit_run.h"
 #include "shared/key_value_file.h"
 #include "shared/records.h"
 
@@ -26,7 +27,6 @@ struct Shown {
     std::string txtLJfontName;
     std::string txtLJsize;
     std::string cmdLHfingersTip;
-    bool hidesButtons = false;  // those that a click on the background hides from the developer
 };
 Shown shown;
 
@@ -177,7 +177,7 @@ bool isAmong(Names names, std::string_view name) {
 }
 
 Live<bool> visibilityOf(std::string_view name) {
-    if (isAmong(hideable, name)) return [] { return identity.DeveloperMode && !shown.hidesButtons; };
+    if (isAmong(hideable, name)) return edit::showsHideable;
     if (isAmong(developers, name)) return [] { return identity.DeveloperMode; };
     return true;
 }
@@ -235,10 +235,6 @@ std::vector<Command> laterCommands() {
                             .enabled = false,
                             .toolTip = tipOf(later),
                             .visible = visibilityOf(later.name)});
-    commands.push_back({.name = "frmEditClick",
-                        .caption = "Click on the background: hide the developer's buttons",
-                        .run = [] { shown.hidesButtons = true; },
-                        .enabled = [] { return identity.DeveloperMode; }});
     return commands;
 }
 

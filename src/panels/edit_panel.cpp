@@ -1,5 +1,6 @@
 #include "panels/edit_panel.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/append.h"
@@ -36,7 +37,10 @@ std::vector<Field> fields() {
         shownField("txtEditFile", editing.view.file),
     };
     for (const edit::Family* family : edit::families()) append(all, family->fields());
-    append(all, editlater::laterFields());
+    for (Field& field : editlater::laterFields())
+        if (std::none_of(all.begin(), all.end(),
+                         [&](const Field& known) { return known.name == field.name; }))
+            all.push_back(std::move(field));
     return all;
 }
 
@@ -46,11 +50,18 @@ std::vector<Command> commands() {
          .caption = "TulEdit2",
          .run = [] { ShellAndWait(inProgramFolder("TULEDIT2.EXE")); },
          .visible = [] { return identity.DeveloperMode; }},
+        {.name = "frmEditClick",
+         .caption = "Click on the background: hide the developer's buttons",
+         .run = [] { editing.hidesButtons = true; },
+         .visible = [] { return identity.DeveloperMode; }},
         {.name = "lblViewTulEditProfileClick", .caption = "View profile", .run = edit::viewTulEditProfile},
     };
     for (const edit::Family* family : edit::families())
         if (family->commands) append(all, family->commands());
-    append(all, editlater::laterCommands());
+    for (Command& command : editlater::laterCommands())
+        if (std::none_of(all.begin(), all.end(),
+                         [&](const Command& known) { return known.name == command.name; }))
+            all.push_back(std::move(command));
     return all;
 }
 
@@ -79,7 +90,10 @@ Panel describeEditPanel() {
         .commands = commands(),
         .load =
             [] {
+                editing.hidesButtons = false;
                 edit::loadTulEditProfile();
+                for (const edit::Family* family : edit::families())
+                    if (family->load) family->load();
                 editlater::showProjectSettings();
             },
         .selectionChanged = showSelection,

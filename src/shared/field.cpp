@@ -154,6 +154,11 @@ Field onlyIf(Field field, std::function<bool()> condition) {
     return field;
 }
 
+Field readIf(Field field, std::function<bool()> condition) {
+    field.isRead = std::move(condition);
+    return field;
+}
+
 Field shownIf(Field field, std::function<bool()> condition) {
     field.visible = std::move(condition);
     return field;

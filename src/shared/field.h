@@ -130,6 +130,9 @@ struct Field {
 
     Live<std::string> prompt = std::string();  // of the input box; of a list what is chosen in it
     Live<bool> enabled = true;                 // by the tool's own rules; a busy panel disables it as well
+    /// What is chosen looks at it. A window disables what is not read; it can be set all the same, so that a
+    /// command line need not know an order.
+    Live<bool> isRead = true;
     Live<bool> visible = true;
     Live<std::string> toolTip = std::string();
     std::function<void()> changed = {};  // what follows when a value was taken
@@ -164,6 +167,8 @@ Field progressField(std::string name, const Progress& value);
 
 /// The same field, enabled only as long as `condition` holds.
 Field onlyIf(Field field, std::function<bool()> condition);
+/// The same field, read only as long as `condition` holds.
+Field readIf(Field field, std::function<bool()> condition);
 /// The same field, there only as long as `condition` holds.
 Field shownIf(Field field, std::function<bool()> condition);
 Field withTip(Field field, Live<std::string> toolTip);

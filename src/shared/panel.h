@@ -56,6 +56,8 @@ class Panel {
 
     /// As a face shows it now. What is read only stands as it is while the panel is busy.
     bool isEnabled(const Field& field) const { return field.enabled() && (!busy() || field.isReadOnly()); }
+    /// The same for a face with controls that can be looked at: what nothing reads looks disabled.
+    bool isOffered(const Field& field) const { return isEnabled(field) && field.isRead(); }
     bool isEnabled(const Command& command) const {
         return command.enabled() && (!busy() || command.whileBusy);
     }

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "music/items.h"
+
+/// What the parameters of notes, rests and beams say. A parameter that is no number says nothing: no stem, no
+/// accidental, and no height that could be compared.
+namespace tul {
+
+enum class Stem { none, up, down };
+
+/// The tens of a parameter, of its whole part without the sign: below 1 none, 1 up, 2 and above down.
+[[nodiscard]] Stem stemIn(float par);
+[[nodiscard]] inline Stem stemOf(ItemPars note) { return stemIn(note[par::noteStem]); }
+
+/// The accidental by number; 4 is the double flat.
+[[nodiscard]] int accidentalOf(ItemPars note);
+/// Flags on the stem.
+[[nodiscard]] int flagsOf(ItemPars note);
+/// Augmentation dots: the last two digits by ten, to nearest, ties to even.
+[[nodiscard]] int dotsOf(ItemPars note);
+
+/// Staff steps without the hundreds that make a mini note: a whole number from -99 to 99.
+[[nodiscard]] float stepOf(ItemPars item);
+
+/// The note on a staff that is nearest to a position, of those not left of `from`, the first of several as
+/// near, by its row; 0 where there is none within 999.
+[[nodiscard]] int nearestNote(float staff, float position, float from);
+
+}  // namespace tul

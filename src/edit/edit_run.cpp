@@ -185,6 +185,18 @@ bool isConfirmed(const std::string& question) {
 
 std::string itemNumberLine(int item) { return "Item number:" + str(item) + std::string(CrLf); }
 
+bool hasRoom(const PageInRun& page, const std::string& addition) {
+    if (musItemTable.itemCount < MusItemTable::capacity) return true;
+    MsgBox("MUS file too big to add " + addition + ":" + page.result.path);
+    page.result.reason = "no room for more items";
+    return false;
+}
+
+std::string keepInstead(std::string kept, const std::string& message) {
+    MsgBox(message, Buttons::ok, Icon::exclamation);
+    return kept;
+}
+
 bool refuse(const std::string& text) {
     refuseRun(toolName, text);
     return false;

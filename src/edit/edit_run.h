@@ -76,6 +76,13 @@ bool isConfirmed(const std::string& question);
 /// The line of a question that names the item; they count from 1.
 std::string itemNumberLine(int item);
 
+/// True when the table takes one more item. Otherwise tells that the file is too big to add it, and notes
+/// that in the page's result.
+[[nodiscard]] bool hasRoom(const PageInRun& page, const std::string& addition);
+
+/// Tells what is wrong with a text that was typed into a field, and gives back what the field keeps.
+std::string keepInstead(std::string kept, const std::string& message);
+
 /// Tells that the options do not fit, so that the run does not begin. Always false.
 bool refuse(const std::string& text);
 

@@ -38,7 +38,9 @@ inline constexpr int noteFlags = 9;  // tens: dots; ones: flags
 inline constexpr int noteShift = 10;
 inline constexpr int noteSize = 15;
 
-inline constexpr int restForm = 5;  // -2 and below: for whole bars
+inline constexpr int restForm = 5;    // -2 and below: for whole bars
+inline constexpr int restBars = 8;    // that the rest stands for
+inline constexpr int restCentre = 9;  // or its right end; 0 where it has none of its own
 inline constexpr int clefForm = 5;
 
 inline constexpr int endHeight = 5;    // of a line, slur or beam at its right end
@@ -48,7 +50,7 @@ inline constexpr int slurKind = 8;
 inline constexpr int slurThickness = 13;
 
 inline constexpr int staffSize = 5;
-inline constexpr int instrument = 9;
+inline constexpr int instrument = 9;  // its id, 0 to 9999.999; 0 is none
 
 inline constexpr int symbolNumber = 5;
 inline constexpr int symbolSize = 6;

@@ -1,9 +1,9 @@
 
-#include "edit/edit_run.h"
 #include "edit/general_edit.h"
+#include "edit/plate_numbers.h"
 #include "edit/text_fonts.h"
 #include "edit/text_search.h"
-#include "support/test.h"
+#include "support/edit_test.h"
 
 namespace tul::edit {
 namespace {
@@ -48,16 +48,12 @@ TEST_F(EditFields, KeepFontsSizesAndStrings) {
 
 // --- Items
 
-class TextEdit : public HostTest {
+class TextEdit : public EditTest {
   protected:
     static void add(float code, const std::string& text, float par6 = 1, float par7 = 0) {
         addItem({code, 0, 0, 0, 0, par6, par7}, text);
     }
-    void run(const Family& family) {
-        Report unwritten("");
-        pipeline.page = {.path = "C:\\PAGE.MUS"};
-        family.begin()->updateFile({1, pipeline.page, unwritten});
-    }
+    void run(const Family& family) { reportOf(family); }
     /// What becomes of one text; "gone" when it is deleted.
     std::string search(const std::string& text, const std::string& string1, const std::string& string2) {
         musItemTable.itemCount = 0;
@@ -77,7 +73,6 @@ class TextEdit : public HostTest {
         run(textFontsFamily);
         return musItemTable[1].text;
     }
-    static std::int64_t changes() { return pipeline.page.changes; }
 };
 
 TEST_F(TextEdit, ReplacesBehindTheFontPrefix) {
@@ -270,6 +265,62 @@ TEST_F(TextEdit, DeletesByFontAndEndOfText) {
         << "asked once in a run";
     host.answers = {Answer::no};
     EXPECT_EQ(host.fatal([&] { deleted(); }), "TUL needs to close after selecting NO to this prompt.");
+}
+
+// --- Plate numbers
+
+class PlateEdit : public EditTest {
+  protected:
+    PlateEdit() {
+        projectSettings.PlateNumber = "1234 ";
+        projectSettings.PlateNumberFont = "_00";
+        projectSettings.PlateNumberSize = ".8";
+        plateNumbers.optEditGeneratePlate = true;
+        plateNumbers.txtEditGeneratePlateMid = "92.5";
+        plateNumbers.txtEditGeneratePlateRight = "190";
+        plateNumbers.txtEditGenerateVertical = "-12";
+    }
+};
+
+TEST_F(PlateEdit, ReplacesThePlateNumberThatStandsThere) {
+    fill("16 3 40.5_001234|16 3_011234|16 3_0012345");
+    EXPECT_EQ(reportOf(plateNumbersFamily),
+              lines("Removed existing plate number irrespective of size before generating new one. "
+                    "Staff= 3, horz= 40.5, string=_001234|"
+                    "Number of plate numbers generated . . . . . 1   _001234 "));
+    EXPECT_EQ(table(), "999 3 40.5_001234|16 3_011234|16 3_0012345|16 1 92.5 -12 1 0.8_001234 ");
+    EXPECT_EQ(changes(), 2);
+}
+
+TEST_F(PlateEdit, OddPagesHaveItAtTheRight) {
+    plateNumbers.optEditPlateCenter = false;
+    plateNumbers.optEditPlateSides = true;
+    for (const auto& [page, position] : {std::pair{"C:\\A1\\P23.MUS", "190"},
+                                         {"C:\\A1\\P32.MUS", "0"},
+                                         {"C:\\A1\\P.MUS", "0"},
+                                         {"C:\\A1\\P2.MU7", "190"}}) {
+        fill("");
+        reportOf(plateNumbersFamily, page);
+        EXPECT_EQ(table(), std::string("16 1 ") + position + " -12 1 0.8_001234 ") << page;
+    }
+}
+
+TEST_F(PlateEdit, AFullPageIsToldAndWrittenAsItStands) {
+    fill("16 1_001234");
+    while (musItemTable.itemCount < 2000) addItem({8, 1});
+    EXPECT_TRUE(contains(reportOf(plateNumbersFamily), "generated . . . . . 0   "));
+    EXPECT_EQ(host.messages, Texts{"MUS file too big to add plate number:C:\\PAGE.MUS"});
+    EXPECT_EQ(changes(), 1);
+}
+
+TEST_F(PlateEdit, ChecksItsOptions) {
+    textSearch.optEditSearch = false;
+    projectSettings.PlateNumber = " ";
+    EXPECT_EQ(refusal(tabText), Texts{"No plate number is set. Enter it in the Global Options."});
+    plateNumbers.txtEditGeneratePlateMid = "";
+    EXPECT_EQ(refusal(tabText), Texts{"Mid position must be specified."});
+    EXPECT_EQ(keepPlatePosition("300", "") + keepPlatePosition("300.1", "present"), "300present");
+    EXPECT_EQ(keepPlateHeight("-100", "") + keepPlateHeight("low", "present"), "-100present");
 }
 
 }  // namespace

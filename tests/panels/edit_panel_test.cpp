@@ -82,13 +82,13 @@ TEST_F(EditPanelTest, ConditionsAreFilledFromFieldsAndLists) {
 }
 
 TEST_F(EditPanelTest, ControlsOfLaterEditsAreDisabled) {
-    for (const char* field : {"optEditGeneratePlate", "txtClefAlign", "Text1_5", "txtEditBarUp_7",
-                              "chkAutOff", "txtRVBheight", "optLyricsZero"}) {
+    for (const char* field :
+         {"optEditGeneratePlate", "txtClefAlign", "Text1_5", "chkAutOff", "txtRVBheight", "optLyricsZero"}) {
         EXPECT_FALSE(isEnabled(field)) << field;
         EXPECT_EQ(panel.set(field, "1"), PanelAnswer::disabled) << field;
         EXPECT_FALSE(panel.field(field)->toolTip().empty()) << field;
     }
-    for (const char* command : {"cmdDiscover", "cmdHalve", "cmdMarlo", "cmdRunDeleteItem"})
+    for (const char* command : {"cmdHalve", "cmdMarlo", "cmdRunDeleteItem"})
         EXPECT_EQ(panel.press(command), PanelAnswer::disabled) << command;
     EXPECT_EQ(panel.press("cmdEdit2"), PanelAnswer::disabled);
     identity.DeveloperMode = true;

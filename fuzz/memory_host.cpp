@@ -56,7 +56,9 @@ FileError MemoryHost::copy(const std::string& from, const std::string& to) {
 
 Answer MemoryHost::msgBox(const Message& message) {
     if (message.buttons == Buttons::ok) return Answer::ok;
-    const bool refuses = !refusals.empty() && (refusals[questions++ % refusals.size()] & 1) != 0;
+    const int answer = refusals.empty() ? 0 : refusals[questions++ % refusals.size()];
+    const bool refuses = (answer & 1) != 0;
+    if (message.buttons == Buttons::yesNoCancel && (answer & 2) != 0) return Answer::cancel;
     if (message.buttons == Buttons::okCancel) return refuses ? Answer::cancel : Answer::ok;
     return refuses ? Answer::no : Answer::yes;
 }

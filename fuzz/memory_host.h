@@ -32,7 +32,9 @@ class MemoryHost : public Files,
     std::vector<std::string> layOutPage(const std::string& bytes);
 
     std::map<std::string, std::string> contents;  // by path
-    std::string refusals;  // a byte a question, again and again: an odd one refuses; empty refuses nothing
+    /// A byte a question, again and again: an odd one refuses, and 2 cancels where that can be said; empty
+    /// refuses nothing.
+    std::string refusals;
 
     std::string currentFolder() const override { return "Z:\\HOME"; }
     bool changeFolder(const std::string&) override { return true; }

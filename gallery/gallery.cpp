@@ -119,6 +119,13 @@ void takeStates(PanelWindow& window, Gallery& gallery) {
         for (const auto& [field, value] : slursThinnerThan) window.panel().set(field, value);
         window.refresh();
         gallery.take(window, "frmEdit-example");
+        identity.DeveloperMode = true;
+        window.refresh();
+        for (const int page : {4, 13}) {
+            window.findChild<QTabWidget*>()->setCurrentIndex(page);
+            gallery.take(window, QString("frmEdit-developer-%1").arg(page));
+        }
+        identity.DeveloperMode = false;
     }
 }
 

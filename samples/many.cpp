@@ -39,6 +39,8 @@ class StaffFiller {
         const int kind = dice_.below(10);
         if (kind == 0) {
             page_.item({2, staff_, x, 0, 0, 0, 1});
+        } else if (kind == 1) {
+            twoVoices(x);
         } else if (kind < 4) {
             note(x, 1, 0);
         } else {
@@ -56,6 +58,11 @@ class StaffFiller {
         const double accidental = dice_.below(8) == 0 ? 2 : 0;
         const double dots = duration == 1 && dice_.below(4) == 0 ? 10 : 0;
         page_.item({1, staff_, x, step_, stem + accidental, 0, duration, stemExtension, dots});
+    }
+    // The lower voice may reach above the upper one.
+    void twoVoices(double x) {
+        page_.item({1, staff_, x, step_, 10, 0, 1, 0, dice_.below(3) == 0 ? 10.0 : 0.0});
+        page_.item({1, staff_, x, step_ - 3 + dice_.below(5), 20, 0, 1});
     }
     void pair(double x, double next) {
         const double left = step_;

@@ -83,6 +83,7 @@ bool isBackground(const QWidget& widget, const QMouseEvent& event) {
 Binder::Binder(QWidget& form, Panel& panel, Act act) : form_(form), panel_(panel), act_(std::move(act)) {
     for (Field& field : panel_.fields) bindField(field);
     for (Command& command : panel_.commands) bindCommand(command);
+    for (QGroupBox* const frame : form_.findChildren<QGroupBox*>()) bindFrame(*frame);
     findUnknownControls();
     if (!panel_.takeFiles) return;
     form_.setAcceptDrops(true);
@@ -339,6 +340,21 @@ void Binder::disableEmptyMenus() {
             return entry->isEnabled() && !entry->isSeparator();
         }));
     }
+}
+
+/// A frame whose controls are all hidden goes with them. One without controls, or with a field of its own,
+/// stays as it is.
+void Binder::bindFrame(QGroupBox& frame) {
+    QList<const QWidget*> controls;
+    for (const QWidget* const widget : frame.findChildren<QWidget*>())
+        if (bound_.contains(widget->objectName())) controls << widget;
+    if (controls.isEmpty() || bound_.contains(frame.objectName())) return;
+    refreshers_.push_back([&frame, controls, wasEmpty = false]() mutable {
+        const bool isEmpty = std::all_of(controls.begin(), controls.end(),
+                                         [](const QWidget* control) { return control->isHidden(); });
+        if (isEmpty != wasEmpty) frame.setVisible(!isEmpty);
+        wasEmpty = isEmpty;
+    });
 }
 
 void Binder::findUnknownControls() {

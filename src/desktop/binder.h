@@ -14,6 +14,7 @@ class QAction;
 class QButtonGroup;
 class QComboBox;
 class QEvent;
+class QGroupBox;
 class QLineEdit;
 class QListWidget;
 class QWidget;
@@ -60,6 +61,7 @@ class Binder : public QObject {
     void markDrop(bool on);
     void tellOtherKind(const QWidget& widget);
     void disableEmptyMenus();
+    void bindFrame(QGroupBox& frame);
     void findUnknownControls();
 
     void set(const std::string& field, const std::string& value);

@@ -15,6 +15,7 @@
 #include "desktop/panel_window.h"
 #include "desktop/staff_picture.h"
 #include "panels/panel_list.h"
+#include "shared/records.h"
 #include "support/scripted_host.h"
 
 namespace tul::desktop {
@@ -131,6 +132,18 @@ TEST(Forms, NameWhatShowsNoTextOfItsOwn) {
     window.findChild<QLabel*>("labelOfPanPmxFloodRun")->setBuddy(nullptr);
     window.findChild<QPushButton*>("cmdPmxView")->setText({});
     EXPECT_EQ(namelessIn(window).join(" ").toStdString(), "cmdPmxView panPmxFileName panPmxFloodRun");
+}
+
+TEST(Forms, HideAFrameWithTheLastOfItsControls) {
+    ScriptedHost host;
+    PanelWindow window(findPanel("frmEdit")->make(), noAct, runModally);
+    window.show();
+    for (const bool isDeveloper : {false, true, false}) {
+        identity.DeveloperMode = isDeveloper;
+        window.refresh();
+        EXPECT_EQ(window.findChild<QWidget*>("fraEditHouseStyles")->isHidden(), !isDeveloper);
+        EXPECT_FALSE(window.findChild<QWidget*>("fraEditDelete")->isHidden());
+    }
 }
 
 /// What the user cannot reach or read: buttons and fields that are cut (on a page when they have the focus),

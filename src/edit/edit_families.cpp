@@ -1,5 +1,8 @@
 #include <array>
 
+#include "edit/barline_overlaps.h"
+#include "edit/barline_reports.h"
+#include "edit/barline_update.h"
 #include "edit/clefs.h"
 #include "edit/edit_family.h"
 #include "edit/fingers.h"
@@ -16,8 +19,10 @@ namespace tul::edit {
 
 std::span<const Family* const> families() {
     static constexpr std::array all = {
-        &clefsFamily,     &restsFamily,        &instrumentIdsFamily, &staffRemovalFamily, &textSearchFamily,
-        &textFontsFamily, &plateNumbersFamily, &fingersFamily,       &generalFamily,      &slursFamily,
+        &clefsFamily,         &restsFamily,          &instrumentIdsFamily,   &staffRemovalFamily,
+        &textSearchFamily,    &textFontsFamily,      &plateNumbersFamily,    &fingersFamily,
+        &barlineUpdateFamily, &barlineReportsFamily, &barlineOverlapsFamily, &generalFamily,
+        &slursFamily,
     };
     return all;
 }

@@ -19,7 +19,6 @@ namespace {
 constexpr const char* toolName = "edit";
 constexpr const char* reportName = "TULEDIT.PRN";
 constexpr std::string_view hyphens = "----";
-constexpr ToolForm editForm = {.countsCharacters = true};
 
 class EditRun : public PageUpdateRun {
   public:

@@ -26,6 +26,9 @@ struct Edit {
 };
 extern Edit editing;
 
+/// How the tool reads and writes a page.
+inline constexpr ToolForm editForm = {.countsCharacters = true};
+
 /// Gives the tool and all its families their first values.
 void resetEdit();
 

@@ -75,7 +75,9 @@ float markBarlines(const Parameters& staff) {
 void MusStoreBarFile(BarReader reader) {
     musItemTable.itemCount = 0;
     barTexts.clear();
+    pipeline.page.reading = Reading::broken;
     MusOpen(currentPath(), musReader.MusWordCount);
+    if (!musReader.isOpen) pipeline.page.reason = "could not be read";
     for (;;) {
         MusNextItem();
         if (musReader.MusReadState == musStructuralError) tellStructuralError();
@@ -84,6 +86,7 @@ void MusStoreBarFile(BarReader reader) {
         yieldToEvents();
         storeBarItem();
     }
+    pipeline.page.reading = readingSoFar();
     MusClose();
 }
 

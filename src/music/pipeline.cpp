@@ -46,8 +46,7 @@ bool hasLengthOfItsCount() {
 /// Appends the next item to the table. False at the end of the items, or where the structure breaks off.
 bool storeNextItem(const ToolForm& form) {
     MusNextItem();
-    if (musReader.MusReadState == musEndOfItems)
-        pipeline.page.reading = hasLengthOfItsCount() ? Reading::whole : Reading::broken;
+    if (musReader.MusReadState == musEndOfItems) pipeline.page.reading = readingSoFar();
     if (musReader.MusReadState == musStructuralError && form.loop == ItemLoop::common) tellStructuralError();
     if (musReader.MusReadState != musItemReady) return false;
     if (form.showsProgress) showReading();
@@ -135,6 +134,11 @@ void showActivity(const std::string& name) {
 void showReading() {
     if (musReader.MusWordCount == 0) throw IndexFault();
     if (pipeline.view) pipeline.view->inFile.percent = musProgress();
+}
+
+Reading readingSoFar() {
+    const bool atEnd = musReader.MusReadState == musEndOfItems;
+    return atEnd && hasLengthOfItsCount() ? Reading::whole : Reading::broken;
 }
 
 void storeFile(const ToolForm& form) {

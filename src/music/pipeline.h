@@ -60,6 +60,9 @@ void writeFile(const ToolForm& form);
 /// writing of a page leaves behind, has no share that could be read: `IndexFault`.
 void showReading();
 
+/// How far the reader has come with the current file: to its end, and where its word count says, or not.
+[[nodiscard]] Reading readingSoFar();
+
 /// Runs one step of a file. A failed index abandons the step, and the run goes on with the next one. False
 /// where that happened: what the step did so far stands.
 template <class Step>

@@ -62,6 +62,9 @@ struct Family {
 
 std::span<const Family* const> families();
 
+/// For a family that has buttons only.
+inline std::vector<Field> noFields() { return {}; }
+
 /// For a family's `begin`.
 template <class Run>
 std::unique_ptr<FamilyRun> beginRun() {

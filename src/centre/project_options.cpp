@@ -66,6 +66,7 @@ const SharedOptions sharedOptions = {
     {"PLATENUMBER", asRead(&ProjectSettings::PlateNumber)},
     {"PLATENUMBERFONT", asRead(&ProjectSettings::PlateNumberFont)},
     {"PLATENUMBERSIZE", asRead(&ProjectSettings::PlateNumberSize)},
+    {"FINGERSIZELH", asRead(&ProjectSettings::FingerSizeLH)},
     {"STAFFRANGE", rounded(&ProjectSettings::StaffRange)},
     {"PANELPREFERENCE", rounded(&ProjectSettings::PanelPreference)},
     {"BYPASSDECIMALTEST", rounded(&ProjectSettings::BypassDecimalTest)},

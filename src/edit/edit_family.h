@@ -46,7 +46,7 @@ class FamilyRun {
 struct Family {
     int tab;
     /// The controls of its options, and its buttons.
-    std::vector<Field> (*fields)();
+    std::vector<Field> (*fields)() = nullptr;
     std::vector<Command> (*commands)() = nullptr;
     /// Gives its options their first values; null without any.
     void (*reset)() = nullptr;

@@ -141,6 +141,8 @@ void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family) {
     start(run, {.pages = selectedPages(), .changesPages = true});
 }
 
+void runOnPage(ToolRun& run, const std::string& path) { start(run, {.pages = {path}, .changesPages = true}); }
+
 void writeColumnHead(Report& report) {
     const std::size_t width = std::max(selection.LongestName.size(), hyphens.size());
     report.line(padRight("File", width));
@@ -151,6 +153,13 @@ Command onSelection(std::string name, std::string caption, void (*run)()) {
     return {.name = std::move(name), .caption = std::move(caption), .run = run, .enabled = [] {
                 return selection.SelectionValid;
             }};
+}
+
+bool isAgreed(const std::string& question, Buttons buttons) {
+    const Answer answer = MsgBox(question, buttons, Icon::question);
+    if (answer == Answer::yes || answer == Answer::ok) return true;
+    noteRefusedRun(toolName);  // by the answer, without a word
+    return false;
 }
 
 Command forDevelopers(Command command) {

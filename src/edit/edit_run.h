@@ -52,11 +52,15 @@ void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family);
 
 /// A run of another kind over some of the selection, with a report of the same name, shown and deleted.
 void runReport(ToolRun& run, std::vector<std::string> pages);
+/// A run of another kind that changes one page, selected or not, and tells its end itself.
+void runOnPage(ToolRun& run, const std::string& path);
 /// "File" and hyphens, as wide as the longest name.
 void writeColumnHead(Report& report);
 
 /// The run of a button, which needs a selection.
 Command onSelection(std::string name, std::string caption, void (*run)());
+/// Asks before the run of a button. Any answer but Yes or OK refuses it.
+bool isAgreed(const std::string& question, Buttons buttons);
 /// A button that only a developer sees.
 Command forDevelopers(Command command);
 /// True as long as those buttons are shown that a developer can hide.

@@ -45,6 +45,15 @@ inline bool samePlace(ItemPars item, ItemPars other, Margin margin) {
     return onSameStaff(item, other) && isNear(item[par::position], other[par::position], margin);
 }
 
+/// By staff, from left to right. Items whose staff or position is no number have no order.
+inline bool standsBefore(ItemPars item, ItemPars other) {
+    if (item[par::staff] != other[par::staff]) return item[par::staff] < other[par::staff];
+    return item[par::position] < other[par::position];
+}
+inline bool hasPlace(ItemPars item) {
+    return !std::isnan(item[par::staff]) && !std::isnan(item[par::position]);
+}
+
 /// The highest parameter that is not 0, of those up to `last`; 0 without one.
 inline int lastUsedPar(ItemPars item, int last = Parameters::count) {
     while (last > 0 && item[last] == 0.0F) --last;

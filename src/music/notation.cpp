@@ -1,6 +1,8 @@
 #include "music/notation.h"
 
+#include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace tul {
 
@@ -42,6 +44,35 @@ int nearestNote(float staff, float position, float from) {
         found = item;
     }
     return found;
+}
+
+BeamIndex::BeamIndex() {
+    for (int item = 1; item <= musItemTable.itemCount; ++item) {
+        const Parameters& pars = musItemTable[item].pars;
+        if (!isBeam(pars)) continue;
+        const Beam beam{.staff = pars[par::staff],
+                        .left = pars[par::position] - 1.0F,
+                        .right = pars[par::endPosition] + 1.0F};
+        // What is no number would upset the order, and covers nothing.
+        if (!std::isnan(beam.staff) && !std::isnan(beam.left) && !std::isnan(beam.right))
+            beams_.push_back(beam);
+    }
+    std::sort(beams_.begin(), beams_.end(), [](const Beam& a, const Beam& b) {
+        return std::tie(a.staff, a.left) < std::tie(b.staff, b.left);
+    });
+    for (std::size_t i = 1; i < beams_.size(); ++i)
+        if (beams_[i].staff == beams_[i - 1].staff)
+            beams_[i].right = std::max(beams_[i].right, beams_[i - 1].right);
+}
+
+bool BeamIndex::isBeamed(ItemPars note) const {
+    const float staff = note[par::staff];
+    const float position = note[par::position];
+    const auto behind =
+        std::partition_point(beams_.begin(), beams_.end(), [staff, position](const Beam& beam) {
+            return beam.staff < staff || (beam.staff == staff && beam.left <= position);
+        });
+    return behind != beams_.begin() && (behind - 1)->staff == staff && (behind - 1)->right >= position;
 }
 
 }  // namespace tul

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "music/items.h"
 
 /// What the parameters of notes, rests and beams say. A parameter that is no number says nothing: no stem, no
@@ -25,5 +27,21 @@ enum class Stem { none, up, down };
 /// The note on a staff that is nearest to a position, of those not left of `from`, the first of several as
 /// near, by its row; 0 where there is none within 999.
 [[nodiscard]] int nearestNote(float staff, float position, float from);
+
+/// Which notes stand under beams: those of the table, as they are when this is made.
+class BeamIndex {
+  public:
+    BeamIndex();
+    /// A beam reaches one unit beyond its ends.
+    [[nodiscard]] bool isBeamed(ItemPars note) const;
+
+  private:
+    struct Beam {
+        float staff;
+        float left;
+        float right;  // the farthest of the beams of the staff up to this one
+    };
+    std::vector<Beam> beams_;  // by staff, from left to right
+};
 
 }  // namespace tul

@@ -36,7 +36,8 @@ std::vector<Field> fields() {
         checkField("chkEditBackup", editing.chkEditBackup),
         shownField("txtEditFile", editing.view.file),
     };
-    for (const edit::Family* family : edit::families()) append(all, family->fields());
+    for (const edit::Family* family : edit::families())
+        if (family->fields) append(all, family->fields());
     for (Field& field : editlater::laterFields())
         if (std::none_of(all.begin(), all.end(),
                          [&](const Field& known) { return known.name == field.name; }))

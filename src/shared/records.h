@@ -106,6 +106,7 @@ struct ProjectSettings {
     std::string PlateNumber;
     std::string PlateNumberFont;
     std::string PlateNumberSize;
+    std::string FingerSizeLH = ".75";
     std::string Code9Path;
     std::string FontPreference = "PSC";
     std::string ScoreEnginePreference = "3";

@@ -1,0 +1,32 @@
+#include "edit/stem_tools.h"
+
+#include "host/host.h"
+
+namespace tul::edit {
+
+StemTools stemTools;
+
+namespace {
+
+void tellNotSupported() { MsgBox("Function not yet supported"); }
+
+std::vector<Field> fields() {
+    return {optionField("fraEditStem", "optSTM", stemTools.optSTM),
+            optionField("fraEditStem", "optUnSTM", stemTools.optUnSTM)};
+}
+
+std::vector<Command> commands() {
+    return {{.name = "cmdad99", .caption = "ad99", .run = tellNotSupported},
+            {.name = "cmdSTM", .caption = "STM", .run = tellNotSupported}};
+}
+
+}  // namespace
+
+const Family stemToolsFamily = {
+    .tab = tabStems,
+    .fields = fields,
+    .commands = commands,
+    .reset = [] { stemTools = {}; },
+};
+
+}  // namespace tul::edit

@@ -90,7 +90,6 @@ std::vector<Command> commands() {
 
 const Family barlineOverlapsFamily = {
     .tab = tabBarline,
-    .fields = [] { return std::vector<Field>(); },
     .commands = commands,
 };
 

@@ -140,7 +140,6 @@ std::vector<Command> commands() {
 
 const Family barlineReportsFamily = {
     .tab = tabBarline,
-    .fields = [] { return std::vector<Field>(); },
     .commands = commands,
 };
 

@@ -44,6 +44,10 @@ inline constexpr int clefForm = 5;
 inline constexpr int endHeight = 5;    // of a line, slur or beam at its right end
 inline constexpr int endPosition = 6;  // the same, and of a staff
 
+inline constexpr int beamStem = 7;  // tens: direction
+inline constexpr int beamShift = 14;
+inline constexpr int beamEndShift = 15;
+
 inline constexpr int slurKind = 8;
 inline constexpr int slurThickness = 13;
 

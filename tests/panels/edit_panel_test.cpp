@@ -82,8 +82,8 @@ TEST_F(EditPanelTest, ConditionsAreFilledFromFieldsAndLists) {
 }
 
 TEST_F(EditPanelTest, ControlsOfLaterEditsAreDisabled) {
-    for (const char* field : {"optEditGeneratePlate", "txtClefAlign", "Text1_5", "txtEditBarUp_7",
-                              "chkAutOff", "txtRVBheight", "optLyricsZero"}) {
+    for (const char* field :
+         {"optEditGeneratePlate", "txtClefAlign", "txtEditBarUp_7", "txtRVBheight", "optLyricsZero"}) {
         EXPECT_FALSE(isEnabled(field)) << field;
         EXPECT_EQ(panel.set(field, "1"), PanelAnswer::disabled) << field;
         EXPECT_FALSE(panel.field(field)->toolTip().empty()) << field;

@@ -10,6 +10,7 @@
 #include "edit/font_prefixes.h"
 #include "edit/general_edit.h"
 #include "edit/halving.h"
+#include "edit/house_styles.h"
 #include "edit/instrument_ids.h"
 #include "edit/item_removal.h"
 #include "edit/left_hand_fingers.h"
@@ -23,17 +24,18 @@
 #include "edit/stem_tools.h"
 #include "edit/text_fonts.h"
 #include "edit/text_search.h"
+#include "edit/voice_offsets.h"
 
 namespace tul::edit {
 
 std::span<const Family* const> families() {
     static constexpr std::array all = {
-        &clefsFamily,           &restsFamily,          &instrumentIdsFamily,   &staffRemovalFamily,
-        &textSearchFamily,      &textFontsFamily,      &plateNumbersFamily,    &fingersFamily,
-        &barlineUpdateFamily,   &barlineReportsFamily, &barlineOverlapsFamily, &generalFamily,
-        &slursFamily,           &bracketsFamily,       &stemToolsFamily,       &lyricsFamily,
-        &fontPrefixesFamily,    &halvingFamily,        &itemRemovalFamily,     &leftHandFingersFamily,
-        &midiPreparationFamily, &staffCleanupFamily,
+        &clefsFamily,         &restsFamily,           &instrumentIdsFamily,   &staffRemovalFamily,
+        &textSearchFamily,    &textFontsFamily,       &plateNumbersFamily,    &fingersFamily,
+        &barlineUpdateFamily, &barlineReportsFamily,  &barlineOverlapsFamily, &generalFamily,
+        &voiceOffsetsFamily,  &slursFamily,           &bracketsFamily,        &stemToolsFamily,
+        &lyricsFamily,        &fontPrefixesFamily,    &halvingFamily,         &houseStylesFamily,
+        &itemRemovalFamily,   &leftHandFingersFamily, &midiPreparationFamily, &staffCleanupFamily,
     };
     return all;
 }

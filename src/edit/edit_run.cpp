@@ -36,6 +36,7 @@ class EditRun : public PageUpdateRun {
 
 class ReportedRun : public EditRun {
   public:
+    /// What stands before the date is part of the title.
     ReportedRun(std::string title, FamilyRuns families)
         : EditRun(std::move(families)), title_(std::move(title)) {}
 
@@ -70,7 +71,7 @@ void start(ToolRun& run, RunPlan plan) {
 }
 
 void ReportedRun::writeHead(Report& report) {
-    report.line(title_ + " " + dateAndTime());
+    report.line(title_ + dateAndTime());
     report.line(" ");
     writeColumnHead(report);
 }
@@ -127,9 +128,9 @@ void runReport(ToolRun& run, std::vector<std::string> pages) {
     start(run, {.pages = std::move(pages), .report = reportName});
 }
 
-void runFamilies(const std::string& title, FamilyRuns families) {
+void runFamilies(const std::string& title, FamilyRuns families, const std::string& beforeDate) {
     ReadNamesFile();
-    ReportedRun run(title, std::move(families));
+    ReportedRun run(title + beforeDate, std::move(families));
     start(run, {.pages = selectedPages(), .report = reportName, .changesPages = true});
 }
 

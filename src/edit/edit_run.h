@@ -37,8 +37,8 @@ void cmdEditRun();
 
 using FamilyRuns = std::vector<std::unique_ptr<FamilyRun>>;
 /// Reads the selection anew, takes each file through reading, the families' changes and writing, writes the
-/// report, which begins with `title`, shows it and deletes it.
-void runFamilies(const std::string& title, FamilyRuns families);
+/// report, which begins with `title`, what stands before the date, and the date, shows it and deletes it.
+void runFamilies(const std::string& title, FamilyRuns families, const std::string& beforeDate = " ");
 /// The same for a button whose family has a report of its own.
 template <class Run>
 void runWithReport(const std::string& title) {
@@ -74,6 +74,9 @@ inline void countChange(std::int32_t& counter) {
     ++counter;
     ++pipeline.page.changes;
 }
+
+/// The same where the family has no counter of its own.
+inline void countChange() { ++pipeline.page.changes; }
 
 /// A counter's line: label, count, and what stands behind it.
 void writeCounter(Report& report, std::string_view label, std::int64_t count, std::string_view behind = {});

@@ -52,6 +52,8 @@ inline constexpr int lineHookLeft = 11;  // at the ends of a line; a negative on
 inline constexpr int lineHookRight = 12;
 
 inline constexpr int beamForm = 7;  // tens: direction of the stems; ones: beams
+inline constexpr int beamShift = 14;
+inline constexpr int beamEndShift = 15;
 
 inline constexpr int slurKind = 8;
 inline constexpr int slurThickness = 13;

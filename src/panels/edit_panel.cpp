@@ -1,8 +1,5 @@
 #include "panels/edit_panel.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "base/append.h"
 #include "base/numbers.h"
 #include "centre/installation.h"
@@ -10,7 +7,6 @@
 #include "centre/names_file.h"
 #include "edit/edit_profile.h"
 #include "edit/edit_run.h"
-#include "panels/edit_later_fields.h"
 #include "panels/tool_panel.h"
 #include "shared/records.h"
 
@@ -38,10 +34,6 @@ std::vector<Field> fields() {
     };
     for (const edit::Family* family : edit::families())
         if (family->fields) append(all, family->fields());
-    for (Field& field : editlater::laterFields())
-        if (std::none_of(all.begin(), all.end(),
-                         [&](const Field& known) { return known.name == field.name; }))
-            all.push_back(std::move(field));
     return all;
 }
 
@@ -59,10 +51,6 @@ std::vector<Command> commands() {
     };
     for (const edit::Family* family : edit::families())
         if (family->commands) append(all, family->commands());
-    for (Command& command : editlater::laterCommands())
-        if (std::none_of(all.begin(), all.end(),
-                         [&](const Command& known) { return known.name == command.name; }))
-            all.push_back(std::move(command));
     return all;
 }
 
@@ -70,7 +58,6 @@ std::vector<Command> commands() {
 
 void resetEditPanel() {
     edit::resetEdit();
-    editlater::resetLaterFields();
     state = {};
 }
 
@@ -95,7 +82,6 @@ Panel describeEditPanel() {
                 edit::loadTulEditProfile();
                 for (const edit::Family* family : edit::families())
                     if (family->load) family->load();
-                editlater::showProjectSettings();
             },
         .selectionChanged = showSelection,
         .leave = edit::saveTulEditProfile,

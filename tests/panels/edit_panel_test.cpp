@@ -82,20 +82,25 @@ TEST_F(EditPanelTest, ConditionsAreFilledFromFieldsAndLists) {
     EXPECT_EQ(shown("txtp1"), "12");
 }
 
-TEST_F(EditPanelTest, ControlsOfLaterEditsAreDisabled) {
-    for (const char* field :
-         {"Text1_5", "chkAutOff"}) {
-        EXPECT_FALSE(isEnabled(field)) << field;
-        EXPECT_EQ(panel.set(field, "1"), PanelAnswer::disabled) << field;
-        EXPECT_FALSE(panel.field(field)->toolTip().empty()) << field;
-    }
-    for (const char* command : {"cmdDiscover", "cmdMarlo"})
-        EXPECT_EQ(panel.press(command), PanelAnswer::disabled) << command;
-    EXPECT_EQ(panel.press("cmdEdit2"), PanelAnswer::disabled);
+TEST_F(EditPanelTest, ShowsTheDeveloperMore) {
+    const Texts buttons = {"cmdEdit2", "cmdTessler", "cmdHalve", "cmdMidiPrep", "cmdMarlo", "cmdLHfingers"};
+    for (const std::string& button : buttons) EXPECT_EQ(panel.press(button), PanelAnswer::disabled) << button;
+    EXPECT_EQ(panel.set("optEditFingerDispl", "1"), PanelAnswer::disabled);
     identity.DeveloperMode = true;
+    for (const std::string& button : buttons) EXPECT_TRUE(panel.command(button)->visible()) << button;
+    EXPECT_EQ(panel.set("optEditFingerDispl", "1"), PanelAnswer::done);
     host.mayRun("TULEDIT2.EXE");
     EXPECT_EQ(panel.press("cmdEdit2"), PanelAnswer::done);
     EXPECT_TRUE(contains(host.launches.back(), "TULEDIT2.EXE"));
+}
+
+TEST_F(EditPanelTest, TakesFieldsThatNothingReadsYet) {
+    Field& staves = *panel.field("txtRemoveStaves");
+    EXPECT_FALSE(panel.isOffered(staves));
+    EXPECT_EQ(panel.set("txtRemoveStaves", "21,22"), PanelAnswer::done);
+    panel.set("optEditStaffIRemove", "1");
+    EXPECT_TRUE(panel.isOffered(staves));
+    EXPECT_EQ(shown("txtRemoveStaves"), "21,22");
 }
 
 TEST_F(EditPanelTest, TheDeveloperHidesButtonsByAClickOnTheBackground) {

@@ -75,6 +75,15 @@ struct BarlinesBehind {
     bool isSorted = true;  // by position, so that behind one that is not near none is
 };
 
+/// The highest staff of the page, rounded; 0 without one.
+double topStaff() {
+    double top = 0;
+    for (int item = 1; item <= musItemTable.itemCount; ++item)
+        if (const Parameters& staff = parsOf(item); isStaff(staff) && staff[par::staff] > top)
+            top = roundToEven(staff[par::staff]);
+    return top;
+}
+
 class BarlineChecks {
   public:
     explicit BarlineChecks(Report& report) : report_(report) {}
@@ -97,6 +106,7 @@ class BarlineChecks {
     std::vector<int> barlines_;  // behind the search for duplicates
     BarlineGrid grid_;
     const StaffRows staves_ = StaffRows(isStaff);
+    const double top_ = topStaff();
 };
 
 /// Those that divide bars, on staves 1 to 32, in the order of the table.
@@ -157,11 +167,12 @@ void BarlineChecks::findBottomsWithoutBarlines() {
                 find("No barline(s) on bottom staff of system. Staff=" + printed(staff));
 }
 
-/// One in the grid on each of the barline's staves.
+/// One in the grid on each of the barline's staves, from the one that its own rounds to.
 void BarlineChecks::countBarline(const Parameters& barline) {
     const double extent = extentOf(barline);
+    const auto lowest = static_cast<float>(roundToEven(barline[par::staff]));
     for (int up = 0; up < extent; ++up) {  // at most to the highest staff
-        const float staff = barline[par::staff] + static_cast<float>(up);
+        const float staff = lowest + static_cast<float>(up);
         if (staff > highestStaff)
             return find("Barline protruding staff 32. Staff=" + printed(barline[par::staff]) +
                         "Horizontal position=" + printed(barline[par::position]) +
@@ -174,7 +185,7 @@ void BarlineChecks::findStavesWithoutBarlines() {
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         const Parameters& staff = parsOf(item);
         if (isStaff(staff) && staff[par::mark] == coveredStaff && staff[par::staff] >= 1.0F &&
-            grid_.isEmptyOn(staff[par::staff]))
+            staff[par::staff] <= top_ && grid_.isEmptyOn(staff[par::staff]))
             find("Staff which is not bottom of system has no barlines:" + printed(staff[par::staff]));
     }
 }
@@ -187,12 +198,8 @@ void BarlineChecks::findOverlaps() {
 }
 
 void BarlineChecks::findAboveTop() {
-    double top = 0;
-    for (int item = 1; item <= musItemTable.itemCount; ++item)
-        if (const Parameters& staff = parsOf(item); isStaff(staff) && staff[par::staff] > top)
-            top = roundToEven(staff[par::staff]);
-    if (top >= highestStaff) return;
-    for (int staff = static_cast<int>(top) + 1; staff <= highestStaff; ++staff)
+    if (top_ >= highestStaff) return;
+    for (int staff = static_cast<int>(top_) + 1; staff <= highestStaff; ++staff)
         for (int x = 1; x <= farthestPosition; ++x)
             if (grid_.at(x, staff) != 0.0)
                 find("Barline protruding highest staff. Horizontal position=" + printed(x));

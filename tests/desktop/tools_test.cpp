@@ -166,7 +166,9 @@ TEST_F(ToolWindows, ConditionsAreChosenByKeys) {
     EXPECT_FALSE(child<QWidget>("labelOfTxtp4").isVisible());
     EXPECT_FALSE(child<QAbstractButton>("chkEditBackup").isChecked());
     child<QTabWidget>("tabEdit").setCurrentIndex(9);
-    EXPECT_FALSE(child<QAbstractButton>("optLineRVB").isEnabled());
+    EXPECT_FALSE(child<QLineEdit>("txtRVBheight").isEnabled()) << "nothing chosen reads it";
+    click("optLineRVB");
+    EXPECT_TRUE(child<QLineEdit>("txtRVBheight").isEnabled());
     std::string profile;
     expectText(profile);
     QTest::keyClick(&child<QWidget>("lblViewTulEditProfile"), Qt::Key_Space);

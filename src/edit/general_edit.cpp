@@ -225,6 +225,11 @@ Field choice(const char* name, ChoiceList& list, const char* what) {
     return field;
 }
 
+/// Of the condition that is joined by this logic, if by any.
+Field inRow(std::size_t logic, Field field) {
+    return readIf(std::move(field), [logic] { return generalEdit.lstl[logic].list.selected > 0; });
+}
+
 Field actionField(Field field) {
     return shownIf(std::move(field), [] { return generalEdit.optOptionChange; });
 }
@@ -239,13 +244,13 @@ std::vector<Field> fields() {
         choice("lstr1", relation[0], "Relation of the first condition:"),
         textField("txtv1", value[0], "Value of the first condition"),
         choice("lstl2", logic[0], "Joins the second condition:"),
-        textField("txtp2", par[1], "Parameter of the second condition"),
-        choice("lstr2", relation[1], "Relation of the second condition:"),
-        textField("txtv2", value[1], "Value of the second condition"),
+        inRow(0, textField("txtp2", par[1], "Parameter of the second condition")),
+        inRow(0, choice("lstr2", relation[1], "Relation of the second condition:")),
+        inRow(0, textField("txtv2", value[1], "Value of the second condition")),
         choice("lstl3", logic[1], "Joins the third condition:"),
-        textField("txtp3", par[2], "Parameter of the third condition"),
-        choice("lstr3", relation[2], "Relation of the third condition:"),
-        textField("txtv3", value[2], "Value of the third condition"),
+        inRow(1, textField("txtp3", par[2], "Parameter of the third condition")),
+        inRow(1, choice("lstr3", relation[2], "Relation of the third condition:")),
+        inRow(1, textField("txtv3", value[2], "Value of the third condition")),
         textField(
             "txtGeneralEdit", compared,
             "Where the first condition is =16: the whole text, font included. Where it is =9: the symbol "

@@ -159,18 +159,24 @@ bool mayRun() {
 // --- Fields
 
 std::vector<Field> fields() {
-    const auto modifies = [] { return textFonts.optEditModifyText; };
+    const auto isChosen = [] { return textFonts.optEditDeleteModify; };
+    const auto modifies = [] { return textFonts.optEditDeleteModify && textFonts.optEditModifyText; };
     return {
+        readIf(onlyIf(checkField("chkEditVerify", textSearch.chkEditVerify),
+                      [] { return !textSearch.chkSearchReplaceIncludeFont; }),
+               [] { return textSearch.optEditSearch || textFonts.optEditDeleteModify; }),
         optionField("fraEditText", "optEditDeleteModify", textFonts.optEditDeleteModify),
-        optionField("fraEditFont", "optEditDeleteText", textFonts.optEditDeleteText),
-        optionField("fraEditFont", "optEditModifyText", textFonts.optEditModifyText),
-        fontField("txtEditFontInput", textFonts.txtEditFontInput),
-        onlyIf(fontField("txtEditFontOutput", textFonts.txtEditFontOutput), modifies),
-        checkField("chkEditModifyInclude", textFonts.chkEditModifyInclude),
-        textField("txtDelModFilter", textFonts.txtDelModFilter,
-                  "Only items with this text behind the font. Empty for all."),
-        textField("txtModifySize", textFonts.txtModifySize,
-                  "Only text items of exactly this size (Par6). Empty for all."),
+        readIf(optionField("fraEditFont", "optEditDeleteText", textFonts.optEditDeleteText), isChosen),
+        readIf(optionField("fraEditFont", "optEditModifyText", textFonts.optEditModifyText), isChosen),
+        readIf(fontField("txtEditFontInput", textFonts.txtEditFontInput), isChosen),
+        readIf(fontField("txtEditFontOutput", textFonts.txtEditFontOutput), modifies),
+        readIf(checkField("chkEditModifyInclude", textFonts.chkEditModifyInclude), modifies),
+        readIf(textField("txtDelModFilter", textFonts.txtDelModFilter,
+                         "Only items with this text behind the font. Empty for all."),
+               isChosen),
+        readIf(textField("txtModifySize", textFonts.txtModifySize,
+                         "Only text items of exactly this size (Par6). Empty for all."),
+               modifies),
     };
 }
 

@@ -222,32 +222,39 @@ const char* const replacementPrompt =
     "Note that the leftmost font is not part of the replacement area.\r\n"
     "This function may be used to replace 'in-string' fonts.";
 
-std::string keepPresent(const char* message, const std::string& present) {
-    MsgBox(message, Buttons::ok, Icon::exclamation);
-    return present;
-}
-
 std::vector<Field> fields() {
     const auto comparesParts = [] { return !textSearch.chkSearchReplaceIncludeFont; };
     const auto hasNoFilter = [] { return !textSearch.filters(); };
+    const auto searches = [] { return textSearch.optEditSearch; };
+    const auto ofFont = [] { return textSearch.optEditSearch && textSearch.chkEditSearchFont; };
+    const auto ofSize = [] { return textSearch.optEditSearch && textSearch.chkEditSearchSize; };
     return {
         optionField("fraEditText", "optEditSearch", textSearch.optEditSearch),
-        onlyIf(checkField("chkEditVerify", textSearch.chkEditVerify), comparesParts),
-        keptField("txtEditSearchString1", textSearch.txtEditSearchString1, searchPrompt, keepSearchString),
-        keptField("txtEditSearchString2", textSearch.txtEditSearchString2, replacementPrompt,
-                  keepReplacement),
-        onlyIf(withStep(checkField("chkSearchReplaceIncludeFont", textSearch.chkSearchReplaceIncludeFont),
-                        excludeOtherFilters),
-               hasNoFilter),
-        onlyIf(checkField("chkReplaceWholeWord", textSearch.chkReplaceWholeWord), comparesParts),
-        onlyIf(checkField("chkEditSearchFont", textSearch.chkEditSearchFont), comparesParts),
-        fontField("txtEditSearchFont", textSearch.txtEditSearchFont),
-        onlyIf(checkField("chkEditSearchSize", textSearch.chkEditSearchSize), comparesParts),
-        textField("txtEditSearchSize", textSearch.txtEditSearchSize,
-                  "Text size filter (Code16, Par6. Value between 0 and 10)", keepSearchSize),
-        textField("txtEditSearchMargin", textSearch.txtEditSearchMargin,
-                  "Margin (+/-) for size filter (Code16, Par6. Value from 0 to and including 10)",
-                  keepSearchMargin),
+        readIf(keptField("txtEditSearchString1", textSearch.txtEditSearchString1, searchPrompt,
+                         keepSearchString),
+               searches),
+        readIf(keptField("txtEditSearchString2", textSearch.txtEditSearchString2, replacementPrompt,
+                         keepReplacement),
+               searches),
+        readIf(
+            onlyIf(withStep(checkField("chkSearchReplaceIncludeFont", textSearch.chkSearchReplaceIncludeFont),
+                            excludeOtherFilters),
+                   hasNoFilter),
+            searches),
+        readIf(onlyIf(checkField("chkReplaceWholeWord", textSearch.chkReplaceWholeWord), comparesParts),
+               searches),
+        readIf(onlyIf(checkField("chkEditSearchFont", textSearch.chkEditSearchFont), comparesParts),
+               searches),
+        readIf(fontField("txtEditSearchFont", textSearch.txtEditSearchFont), ofFont),
+        readIf(onlyIf(checkField("chkEditSearchSize", textSearch.chkEditSearchSize), comparesParts),
+               searches),
+        readIf(textField("txtEditSearchSize", textSearch.txtEditSearchSize,
+                         "Text size filter (Code16, Par6. Value between 0 and 10)", keepSearchSize),
+               ofSize),
+        readIf(textField("txtEditSearchMargin", textSearch.txtEditSearchMargin,
+                         "Margin (+/-) for size filter (Code16, Par6. Value from 0 to and including 10)",
+                         keepSearchMargin),
+               ofSize),
     };
 }
 
@@ -269,13 +276,13 @@ Field fontField(const char* name, std::string& value) {
 std::string keepFontDigits(const std::string& typed, const std::string& present) {
     const std::string_view digits = trim(typed);
     if (digits.empty() || (digits.size() == 2 && isDigitsOnly(digits))) return std::string(digits);
-    return keepPresent("I said two digits...", present);
+    return keepInstead(present, "I said two digits...");
 }
 
 std::string keepSearchSize(const std::string& typed) {
     std::string kept = typed;
     if (CheckSize(kept)) return kept;
-    return keepPresent("Value not numeric or out of range. Assumed 1.", "1.");
+    return keepInstead("1.", "Value not numeric or out of range. Assumed 1.");
 }
 
 std::string keepSearchMargin(const std::string& typed) {
@@ -283,17 +290,17 @@ std::string keepSearchMargin(const std::string& typed) {
 }
 
 std::string keepSearchString(const std::string& typed, const std::string& present) {
-    if (isEmptyString(typed)) return keepPresent("Empty string not allowed as search argument.", present);
-    if (typed == "\"" || typed == "'") return keepPresent("Invalid search string (Delimiter only).", present);
+    if (isEmptyString(typed)) return keepInstead(present, "Empty string not allowed as search argument.");
+    if (typed == "\"" || typed == "'") return keepInstead(present, "Invalid search string (Delimiter only).");
     for (const char delimiter : {quote, apostrophe})
         if (typed.starts_with(delimiter) && !typed.ends_with(delimiter))
-            return keepPresent("Different begin and end delimiters.", present);
+            return keepInstead(present, "Different begin and end delimiters.");
     // An apostrophe between apostrophes passes; it is the quote that both refuse.
     const bool holdsQuote = withoutDelimiters(typed).find(quote) != std::string::npos;
     if (isIn(typed, quote) && holdsQuote)
-        return keepPresent("Quote in search argument when embedded by quotes not allowed.", present);
+        return keepInstead(present, "Quote in search argument when embedded by quotes not allowed.");
     if (isIn(typed, apostrophe) && holdsQuote)
-        return keepPresent("Apostrophe in search argument when embedded by apostrophe not allowed.", present);
+        return keepInstead(present, "Apostrophe in search argument when embedded by apostrophe not allowed.");
     return typed;
 }
 
@@ -301,11 +308,11 @@ std::string keepReplacement(const std::string& typed, const std::string& present
     if (typed.empty()) return present;
     if (typed.find_first_of("\"'") == std::string::npos) return typed;
     if (!isIn(typed, quote) && !isIn(typed, apostrophe))
-        return keepPresent("Beginning and ending delimiter are different.", present);
+        return keepInstead(present, "Beginning and ending delimiter are different.");
     if (typed.size() <= 2)
-        return keepPresent(
-            "String contains one or more apostrophes and/or quotes but it is not within delimiters.",
-            present);
+        return keepInstead(
+            present,
+            "String contains one or more apostrophes and/or quotes but it is not within delimiters.");
     return typed;
 }
 

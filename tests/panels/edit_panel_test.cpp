@@ -49,10 +49,11 @@ TEST_F(EditPanelTest, FieldsExcludeOneAnother) {
         EXPECT_EQ(shown(box), "0") << box;
         EXPECT_FALSE(isEnabled(box)) << box;
     }
-    EXPECT_EQ(panel.set("txtEditFontOutput", "07"), PanelAnswer::disabled);
-    panel.set("optEditModifyText", "1");
     EXPECT_EQ(panel.set("txtEditFontOutput", "07"), PanelAnswer::done);
+    EXPECT_FALSE(panel.isOffered(*panel.field("txtEditFontOutput")));
+    panel.set("optEditModifyText", "1");
     panel.set("optEditDeleteModify", "1");
+    EXPECT_TRUE(panel.isOffered(*panel.field("txtEditFontOutput")));
     EXPECT_EQ(shown("optEditSearch"), "0");
     EXPECT_EQ(panel.set("txtEditFontOutput", "7"), PanelAnswer::done);
     EXPECT_EQ(shown("txtEditFontOutput"), "07") << "a refused font leaves the present one";

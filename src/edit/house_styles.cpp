@@ -144,6 +144,7 @@ void lowerDotsOfChords(const std::vector<ItemRow*>& notes, std::vector<Place> st
     for (Place& place : stemmed) place.row = -place.row;  // the last becomes the first
     const StaffIndex index(std::move(stemmed));
     std::vector<KeyedPlace> items;
+    items.reserve(index.size());
     for (std::size_t place = 0; place < index.size(); ++place) items.push_back({place, {}});
     std::vector<FirstQuestion> questions;
     for (const ItemRow* note : notes)

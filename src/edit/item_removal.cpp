@@ -36,7 +36,7 @@ class ItemRemovalRun : public PageUpdateRun {
 void ItemRemovalRun::updatePage(const PageInRun&) {
     showActivity("Updating");
     itemCount_ = musItemTable.itemCount;
-    if (!isInteger(number_) || number_ < 1.0F || number_ > itemCount_) return;
+    if (!isInteger(number_) || number_ < 1.0F || number_ > static_cast<float>(itemCount_)) return;
     found_ = static_cast<int>(number_);
     deleteItem(musItemTable[found_]);
     countChange();

@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
+#include "music/font_prefix.h"
 #include "shared/function_module.h"
 #include "shared/key_value_file.h"
 #include "shared/records.h"
@@ -176,6 +177,11 @@ void ReadReturnedOptions() {
 void readMusDirectory() {
     for (const KeyValue& option : readOptions())
         if (option.key == "MUSDIRECTORY") projectSettings.MusDirectory = option.value;
+}
+
+std::string fontNameOf(std::string_view prefix) {
+    if (prefix.size() != fontPrefixLength || !beginsWithFont(prefix)) return {};
+    return fontTable.FontNames.at(static_cast<std::size_t>(numericValue(prefix.substr(1))));
 }
 
 void LoadFontNames() {

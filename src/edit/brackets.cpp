@@ -158,8 +158,7 @@ Field settingField(const Setting& setting) {
         const std::string fault = faultOf(typed, setting.limit);
         if (fault.empty()) return typed;
         const std::string assumed = BracketSettings().*setting.value;
-        MsgBox(fault + " Assumed " + assumed, Buttons::ok, Icon::exclamation);
-        return assumed;
+        return keepInstead(assumed, fault + " Assumed " + assumed);
     };
     return readIf(textField(setting.name, bracketSettings.*setting.value, setting.prompt, keep),
                   [] { return brackets.optLineRVB; });

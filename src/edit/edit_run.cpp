@@ -77,11 +77,7 @@ void ReportedRun::writeHead(Report& report) {
 }
 
 ReportEnd ToldRun::writeEnd(Report&, const RunResult& result) {
-    editing.view.file.clear();
-    std::string text = label_ + plain(result.changes());
-    for (const std::string& line : findingsOf(result)) text += std::string(CrLf) + line;
-    MsgBox(text);
-    return ReportEnd::remove;
+    return endInMessage(label_ + plain(result.changes()), result);
 }
 
 ReportEnd ReportedRun::writeEnd(Report& report, const RunResult& result) {
@@ -143,6 +139,13 @@ void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family) {
 }
 
 void runOnPage(ToolRun& run, const std::string& path) { start(run, {.pages = {path}, .changesPages = true}); }
+
+ReportEnd endInMessage(std::string text, const RunResult& result) {
+    editing.view.file.clear();
+    for (const std::string& line : findingsOf(result)) text += std::string(text.empty() ? "" : CrLf) + line;
+    MsgBox(text);
+    return ReportEnd::remove;
+}
 
 void writeColumnHead(Report& report) {
     const std::size_t width = std::max(selection.LongestName.size(), hyphens.size());

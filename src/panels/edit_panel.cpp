@@ -41,14 +41,12 @@ std::vector<Field> fields() {
 
 std::vector<Command> commands() {
     std::vector<Command> all = {
-        {.name = "cmdEdit2",
-         .caption = "TulEdit2",
-         .run = [] { ShellAndWait(inProgramFolder("TULEDIT2.EXE")); },
-         .visible = [] { return identity.DeveloperMode; }},
-        {.name = "frmEditClick",
-         .caption = "Click on the background: hide the developer's buttons",
-         .run = [] { editing.hidesButtons = true; },
-         .visible = [] { return identity.DeveloperMode; }},
+        edit::forDevelopers({.name = "cmdEdit2",
+                             .caption = "TulEdit2",
+                             .run = [] { ShellAndWait(inProgramFolder("TULEDIT2.EXE")); }}),
+        edit::forDevelopers({.name = "frmEditClick",
+                             .caption = "Click on the background: hide the developer's buttons",
+                             .run = [] { editing.hidesButtons = true; }}),
         {.name = "lblViewTulEditProfileClick", .caption = "View profile", .run = edit::viewTulEditProfile},
     };
     for (const edit::Family* family : edit::families())

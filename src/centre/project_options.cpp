@@ -153,13 +153,21 @@ void storeProjectOption(std::string_view key, const std::string& value) {
     storeInto(sharedOptions, upperCase(key), value);
 }
 
+/// What the file lacks is as in that of a new installation, but for the folder of the music.
+static void storeDefaults() {
+    for (const OptionLine& line : defaultOptions())
+        if (line.key != "MusDirectory") storeProjectOption(line.key, line.value);
+}
+
 void ReadProjectOptions() {
     projectSettings.Code9Path = machineSettings.LibPath + "\\CODE9.DAT";
+    storeDefaults();
     for (const KeyValue& option : readOptions()) storeInto(sharedOptions, option.key, option.value);
 }
 
 void ReadReturnedOptions() {
     projectSettings.Code9Path = machineSettings.LibPath + "\\CODE9.DAT";
+    storeDefaults();
     for (const KeyValue& option : readOptions()) {
         storeInto(sharedOptions, option.key, option.value);
         storeInto(returnedOptions, option.key, option.value);

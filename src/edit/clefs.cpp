@@ -156,7 +156,7 @@ const Family clefsFamily = {
 
 std::string keepClefAlign(const std::string& typed) {
     const std::string assumed = Clefs().txtClefAlign;
-    if (!isPlainNumber(typed)) return keepInstead(assumed, "Value not numeric. Assumed 1.25");
+    if (!isParameterValue(typed)) return keepInstead(assumed, "Value not numeric. Assumed 1.25");
     if (numericValue(typed) < 0) return keepInstead(assumed, "Value negative. Assumed 1.25");
     return typed;
 }

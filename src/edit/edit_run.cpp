@@ -200,7 +200,7 @@ std::string itemNumberLine(int item) { return "Item number:" + str(item) + std::
 bool hasRoom(const PageInRun& page, const std::string& addition) {
     if (musItemTable.itemCount < MusItemTable::capacity) return true;
     MsgBox("MUS file too big to add " + addition + ":" + page.result.path);
-    page.result.reason = "no room for more items";
+    page.result.lacksRoom = true;
     return false;
 }
 

@@ -267,6 +267,11 @@ const Family generalFamily = {
     .tab = tabGeneral,
     .fields = fields,
     .reset = [] { generalEdit = {}; },
+    .load =
+        [] {
+            generalEdit.optOptionChange = true;
+            generalEdit.optEditGeneralLocate = false;
+        },
     .mayRun = mayRun,
     .begin = beginRun<GeneralRun>,
 };

@@ -17,6 +17,7 @@ namespace {
 using edit::editing;
 
 ToolPanelState state;
+const std::string editSecond = "Edits of another program:";
 
 /// The current file's place says so as long as nothing is selected.
 void showSelection() {
@@ -31,6 +32,7 @@ std::vector<Field> fields() {
         tabField("tabEdit", editing.tabEdit, edit::tabNames()),
         checkField("chkEditBackup", editing.chkEditBackup),
         shownField("txtEditFile", editing.view.file),
+        shownIf(labelField("lblTulEdit2", editSecond), [] { return identity.DeveloperMode; }),
     };
     for (const edit::Family* family : edit::families())
         if (family->fields) append(all, family->fields());

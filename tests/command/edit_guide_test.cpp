@@ -82,6 +82,10 @@ const std::map<std::string, Example> examples = {
     {"Put barlines through all string staves of every system.",
      {quartet("1") + "|14 3 60 1", quartet("4") + "|14 2 50 1|14 3 50 1|14 4 50 1"}},
     {"Look whether the barlines fit.", {quartet("4"), quartet("4"), "Number of errors:  0 "}},
+    {"List the instruments of a page and its barlines.",
+     {quartet("4"), quartet("4"), "Staff 1   Instr = 24"}},
+    {"Take the fractions off the ends of beams.", {"6 1 20 5.5 -2.5 30 11", "6 1 20 5 -2 30 11"}},
+    {"Halve all durations.", {"1 1 20 5 10 7=1|2 1 30 7=1", "1 1 20 5 10 7=.5 9=1|2 1 30 5=1 7=.5"}},
     {"Take out barlines that others contain.", {quartet("4") + "|14 3 50 1", quartet("4")}},
     {"Move notes apart where two voices collide.", {twoVoices, twoVoices + " 10=10"}},
     {"Number the whole rests of the parts.", {"2 1 50 0 -2 7=4|2 1 90 7=1", "2 1 50 0 -2 7=4 1|2 1 90 7=1"}},
@@ -98,6 +102,7 @@ using EditGuide = HostTest;
 
 TEST_F(EditGuide, HasExamplesThatDoWhatTheySay) {
     host.install();
+    host.write("TULXREF5.ASM", "");  // the developer's buttons
     testing::runTulcmd(host, {"--no", "--set", "txtPlateText=1234", "options"});
     const auto calls = examplesOfGuide();
     EXPECT_EQ(calls.size(), examples.size());

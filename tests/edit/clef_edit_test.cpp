@@ -35,7 +35,7 @@ TEST_F(ClefEdit, AnOctaveSignStandsAboveBassClefs) {
     EXPECT_EQ(reportOf(clefsFamily), lines("Number of clefs changed . . . . . . . . . . 2"));
     EXPECT_EQ(musItemTable.itemCount, 2000);
     EXPECT_EQ(host.messages, Texts{"MUS file too big to add 8va on bass clef:C:\\PAGE.MUS"});
-    EXPECT_FALSE(pipeline.page.reason.empty());
+    EXPECT_TRUE(pipeline.page.lacksRoom);
 }
 
 TEST_F(ClefEdit, ChecksItsOptions) {

@@ -317,9 +317,9 @@ TEST_F(PlateEdit, OddPagesHaveItAtTheRight) {
                                          {"C:\\A1\\P32.MUS", "0"},
                                          {"C:\\A1\\P.MUS", "0"},
                                          {"C:\\A1\\P2.MU7", "190"}}) {
-        fill("");
+        fill("8 1");
         reportOf(plateNumbersFamily, page);
-        EXPECT_TRUE(becomes(std::string("16 1 ") + position + " -12 1 .8'_001234 ")) << page;
+        EXPECT_TRUE(becomes(std::string("8 1|16 1 ") + position + " -12 1 .8'_001234 ")) << page;
     }
 }
 

@@ -85,7 +85,7 @@ TEST_F(EditPanelTest, ConditionsAreFilledFromFieldsAndLists) {
 
 TEST_F(EditPanelTest, ADeveloperSeesMoreAndHidesSomeOfItByAClickOnTheBackground) {
     const std::map<bool, Texts> hiddenByTheClick = {
-        {false, {"cmdTessler", "cmdHalve", "cmdMidiPrep", "cmdEdit2", "optEditFingerDispl"}},
+        {false, {"cmdTessler", "cmdHalve", "cmdMidiPrep", "cmdEdit2", "lblTulEdit2", "optEditFingerDispl"}},
         {true, {"cmdMarlo", "cmdDorvel", "cmdNewMeters", "cmdQuintal", "cmdLHfingers", "txtLHfingerPar16"}}};
     const auto isVisible = [&](const std::string& name) {
         const Field* const field = panel.field(name);

@@ -31,6 +31,9 @@ class EditRun : public PageUpdateRun {
         for (const auto& family : families_) family->updateFile(page);
     }
 
+    [[nodiscard]] const FamilyRuns& chosen() const { return families_; }
+
+  private:
     FamilyRuns families_;
 };
 
@@ -83,7 +86,7 @@ ReportEnd ToldRun::writeEnd(Report&, const RunResult& result) {
 ReportEnd ReportedRun::writeEnd(Report& report, const RunResult& result) {
     editing.view.file.clear();
     report.line(" ");
-    for (const auto& family : families_) family->writeCounters(report, result);
+    for (const auto& family : chosen()) family->writeCounters(report, result);
     report.line(" ");
     report.line("Number of files processed: " + plain(selection.SelectionCount));
     return ReportEnd::show;

@@ -9,6 +9,7 @@
 
 #include "edit/edit_run.h"
 #include "music/items.h"
+#include "music/notation.h"
 #include "shared/records.h"
 
 namespace tul::edit {
@@ -18,7 +19,7 @@ Fingers fingers;
 namespace {
 
 constexpr float fingerSize = 0.75F;
-constexpr Margin margin = lessThan(0.01F);
+constexpr Margin sameSize = lessThan(0.01F);
 constexpr float thirdFinger = 3.0F;
 constexpr float fourthFinger = 4.0F;
 constexpr float verticalShift = 0.2F;
@@ -33,7 +34,7 @@ bool isAmong(const Values& values, float value) {
     return std::find(values.begin(), values.end(), value) != values.end();
 }
 
-bool isFingerSized(const Parameters& number) { return isNear(number[par::numberSize], fingerSize, margin); }
+bool isFingerSized(const Parameters& number) { return isNear(number[par::numberSize], fingerSize, sameSize); }
 
 /// False for what is no number.
 bool isEven(float value) { return std::fmod(roundToEven(std::fabs(value)), 2.0) == 0.0; }
@@ -55,7 +56,7 @@ class NotesByPlace {
     static bool isAt(const Place& place, const Parameters& finger) {
         const auto& [staff, height, position] = place;
         return staff == finger[par::staff] && height == finger[par::height] &&
-               isNear(position, finger[par::position], margin);
+               isNear(position, finger[par::position], notePlace);
     }
 
     std::vector<Place> places_;

@@ -72,6 +72,8 @@ bool isTrue(std::string_view text);
 
 /// To nearest, ties to even. NaN and infinities stay as they are.
 double roundToEven(double value);
+/// The same of a parameter.
+inline float rounded(float value) { return static_cast<float>(roundToEven(value)); }
 
 /// Rounded to nearest, ties to even; nothing for NaN, infinities and values beyond signed 16 or 32 bits.
 [[nodiscard]] std::optional<std::int32_t> toInt32(double value);

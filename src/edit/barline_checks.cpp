@@ -3,49 +3,46 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <string>
 #include <utility>
 #include <vector>
 
 #include "edit/staff_rows.h"
+#include "music/bar_file.h"
 #include "music/items.h"
+#include "music/notation.h"
 
 namespace tul::edit {
 
 namespace {
 
-constexpr int highestStaff = 32;
 constexpr int farthestPosition = 200;
-constexpr Margin samePlaceMargin = lessThan(0.5F);
-constexpr float bottomStaff = 1.0F;   // mark of a staff
-constexpr float plainBarline = 0.0F;  // mark of a barline
-constexpr float coveredStaff = 0.0F;  // mark of a staff above the bottom of its system
+constexpr float bottomStaff = 1.0F;  // mark of a staff
+constexpr float unmarked = 0.0F;     // a staff above the bottom of its system, a barline that divides bars
 
-const Parameters& parsOf(int item) { return musItemTable[item].pars; }
-
-/// A number for each horizontal position and staff. What is outside has no cell.
+/// A number for each horizontal position and staff. What is stored outside is dropped.
 class BarlineGrid {
   public:
-    /// By rounded numbers; null outside.
-    double* cell(float position, float staff) {
-        const int x = toInt32(position).value_or(0);
-        const int row = toInt32(staff).value_or(0);
-        const bool isInside = x >= 1 && x <= farthestPosition && row >= 1 && row <= highestStaff;
-        return isInside ? &cells_[index(x, row)] : nullptr;
+    /// By rounded numbers.
+    float& cell(float position, float staff) {
+        const int x = within(position, farthestPosition);
+        const int row = within(staff, highestStaff);
+        return x == 0 || row == 0 ? dropped_ : cells_[index(x, row)];
     }
-    double at(int position, int staff) const { return cells_[index(position, staff)]; }
-    void clear() { std::fill(cells_.begin(), cells_.end(), 0.0); }
+    float at(int position, int staff) const { return cells_[index(position, staff)]; }
+    void clear() { std::fill(cells_.begin(), cells_.end(), 0.0F); }
 
-    /// On the staff, which may be outside.
-    bool isEmptyOn(float staff) {
-        for (int x = 1; x <= farthestPosition; ++x)
-            if (const double* const found = cell(static_cast<float>(x), staff); found && *found != 0.0)
-                return false;
+    /// At all positions of the staff, which may be outside.
+    bool isEmptyOn(float staff) const {
+        const int row = within(staff, highestStaff);
+        for (int x = 1; row != 0 && x <= farthestPosition; ++x)
+            if (at(x, row) != 0.0F) return false;
         return true;
     }
     /// At the position, on staves up to the top.
     bool isEmptyAt(int position, int staff, float top) const {
         for (; static_cast<float>(staff) <= top; ++staff)
-            if (at(position, staff) != 0.0) return false;
+            if (at(position, staff) != 0.0F) return false;
         return true;
     }
     bool isSameAt(int position, int other, int staff, float top) const {
@@ -55,18 +52,24 @@ class BarlineGrid {
     }
 
   private:
+    /// 0 outside of 1 to `last`.
+    static int within(float value, int last) {
+        const int number = toInt32(value).value_or(0);
+        return number >= 1 && number <= last ? number : 0;
+    }
     static std::size_t index(int position, int staff) {
         return static_cast<std::size_t>((position - 1) * highestStaff + staff - 1);
     }
 
-    std::vector<double> cells_ = std::vector<double>(std::size_t{farthestPosition} * highestStaff);
+    std::vector<float> cells_ = std::vector<float>(std::size_t{farthestPosition} * highestStaff);
+    float dropped_ = 0.0F;
 };
 
 /// Staves that a barline spans; one that says no number spans none.
-double extentOf(const Parameters& barline) {
-    const double staves = roundToEven(barline[par::stavesUp]);
-    if (std::isnan(staves)) return 0.0;
-    return staves == 0.0 ? 1.0 : staves;
+float extentOf(const Parameters& barline) {
+    const float staves = rounded(barline[par::stavesUp]);
+    if (std::isnan(staves)) return 0.0F;
+    return staves == 0.0F ? 1.0F : staves;
 }
 
 /// Barlines of one staff and form that stand behind the one that is looked at, the next of them last.
@@ -76,11 +79,11 @@ struct BarlinesBehind {
 };
 
 /// The highest staff of the page, rounded; 0 without one.
-double topStaff() {
-    double top = 0;
+float topStaff() {
+    float top = 0.0F;
     for (int item = 1; item <= musItemTable.itemCount; ++item)
-        if (const Parameters& staff = parsOf(item); isStaff(staff) && staff[par::staff] > top)
-            top = roundToEven(staff[par::staff]);
+        if (const Parameters& staff = parsOf(item); isStaff(staff))
+            top = std::max(top, rounded(staff[par::staff]));  // stays where that is no number
     return top;
 }
 
@@ -98,7 +101,7 @@ class BarlineChecks {
     void findStavesWithoutBarlines();
     void findOverlaps();
     void findAboveTop();
-    void compareSystem(int bottom, float top);
+    void compareSystem(int bottom, float staves);
     void compareSystems();
 
     Report& report_;
@@ -106,15 +109,15 @@ class BarlineChecks {
     std::vector<int> barlines_;  // behind the search for duplicates
     BarlineGrid grid_;
     const StaffRows staves_ = StaffRows(isStaff);
-    const double top_ = topStaff();
+    const float top_ = topStaff();
 };
 
 /// Those that divide bars, on staves 1 to 32, in the order of the table.
-std::vector<int> plainBarlines() {
+std::vector<int> unmarkedBarlines() {
     std::vector<int> items;
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         const Parameters& pars = parsOf(item);
-        if (isBarline(pars) && pars[par::mark] == plainBarline && pars[par::staff] >= 1.0F &&
+        if (isBarline(pars) && pars[par::mark] == unmarked && pars[par::staff] >= 1.0F &&
             pars[par::staff] <= highestStaff)
             items.push_back(item);
     }
@@ -134,7 +137,7 @@ void BarlineChecks::findDuplicatesOf(int item, BarlinesBehind& behind) {
     if (!items.empty() && !(position <= parsOf(items.back())[par::position])) behind.isSorted = false;
     for (std::size_t i = items.size(); i-- > 0;) {
         ItemRow& other = musItemTable[items[i]];
-        if (isNear(position, other.pars[par::position], samePlaceMargin)) {
+        if (isNear(position, other.pars[par::position], barlinePlace)) {
             find("Duplicate barline at staff" + printed(other.pars[par::staff]) +
                  "Horizontal position=" + printed(other.pars[par::position]));
             deleteItem(other);
@@ -155,7 +158,7 @@ void BarlineChecks::findDuplicates() {
         if (isBarline(pars) && !std::isnan(staff) && !std::isnan(form))
             findDuplicatesOf(item, byStaffAndForm[{staff, form}]);
     }
-    barlines_ = plainBarlines();
+    barlines_ = unmarkedBarlines();
 }
 
 void BarlineChecks::findBottomsWithoutBarlines() {
@@ -170,21 +173,21 @@ void BarlineChecks::findBottomsWithoutBarlines() {
 /// One in the grid on each of the barline's staves, from the one that its own rounds to.
 void BarlineChecks::countBarline(const Parameters& barline) {
     const double extent = extentOf(barline);
-    const auto lowest = static_cast<float>(roundToEven(barline[par::staff]));
+    const float lowest = rounded(barline[par::staff]);
     for (int up = 0; up < extent; ++up) {  // at most to the highest staff
         const float staff = lowest + static_cast<float>(up);
         if (staff > highestStaff)
             return find("Barline protruding staff 32. Staff=" + printed(barline[par::staff]) +
                         "Horizontal position=" + printed(barline[par::position]) +
                         "Staves Up=" + printed(barline[par::stavesUp]));
-        if (double* const cell = grid_.cell(barline[par::position], staff)) ++*cell;
+        ++grid_.cell(barline[par::position], staff);
     }
 }
 
 void BarlineChecks::findStavesWithoutBarlines() {
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         const Parameters& staff = parsOf(item);
-        if (isStaff(staff) && staff[par::mark] == coveredStaff && staff[par::staff] >= 1.0F &&
+        if (isStaff(staff) && staff[par::mark] == unmarked && staff[par::staff] >= 1.0F &&
             staff[par::staff] <= top_ && grid_.isEmptyOn(staff[par::staff]))
             find("Staff which is not bottom of system has no barlines:" + printed(staff[par::staff]));
     }
@@ -193,7 +196,7 @@ void BarlineChecks::findStavesWithoutBarlines() {
 void BarlineChecks::findOverlaps() {
     for (int staff = 1; staff <= highestStaff; ++staff)
         for (int x = 1; x <= farthestPosition; ++x)
-            if (grid_.at(x, staff) > 1.0)
+            if (grid_.at(x, staff) > 1.0F)
                 find("Barlines overlap at staff" + printed(staff) + "Horizontal position=" + printed(x));
 }
 
@@ -201,12 +204,14 @@ void BarlineChecks::findAboveTop() {
     if (top_ >= highestStaff) return;
     for (int staff = static_cast<int>(top_) + 1; staff <= highestStaff; ++staff)
         for (int x = 1; x <= farthestPosition; ++x)
-            if (grid_.at(x, staff) != 0.0)
+            if (grid_.at(x, staff) != 0.0F)
                 find("Barline protruding highest staff. Horizontal position=" + printed(x));
 }
 
-/// Each position is compared with the last one that had other barlines.
-void BarlineChecks::compareSystem(int bottom, float top) {
+/// Each position is compared with the last one that had other barlines. Where the mark of the staff comes
+/// from the file, its system may have no staves, or no number of them: then nothing is compared.
+void BarlineChecks::compareSystem(int bottom, float staves) {
+    const float top = std::min((static_cast<float>(bottom) + staves) - 1.0F, float{highestStaff});
     int reference = 0;
     for (int x = 1; x <= farthestPosition; ++x) {
         if (grid_.isEmptyAt(x, bottom, top)) continue;
@@ -223,17 +228,12 @@ void BarlineChecks::compareSystems() {
     grid_.clear();
     for (const int item : barlines_) {
         const Parameters& barline = parsOf(item);
-        if (double* const cell = grid_.cell(barline[par::position], barline[par::staff]))
-            *cell = extentOf(barline);
+        grid_.cell(barline[par::position], barline[par::staff]) = extentOf(barline);
     }
     for (int bottom = 1; bottom <= highestStaff; ++bottom)
-        for (const int item : staves_.on(bottom)) {
-            const Parameters& staff = parsOf(item);
-            const float top = (staff[par::staff] + staff[par::systemStaves]) - 1.0F;
-            // Where a mark comes from the file the number of staves may be none, which stays.
-            if (staff[par::mark] == bottomStaff)
-                compareSystem(bottom, top > highestStaff ? highestStaff : top);
-        }
+        for (const int item : staves_.on(bottom))
+            if (const Parameters& staff = parsOf(item); staff[par::mark] == bottomStaff)
+                compareSystem(bottom, staff[par::systemStaves]);
 }
 
 std::int32_t BarlineChecks::findings() {

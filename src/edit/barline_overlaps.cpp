@@ -2,19 +2,19 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <tuple>
+#include <vector>
 
 #include "edit/edit_run.h"
 #include "music/items.h"
+#include "music/notation.h"
 
 namespace tul::edit {
 
 namespace {
 
-constexpr Margin samePosition = lessThan(0.5F);
 constexpr std::size_t indent = 64;
-
-float rounded(float value) { return static_cast<float>(roundToEven(value)); }
 
 struct Extent {
     int item;
@@ -23,28 +23,29 @@ struct Extent {
     float lowest;  // staff
     float staves;
 
-    explicit Extent(int row)
-        : item(row),
-          position(parsOf(row)[par::position]),
-          form(rounded(parsOf(row)[par::barlineForm])),
-          lowest(rounded(parsOf(row)[par::staff])),
-          staves(parsOf(row)[par::stavesUp] == 0.0F ? 1.0F : rounded(parsOf(row)[par::stavesUp])) {}
-
     bool holds(const Extent& other) const {
         return other.lowest >= lowest && other.lowest + other.staves <= lowest + staves;
     }
-
-  private:
-    static const Parameters& parsOf(int row) { return musItemTable[row].pars; }
 };
+
+Extent extentOf(int item) {
+    const Parameters& barline = parsOf(item);
+    const float staves = barline[par::stavesUp];
+    return {.item = item,
+            .position = barline[par::position],
+            .form = rounded(barline[par::barlineForm]),
+            .lowest = rounded(barline[par::staff]),
+            .staves = staves == 0.0F ? 1.0F : rounded(staves)};
+}
 
 /// A place or form that is no number is that of no other barline.
 std::vector<Extent> extentsByFormAndPlace() {
     std::vector<Extent> extents;
-    for (int item = 1; item <= musItemTable.itemCount; ++item)
-        if (const Extent extent(item);
-            isBarline(musItemTable[item]) && !std::isnan(extent.position) && !std::isnan(extent.form))
-            extents.push_back(extent);
+    for (int item = 1; item <= musItemTable.itemCount; ++item) {
+        const Parameters& pars = parsOf(item);
+        if (isBarline(pars) && !std::isnan(pars[par::position]) && !std::isnan(pars[par::barlineForm]))
+            extents.push_back(extentOf(item));
+    }
     std::sort(extents.begin(), extents.end(), [](const Extent& a, const Extent& b) {
         return std::tie(a.form, a.position, a.item) < std::tie(b.form, b.position, b.item);
     });
@@ -54,8 +55,9 @@ std::vector<Extent> extentsByFormAndPlace() {
 /// Removes the second of the pair, in the order of the table, when it is in the first. The first of a pair
 /// stays, and one that is removed removes others all the same.
 void removeContained(const Extent& one, const Extent& other, std::int32_t& removed) {
-    const auto& [first, second] =
-        std::minmax(one, other, [](const Extent& a, const Extent& b) { return a.item < b.item; });
+    const bool isInOrder = one.item < other.item;
+    const Extent& first = isInOrder ? one : other;
+    const Extent& second = isInOrder ? other : one;
     if (!first.holds(second)) return;
     deleteItem(musItemTable[second.item]);
     countChange(removed);
@@ -73,7 +75,7 @@ void OverlapRun::updateFile(const PageInRun& page) {
     const std::vector<Extent> extents = extentsByFormAndPlace();
     for (auto one = extents.begin(); one != extents.end(); ++one)
         for (auto other = one + 1; other != extents.end() && other->form == one->form &&
-                                   isNear(other->position, one->position, samePosition);
+                                   isNear(other->position, one->position, barlinePlace);
              ++other)
             removeContained(*one, *other, removed);
     page.report.line(std::string(indent, ' ') + "Overlapping barlines removed: " + plain(removed));

@@ -1,8 +1,10 @@
 #include "edit/barline_reports.h"
 
 #include <cmath>
+#include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "centre/names_file.h"
@@ -64,7 +66,6 @@ ReportEnd VerifyRun::writeEnd(Report& report, const RunResult&) {
 
 // --- Discovery
 
-constexpr int highestStaff = 32;
 constexpr std::size_t barlineIndent = 19;
 
 /// Numbers in columns, with blanks behind them.
@@ -86,7 +87,7 @@ void writeStaff(Report& report, const Parameters& staff, const std::vector<int>&
     const float leftEnd = std::trunc(staff[par::position]);
     std::string line(barlineIndent, ' ');
     for (const int item : barlines) {
-        const Parameters& barline = musItemTable[item].pars;
+        const Parameters& barline = parsOf(item);
         if (std::trunc(barline[par::position]) != leftEnd) line += barlineText(barline);
     }
     report.line(line + "  ");
@@ -118,8 +119,7 @@ PageEnd DiscoverRun::processPage(const PageInRun& page) {
     const StaffRows staves(isStaff);
     const StaffRows barlines(isBarline);
     for (int staff = highestStaff; staff >= 1; --staff)
-        for (const int item : staves.on(staff))
-            writeStaff(page.report, musItemTable[item].pars, barlines.on(staff));
+        for (const int item : staves.on(staff)) writeStaff(page.report, parsOf(item), barlines.on(staff));
     noteDone(page.result);
     return PageEnd::next;
 }

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
-#include <utility>
+#include <string>
+#include <vector>
 
 #include "base/text.h"
 #include "centre/launching.h"
 #include "edit/edit_run.h"
 #include "edit/staff_rows.h"
+#include "music/bar_file.h"
 #include "music/items.h"
 
 namespace tul::edit {
@@ -29,7 +31,6 @@ BarlineTarget& controlRow() { return barlineUpdate.targets.front(); }
 /// A row of another instrument, and its staves on the page.
 struct Copies {
     std::string instrument;
-    float number;
     float stavesUp;
     StaffRows staves;
 };
@@ -80,8 +81,6 @@ class PageBarlines {
     bool hasToldMissing_ = false;
 };
 
-const Parameters& parsOf(int item) { return musItemTable[item].pars; }
-
 StaffRows stavesOf(float instrument) {
     return StaffRows(
         [instrument](ItemPars item) { return isStaff(item) && item[par::instrument] == instrument; });
@@ -91,17 +90,17 @@ PageBarlines::PageBarlines(Report& report) : report_(report) {
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         const Parameters& staff = parsOf(item);
         if (!isStaff(staff)) continue;
-        const auto number = static_cast<float>(roundToEven(staff[par::staff]));
-        if (number < lowest_) lowest_ = number;
-        if (number > highest_) highest_ = number;
+        const float number = rounded(staff[par::staff]);
+        lowest_ = std::min(lowest_, number);
+        highest_ = std::max(highest_, number);
         staves_.push_back(item);
         if (staff[par::instrument] == controlNumber_) controls_.push_back(item);
     }
     controlIndex_ = stavesOf(controlNumber_);
     for (const BarlineTarget& target : barlineUpdate.targets) {
         if (&target == &controlRow() || target.instrument.empty()) continue;
-        const float number = numberOf(target.instrument);
-        copies_.push_back({target.instrument, number, numberOf(target.stavesUp), stavesOf(number)});
+        copies_.push_back(
+            {target.instrument, numberOf(target.stavesUp), stavesOf(numberOf(target.instrument))});
     }
 }
 
@@ -174,8 +173,7 @@ float PageBarlines::spanUpTo(const Parameters& control) const {
     const float staff = control[par::staff];
     const auto higher = std::upper_bound(highestSoFar_.begin(), highestSoFar_.end(), staff);
     if (higher != highestSoFar_.end()) return *higher - staff;
-    const float span = (lastTop_ - staff) + 1.0F;
-    return static_cast<float>(roundToEven(span));
+    return rounded((lastTop_ - staff) + 1.0F);
 }
 
 void PageBarlines::setSystemBarlines() {
@@ -270,9 +268,11 @@ std::vector<Field> fields() {
     int row = firstRow;
     for (BarlineTarget& target : barlineUpdate.targets) {
         const std::string number = plain(row++);
-        all.push_back(instrumentField("txtEditBarInstr_" + number, target.instrument));
-        if (&target == &controlRow())
-            all.back().changed = [] { barlineUpdate.txtEditBarInstr1 = controlRow().instrument; };
+        const Field instrument = instrumentField("txtEditBarInstr_" + number, target.instrument);
+        all.push_back(
+            &target == &controlRow()
+                ? withStep(instrument, [] { barlineUpdate.txtEditBarInstr1 = controlRow().instrument; })
+                : instrument);
         all.push_back(textField("txtEditBarUp_" + number, target.stavesUp,
                                 "Number of staves up (1-32), Cancel to reset.", keepBarStavesUp));
     }
@@ -307,10 +307,7 @@ std::string keepBarInstrument(const std::string& typed) {
     return keepNumber(typed, highest, highest);
 }
 
-std::string keepBarStavesUp(const std::string& typed) {
-    constexpr int highest = 32;
-    return keepNumber(typed, highest, 1);
-}
+std::string keepBarStavesUp(const std::string& typed) { return keepNumber(typed, highestStaff, 1); }
 
 void cmdDuoB() {
     barlineUpdate.txtEditBarInstr1 = "2";

@@ -6,6 +6,7 @@
 
 #include "edit/edit_run.h"
 #include "music/items.h"
+#include "music/notation.h"
 #include "music/staff_index.h"
 #include "shared/records.h"
 
@@ -16,7 +17,7 @@ Fingers fingers;
 namespace {
 
 constexpr float fingerSize = 0.75F;
-constexpr Margin margin = lessThan(0.01F);
+constexpr Margin sameSize = lessThan(0.01F);
 constexpr float thirdFinger = 3.0F;
 constexpr float fourthFinger = 4.0F;
 constexpr float verticalShift = 0.2F;
@@ -31,14 +32,14 @@ bool isAmong(const Values& values, float value) {
     return std::find(values.begin(), values.end(), value) != values.end();
 }
 
-bool isFingerSized(const Parameters& number) { return isNear(number[par::numberSize], fingerSize, margin); }
+bool isFingerSized(const Parameters& number) { return isNear(number[par::numberSize], fingerSize, sameSize); }
 
 /// False for what is no number.
 bool isEven(float value) { return std::fmod(roundToEven(std::fabs(value)), 2.0) == 0.0; }
 
 /// True when a note stands at the finger's place, one step below its height.
 bool hasNoteAt(const Parameters& finger, const StaffIndex& notes) {
-    const PlaceRange places = notes.near(finger[par::staff], finger[par::position], margin);
+    const PlaceRange places = notes.near(finger[par::staff], finger[par::position], notePlace);
     for (std::size_t i = places.begin; i < places.end; ++i)
         if (musItemTable[notes[i].row].pars[par::height] + 1.0F == finger[par::height]) return true;
     return false;

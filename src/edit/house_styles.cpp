@@ -140,7 +140,6 @@ void lowerDot(ItemRow& row) {
 
 /// A note without a stem belongs to the last one in the table that has one at its place, stem down.
 void lowerDotsOfChords(const std::vector<ItemRow*>& notes, std::vector<Place> stemmed) {
-    constexpr Margin notePlace = lessThan(0.01F);
     for (Place& place : stemmed) place.row = -place.row;  // the last becomes the first
     const StaffIndex index(std::move(stemmed));
     std::vector<KeyedPlace> items;

@@ -6,7 +6,7 @@
 namespace tul::edit {
 
 void StaffRows::add(int item) {
-    const float staff = musItemTable[item].pars[par::staff];
+    const float staff = parsOf(item)[par::staff];
     if (!std::isnan(staff)) staves_[staff].push_back(item);
 }
 

@@ -24,7 +24,7 @@ class StaffRows {
     template <class Belongs>
     explicit StaffRows(Belongs belongs) {
         for (int item = 1; item <= musItemTable.itemCount; ++item)
-            if (belongs(ItemPars(musItemTable[item]))) add(item);
+            if (belongs(ItemPars(parsOf(item)))) add(item);
     }
 
     /// The last row of the table so far.

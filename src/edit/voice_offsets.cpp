@@ -1,7 +1,14 @@
 #include "edit/voice_offsets.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <functional>
+#include <iterator>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "centre/launching.h"
 #include "edit/edit_run.h"
@@ -16,10 +23,7 @@ VoiceOffsets voiceOffsets;
 
 namespace {
 
-constexpr Margin notePlace = lessThan(0.01F);
 constexpr Margin eventPlace = lessThan(0.1F);
-
-bool hasStem(ItemPars item, Stem stem) { return isNote(item) && stemOf(item) == stem; }
 
 // --- Bars with two voices
 
@@ -98,7 +102,7 @@ bool TwoVoices::areAround(ItemPars note) const {
         const float below = barredStaffBelow(note[par::staff]);
         if (below == 0.0F) return false;
         const bool isRow = below <= static_cast<float>(musItemTable.itemCount);
-        bar = barAround(isRow ? musItemTable[static_cast<int>(below)].pars[par::staff] : 0.0F, position);
+        bar = barAround(isRow ? parsOf(static_cast<int>(below))[par::staff] : 0.0F, position);
         if (!bar.isFound()) return false;
     }
     const PlaceRange events = events_.between(note[par::staff], bar.left, bar.right);
@@ -134,205 +138,190 @@ class Offsets {
 struct LowerNote {
     int row;
     PlaceRange uppers;
-    int upper = noRow;  // the one that moves it
+    int upper = noRow;  // the first one in the table that moves it
 };
 
 ItemKey stepKey(ItemPars note) { return {stepOf(note)}; }
 ItemKey stepBelowKey(ItemPars note) { return {stepOf(note) - 1.0F}; }
 ItemKey noteKey(ItemPars note) { return {stepOf(note), note[par::noteHead], note[par::duration]}; }
 
-/// How an upper note stands that moves a lower one.
+/// Which upper notes move which lower ones, and how they stand to one another.
 struct Collision {
+    std::function<bool(ItemPars)> isUpper;
+    std::function<bool(ItemPars)> isLower;
     ItemKey (*upperKey)(ItemPars);
     ItemKey (*lowerKey)(ItemPars);
     KeyFit fit;
-    bool needsOffset;  // it moves the note only where that has a distance
-};
-constexpr Collision oneStepAbove = {stepBelowKey, stepKey, KeyFit::same, false};
-constexpr Collision onIt = {noteKey, noteKey, KeyFit::same, true};
-constexpr Collision belowIt = {stepKey, stepKey, KeyFit::below, true};
-
-bool isKey(const ItemKey& key) {
-    return std::none_of(key.begin(), key.end(), [](float part) { return std::isnan(part); });
-}
-
-/// Of several upper notes the first one in the table moves the lower note, if it moves it at all.
-class Collisions {
-  public:
-    explicit Collisions(std::vector<Place> uppers) : uppers_(std::move(uppers)) {}
-
-    [[nodiscard]] PlaceRange uppersAt(ItemPars note) const {
-        return uppers_.near(note[par::staff], note[par::position], notePlace);
-    }
-    void find(std::vector<LowerNote>& lowers) const;
-
-  private:
-    void find(std::vector<LowerNote>& lowers, const Collision& collision, bool withOwnOffset) const;
-
-    StaffIndex uppers_;
-    Offsets offsets_;
 };
 
-void Collisions::find(std::vector<LowerNote>& lowers) const {
-    for (const bool withOwnOffset : {true, false}) {
-        find(lowers, oneStepAbove, withOwnOffset);
-        if (!voiceOffsets.chkOverlap) find(lowers, onIt, withOwnOffset);
-        find(lowers, belowIt, withOwnOffset);
+/// An upper note one step above moves the lower one always, one on it or below it where either of the two
+/// calls for an offset above 0.
+std::vector<Collision> collisionsWith(const Offsets& offsets) {
+    const auto any = [](ItemPars) { return true; };
+    const auto upperCalls = [&](ItemPars note) { return offsets.ofUpper(note) > 0.0F; };
+    const auto lowerCalls = [&](ItemPars note) { return offsets.ofLower(note) > 0.0F; };
+    std::vector<Collision> collisions = {
+        {any, any, stepBelowKey, stepKey, KeyFit::same},
+        {upperCalls, any, stepKey, stepKey, KeyFit::below},
+        {any, lowerCalls, stepKey, stepKey, KeyFit::below},
+    };
+    if (!voiceOffsets.chkOverlap) {
+        collisions.push_back({upperCalls, any, noteKey, noteKey, KeyFit::same});
+        collisions.push_back({any, lowerCalls, noteKey, noteKey, KeyFit::same});
     }
+    return collisions;
 }
 
-void Collisions::find(std::vector<LowerNote>& lowers, const Collision& collision, bool withOwnOffset) const {
-    std::vector<LowerNote*> asking;
+void findUppers(std::vector<LowerNote>& lowers, const StaffIndex& uppers, const Collision& collision) {
+    std::vector<KeyedPlace> items;
+    for (std::size_t place = 0; place < uppers.size(); ++place)
+        if (const Parameters& upper = parsOf(uppers[place].row); collision.isUpper(upper))
+            items.push_back({place, collision.upperKey(upper)});
     std::vector<FirstQuestion> questions;
-    for (LowerNote& lower : lowers) {
-        const ItemRow& note = musItemTable[lower.row];
-        const ItemKey key = collision.lowerKey(note);
-        if ((offsets_.ofLower(note) > 0.0F) != withOwnOffset || !isKey(key)) continue;
-        asking.push_back(&lower);
-        questions.push_back({lower.uppers, key});
+    for (const LowerNote& lower : lowers) {
+        const Parameters& note = parsOf(lower.row);
+        questions.push_back(
+            {collision.isLower(note) ? lower.uppers : PlaceRange(), collision.lowerKey(note)});
     }
-    if (questions.empty()) return;
-    std::vector<KeyedPlace> moving;
-    for (std::size_t place = 0; place < uppers_.size(); ++place) {
-        const ItemRow& upper = musItemTable[uppers_[place].row];
-        const ItemKey key = collision.upperKey(upper);
-        const bool moves = !collision.needsOffset || withOwnOffset || offsets_.ofUpper(upper) > 0.0F;
-        if (moves && isKey(key)) moving.push_back({place, key});
-    }
-    const std::vector<int> rows = firstRows(uppers_, std::move(moving), questions, collision.fit);
-    for (std::size_t i = 0; i < rows.size(); ++i) asking[i]->upper = std::min(asking[i]->upper, rows[i]);
+    const std::vector<int> rows = firstRows(uppers, std::move(items), questions, collision.fit);
+    for (std::size_t i = 0; i < rows.size(); ++i) lowers[i].upper = std::min(lowers[i].upper, rows[i]);
 }
 
 // --- What moves with a note
 
-/// Gives what stands at the places of moved notes their offset.
+/// Gives what stands at the places of moved notes the offset of the first of them in the table.
 class Followers {
   public:
     explicit Followers(std::vector<Place> moved) : moved_(std::move(moved)) {
-        for (std::size_t place = 0; place < moved_.size(); ++place) {
-            all_.push_back({place, {}});
-            // Notes below a moved one ask, so that the order of steps is turned round.
-            bySteps_.push_back({place, {-stepOf(musItemTable[moved_[place].row])}});
-        }
+        // Notes below a moved one ask, so that the order of steps is turned round.
+        for (std::size_t place = 0; place < moved_.size(); ++place)
+            bySteps_.push_back({place, {-stepOf(parsOf(moved_[place].row))}});
     }
     void moveBeamEnds(int position, int shift) const;
     void moveChords() const;
 
   private:
-    static void move(const std::vector<ItemRow*>& items, const std::vector<int>& by, int shift, bool counts);
+    /// Each shift has a question. How many are moved.
+    int move(const std::vector<float*>& shifts, const std::vector<FirstQuestion>& questions) const;
 
     StaffIndex moved_;
-    std::vector<KeyedPlace> all_;
     std::vector<KeyedPlace> bySteps_;
 };
 
-void Followers::move(const std::vector<ItemRow*>& items, const std::vector<int>& by, int shift, bool counts) {
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        if (by[i] == noRow) continue;
-        items[i]->pars[shift] = musItemTable[by[i]].pars[par::noteShift];
-        if (counts) countChange();
+int Followers::move(const std::vector<float*>& shifts, const std::vector<FirstQuestion>& questions) const {
+    const std::vector<int> rows = firstRows(moved_, bySteps_, questions, KeyFit::below);
+    int count = 0;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i] == noRow) continue;
+        *shifts[i] = parsOf(rows[i])[par::noteShift];
+        ++count;
     }
+    return count;
 }
 
 /// At the left or at the right.
 void Followers::moveBeamEnds(int position, int shift) const {
-    std::vector<ItemRow*> beams;
+    constexpr ItemKey aboveAll = {std::numeric_limits<float>::infinity()};
+    std::vector<float*> shifts;
     std::vector<FirstQuestion> questions;
     forEachItem([&](int, ItemRow& row) {
-        const Parameters& pars = row.pars;
+        Parameters& pars = row.pars;
         if (!isBeam(row) || stemIn(pars[par::beamForm]) != Stem::down || pars[shift] != 0.0F) return;
-        beams.push_back(&row);
-        questions.push_back({moved_.near(pars[par::staff], pars[position], notePlace), {}});
+        shifts.push_back(&pars[shift]);
+        questions.push_back({moved_.near(pars[par::staff], pars[position], notePlace), aboveAll});
     });
-    move(beams, firstRows(moved_, all_, questions, KeyFit::same), shift, true);
+    pipeline.page.changes += move(shifts, questions);
 }
 
-/// Notes of a chord that stand below the one with the stem.
+/// Notes of a chord that stand below the one with the stem. They are not counted.
 void Followers::moveChords() const {
-    std::vector<ItemRow*> notes;
+    std::vector<float*> shifts;
     std::vector<FirstQuestion> questions;
     forEachItem([&](int, ItemRow& row) {
-        if (!hasStem(row, Stem::none) || row.pars[par::noteShift] != 0.0F || std::isnan(stepOf(row))) return;
-        notes.push_back(&row);
-        questions.push_back({moved_.at(row.pars[par::staff], row.pars[par::position]), {-stepOf(row)}});
+        Parameters& pars = row.pars;
+        if (!isNote(row) || stemOf(row) != Stem::none || pars[par::noteShift] != 0.0F) return;
+        shifts.push_back(&pars[par::noteShift]);
+        questions.push_back({moved_.at(pars[par::staff], pars[par::position]), {-stepOf(row)}});
     });
-    move(notes, firstRows(moved_, bySteps_, questions, KeyFit::below), par::noteShift, false);
+    move(shifts, questions);
 }
 
 // --- One file
+
+struct PageNotes {
+    std::vector<int> lowers;
+    std::vector<Place> uppers;
+    std::vector<Place> events;
+    std::vector<Place> barlines;
+};
+
+/// Lower notes that have an offset keep it.
+PageNotes notesOfPage() {
+    PageNotes notes;
+    forEachItem([&](int item, const ItemRow& row) {
+        const Place place = placeOf(row, item);
+        const Stem stem = isNote(row) ? stemOf(row) : Stem::none;
+        if (stem == Stem::up) notes.uppers.push_back(place);
+        if (stem == Stem::down && row.pars[par::noteShift] == 0.0F) notes.lowers.push_back(item);
+        if (stem != Stem::none || isRest(row)) notes.events.push_back(place);
+        if (isBarline(row)) notes.barlines.push_back(place);
+    });
+    return notes;
+}
 
 class OffsetsRun : public FamilyRun {
   public:
     void updateFile(const PageInRun& page) override;
 
   private:
-    void gather(int item, const ItemRow& row);
-    [[nodiscard]] std::vector<LowerNote> lowersToMove();
-    /// The notes that take others with them.
-    std::vector<Place> moveLowers(const std::vector<LowerNote>& lowers);
+    [[nodiscard]] std::vector<LowerNote> lowersOf(PageNotes notes) const;
+    [[nodiscard]] std::vector<Place> move(const std::vector<LowerNote>& lowers) const;
 
-    std::vector<int> lowers_;
-    std::vector<Place> uppers_;
-    std::vector<Place> events_;
-    std::vector<Place> barlines_;
-    std::int32_t moved_ = 0;
+    const Offsets offsets_;
 };
 
-/// Notes that have an offset keep it.
-void OffsetsRun::gather(int item, const ItemRow& row) {
-    const Place place = placeOf(row, item);
-    const Stem stem = isNote(row) ? stemOf(row) : Stem::none;
-    if (stem == Stem::up) uppers_.push_back(place);
-    if (stem == Stem::down && row.pars[par::noteShift] == 0.0F) lowers_.push_back(item);
-    if (stem != Stem::none || isRest(row)) events_.push_back(place);
-    if (isBarline(row)) barlines_.push_back(place);
-}
-
-std::vector<LowerNote> OffsetsRun::lowersToMove() {
+std::vector<LowerNote> OffsetsRun::lowersOf(PageNotes notes) const {
     std::vector<LowerNote> lowers;
-    const TwoVoices voices(std::move(events_), std::move(barlines_));
-    const Collisions collisions(std::move(uppers_));
-    for (const int item : lowers_) {
-        const ItemRow& row = musItemTable[item];
-        const PlaceRange uppers = collisions.uppersAt(row);
-        if (!uppers.isEmpty() && voices.areAround(row)) lowers.push_back({item, uppers});
+    const TwoVoices voices(std::move(notes.events), std::move(notes.barlines));
+    const StaffIndex uppers(std::move(notes.uppers));
+    for (const int item : notes.lowers) {
+        const Parameters& note = parsOf(item);
+        const PlaceRange range = uppers.near(note[par::staff], note[par::position], notePlace);
+        if (!range.isEmpty() && voices.areAround(note)) lowers.push_back({item, range});
     }
-    collisions.find(lowers);
+    for (const Collision& collision : collisionsWith(offsets_)) findUppers(lowers, uppers, collision);
     return lowers;
 }
 
-/// Only a note below an upper one that is a step above it counts, and takes with it what hangs on it.
-std::vector<Place> OffsetsRun::moveLowers(const std::vector<LowerNote>& lowers) {
+/// Only notes below an upper one that is a step above are told, and take with them what hangs on them: these
+/// are returned.
+std::vector<Place> OffsetsRun::move(const std::vector<LowerNote>& lowers) const {
     constexpr float width = 10.0F;
     constexpr float widthWithDot = 20.0F;
-    const Offsets offsets;
-    std::vector<Place> withFollowers;
+    std::vector<Place> oneStepBelow;
     for (const LowerNote& lower : lowers) {
         if (lower.upper == noRow) continue;
         ItemRow& row = musItemTable[lower.row];
-        const ItemRow& upper = musItemTable[lower.upper];
+        const Parameters& upper = parsOf(lower.upper);
+        float& shift = row.pars[par::noteShift];
         if (stepOf(upper) > stepOf(row)) {
-            row.pars[par::noteShift] = dotsOf(upper) == 0 ? width : widthWithDot;
-            countChange(moved_);
-            withFollowers.push_back(placeOf(row, lower.row));
+            shift = dotsOf(upper) == 0 ? width : widthWithDot;
+            oneStepBelow.push_back(placeOf(row, lower.row));
         } else {
-            row.pars[par::noteShift] = std::max(offsets.ofUpper(upper), offsets.ofLower(row));
-            countChange();
+            shift = std::max(offsets_.ofUpper(upper), offsets_.ofLower(row));
         }
+        countChange();
     }
-    return withFollowers;
+    return oneStepBelow;
 }
 
 void OffsetsRun::updateFile(const PageInRun& page) {
-    *this = {};
-    forEachItem([this](int item, const ItemRow& row) { gather(item, row); });
-    if (std::vector<Place> notes = moveLowers(lowersToMove()); !notes.empty()) {
-        const Followers followers(std::move(notes));
-        followers.moveBeamEnds(par::position, par::beamShift);
-        followers.moveBeamEnds(par::endPosition, par::beamEndShift);
-        followers.moveChords();
-    }
-    page.report.line("        Offsets applied:" + str(moved_));
+    std::vector<Place> moved = move(lowersOf(notesOfPage()));
+    page.report.line("        Offsets applied:" + str(moved.size()));
+    const Followers followers(std::move(moved));
+    followers.moveBeamEnds(par::position, par::beamShift);
+    followers.moveBeamEnds(par::endPosition, par::beamEndShift);
+    followers.moveChords();
 }
 
 // --- The family

@@ -18,7 +18,6 @@ namespace {
 constexpr float longestBarRest = -2.0F;       // form of a rest that counts for bars
 constexpr float highestTextPosition = 10.0F;  // staff steps
 constexpr char sharpS = '\xDF';
-constexpr int highestStaff = 32;
 constexpr float highestPlainBarline = 7.0F;
 constexpr Margin leftEnd = atMost(1.0F);
 
@@ -65,7 +64,7 @@ float markBarlines(const Parameters& staff) {
         const float form = barline[par::barlineForm];
         if (form <= highestPlainBarline && samePlace(staff, barline, leftEnd)) barline[par::mark] = 1.0F;
         if (form > highestPlainBarline) barline[par::mark] = -1.0F;
-        if (barline[par::stavesUp] > width) width = static_cast<float>(roundToEven(barline[par::stavesUp]));
+        if (barline[par::stavesUp] > width) width = rounded(barline[par::stavesUp]);
     }
     return width == 0.0F ? 1.0F : width;
 }

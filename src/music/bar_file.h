@@ -8,6 +8,9 @@
 /// marks for the staves and barlines that belong together. Such a table is never written to a file.
 namespace tul {
 
+/// Staves above it are no staves to the bar tools.
+inline constexpr int highestStaff = 32;
+
 /// Whose progress bar a reading drives.
 enum class BarReader { renum, edit, other };
 

@@ -1,7 +1,7 @@
 #include "music/first_item.h"
 
 #include <algorithm>
-#include <numeric>
+#include <cmath>
 
 namespace tul {
 
@@ -34,9 +34,15 @@ class LeastRows {
     std::vector<int> least_;
 };
 
+bool isKey(const ItemKey& key) {
+    return std::none_of(key.begin(), key.end(), [](float part) { return std::isnan(part); });
+}
+
+/// Without those that ask for what is no number.
 std::vector<std::size_t> orderByKey(const std::vector<FirstQuestion>& questions) {
-    std::vector<std::size_t> order(questions.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < questions.size(); ++i)
+        if (isKey(questions[i].key)) order.push_back(i);
     std::sort(order.begin(), order.end(),
               [&](std::size_t a, std::size_t b) { return questions[a].key < questions[b].key; });
     return order;
@@ -44,10 +50,15 @@ std::vector<std::size_t> orderByKey(const std::vector<FirstQuestion>& questions)
 
 }  // namespace
 
+/// Items and questions are gone through together, by rising keys: an item counts from where its key fits to
+/// where it fits no longer. Those that count stand in a tree over the places, each node of which knows the
+/// least row below it. So an item is put in and taken out once, and a question looks at a few nodes instead
+/// of all its places.
 std::vector<int> firstRows(const StaffIndex& index, std::vector<KeyedPlace> items,
                            const std::vector<FirstQuestion>& questions, KeyFit fit) {
     std::vector<int> rows(questions.size(), noRow);
     if (items.empty() || questions.empty()) return rows;
+    std::erase_if(items, [](const KeyedPlace& item) { return !isKey(item.key); });
     std::sort(items.begin(), items.end(),
               [](const KeyedPlace& a, const KeyedPlace& b) { return a.key < b.key; });
     LeastRows counting(index.size());

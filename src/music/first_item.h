@@ -10,15 +10,16 @@
 /// number of questions at once, without a look at each item for each question.
 namespace tul {
 
-/// What items are compared by beside their places, in the order of its parts.
+/// What items are compared by beside their places, in the order of its parts. One with a part that is no
+/// number fits nothing.
 using ItemKey = std::array<float, 3>;
 
-/// An item of an index that may be found. Its key is made of numbers.
+/// An item of an index that may be found.
 struct KeyedPlace {
     std::size_t place;
     ItemKey key;
 };
-/// Asks for one of some items. Its key is made of numbers.
+/// Asks for one of some items.
 struct FirstQuestion {
     PlaceRange places;
     ItemKey key;

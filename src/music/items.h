@@ -34,6 +34,9 @@ inline bool isBarline(ItemPars item) { return item[par::code] == code::barline; 
 inline bool isText(ItemPars item) { return item[par::code] == code::text; }
 inline bool isDeleted(ItemPars item) { return item[par::code] == deletedItem; }
 
+/// Of the item in the table.
+inline const Parameters& parsOf(int item) { return musItemTable[item].pars; }
+
 /// The writers leave a deleted row out; the table keeps it.
 inline void deleteItem(ItemRow& row) { row.pars[par::code] = deletedItem; }
 

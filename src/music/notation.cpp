@@ -30,7 +30,7 @@ int dotsOf(ItemPars note) {
     return static_cast<int>(roundToEven(lastDigits(note[par::noteFlags], 100.0F) / 10.0));
 }
 
-float stepOf(ItemPars item) { return static_cast<float>(std::fmod(roundToEven(item[par::height]), 100.0)); }
+float stepOf(ItemPars item) { return std::fmod(rounded(item[par::height]), 100.0F); }
 
 int nearestNote(float staff, float position, float from) {
     float nearest = 999.0F;

@@ -2,11 +2,16 @@
 
 #include <vector>
 
+#include "base/numbers.h"
 #include "music/items.h"
 
-/// What the parameters of notes, rests and beams say. A parameter that is no number says nothing: no stem, no
-/// accidental, and no height that could be compared.
+/// What the parameters of notes, rests, beams and barlines say. A parameter that is no number says nothing:
+/// no stem, no accidental, and no height that could be compared.
 namespace tul {
+
+/// Notes that are no farther apart stand at one place, and so do barlines.
+inline constexpr Margin notePlace = lessThan(0.01F);
+inline constexpr Margin barlinePlace = lessThan(0.5F);
 
 enum class Stem { none, up, down };
 

@@ -9,7 +9,7 @@ class VoiceOffsetsTest : public EditTest {
     /// How far the page's last item is moved.
     float shiftOfLast(const std::string& page) {
         reportOn(page, voiceOffsetsFamily);
-        return musItemTable[musItemTable.itemCount].pars[par::noteShift];
+        return parsOf(musItemTable.itemCount)[par::noteShift];
     }
     /// How far a note of the lower voice is moved that stands at one place with others, each from Par 4 on.
     float shiftAt(const Texts& upper, const std::string& lower) {
@@ -20,13 +20,13 @@ class VoiceOffsetsTest : public EditTest {
 };
 
 TEST_F(VoiceOffsetsTest, MovesANoteByWhatStandsAtItsPlace) {
-    const Texts uppers = {
-        "7 10 7=1",   "6 10 7=1",      "6 10 7=1 9=10", "5 10 7=1",      "5 10 7=2",       "5 10 10 1",
-        "3 10 7=2",   "3 10 7=1 9=11", "3 10 7=1 9=10", "3 10 7=1 9=20", "3 10 7=1 9=15",  "106 10 7=1",
-        "5.5 10 7=1", "4.5 10 7=1",    "NAN 10 7=1",    "INF 10 7=1",    "3 10 7=1 9=INF", "5 10 7=NAN"};
-    const std::vector<float> shifts = {0, 10, 20, 4, 0, 0, 4, 8, 6, 8, 8, 10, 10, 4, 0, 0, 4, 0};
-    for (std::size_t i = 0; i < shifts.size(); ++i)
-        EXPECT_EQ(shiftAt({uppers[i]}, "5 20 7=1"), shifts[i]) << uppers[i];
+    const std::vector<std::pair<std::string, float>> shifts = {
+        {"7 10 7=1", 0},       {"6 10 7=1", 10},     {"6 10 7=1 9=10", 20}, {"5 10 7=1", 4},
+        {"5 10 7=2", 0},       {"5 10 10 1", 0},     {"3 10 7=2", 4},       {"3 10 7=1 9=11", 8},
+        {"3 10 7=1 9=10", 6},  {"3 10 7=1 9=20", 8}, {"3 10 7=1 9=15", 8},  {"106 10 7=1", 10},
+        {"5.5 10 7=1", 10},    {"4.5 10 7=1", 4},    {"NAN 10 7=1", 0},     {"INF 10 7=1", 0},
+        {"3 10 7=1 9=INF", 4}, {"5 10 7=NAN", 0}};
+    for (const auto& [upper, shift] : shifts) EXPECT_EQ(shiftAt({upper}, "5 20 7=1"), shift) << upper;
     EXPECT_EQ(shiftAt({"6 10 7=1"}, "5 24 7=1"), 10);
     EXPECT_EQ(shiftAt({"3 10 7=1 9=10"}, "5 21 7=1"), 7);
     EXPECT_EQ(shiftAt({"3 10 7=1 9=11"}, "5 21 7=1"), 8);

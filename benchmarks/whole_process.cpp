@@ -162,7 +162,7 @@ void compareRewriting(const fs::path& home, const Words& pages) {
         const Words workPages = filesOf(work);
         const Words ours = withFiles(withFiles({(home / "tulcmd").string(), "--no"}, tool), workPages);
         const Words theirs = withFiles({"cp", "-t", copies.string()}, workPages);
-        compare({name, thenSync(ours)}, {"cp, both sync", thenSync(theirs)}, 7, [&] {
+        compare({name, thenSync(ours)}, {"cp, both sync", thenSync(theirs)}, 5, [&] {
             copyPages(some, work);
             copyPages({}, copies);
         });

@@ -130,7 +130,7 @@ bool hasPlainDot(ItemPars note) {
     return std::string_view(flags).substr(flags.size() - width + 1, 2) == "01";
 }
 
-bool isOnSpaceAboveZero(ItemPars note) { return std::fmod(roundToEven(note[par::height]), 2.0) == 1.0; }
+bool isOddAboveZero(ItemPars note) { return std::fmod(roundToEven(note[par::height]), 2.0) == 1.0; }
 
 void lowerDot(ItemRow& row) {
     constexpr float down = 100.0F;
@@ -146,6 +146,7 @@ void lowerDotsOfChords(const std::vector<ItemRow*>& notes, std::vector<Place> st
     items.reserve(index.size());
     for (std::size_t place = 0; place < index.size(); ++place) items.push_back({place, {}});
     std::vector<FirstQuestion> questions;
+    questions.reserve(notes.size());
     for (const ItemRow* note : notes)
         questions.push_back({index.near(note->pars[par::staff], note->pars[par::position], notePlace), {}});
     const std::vector<int> rows = firstRows(index, std::move(items), questions, KeyFit::same);
@@ -161,8 +162,11 @@ void lowerDots() {
         if (!isNote(row)) return;
         const Stem stem = stemOf(row);
         if (stem == Stem::down) stemmed.push_back(placeOf(row, item));
-        if (stem == Stem::up || !isOnSpaceAboveZero(row) || !hasPlainDot(row)) return;
-        stem == Stem::down ? lowerDot(row) : notesOfChords.push_back(&row);
+        if (stem == Stem::up || !isOddAboveZero(row) || !hasPlainDot(row)) return;
+        if (stem == Stem::down)
+            lowerDot(row);
+        else
+            notesOfChords.push_back(&row);
     });
     lowerDotsOfChords(notesOfChords, std::move(stemmed));
 }

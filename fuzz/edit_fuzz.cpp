@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "centre/names_file.h"
 #include "memory_host.h"
 #include "music/item_table.h"
 #include "music/mus_writer.h"
@@ -78,7 +79,7 @@ class Choices {
 
 void useThePanel(Choices& choices) {
     Panel panel = findPanel("frmEdit")->make();
-    panel.load();
+    ReadNamesFile();
     for (const Field& field : panel.fields)
         if (choices.below(3) == 0) panel.set(field.name, values[choices.below(values.size())]);
     panel.set("tabEdit", std::to_string(choices.below(14)));

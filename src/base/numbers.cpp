@@ -282,6 +282,8 @@ bool isPlainNumber(std::string_view text) {
     return isNumeric(text) && text.find_first_of("eE") == std::string_view::npos;
 }
 
+bool isParameterValue(std::string_view text) { return isPlainNumber(text) && std::isfinite(numberOf(text)); }
+
 bool isWholeNumber(std::string_view text) {
     const double value = numericValue(text);
     return isPlainNumber(text) && std::floor(value) == value;

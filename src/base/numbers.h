@@ -61,6 +61,9 @@ bool isNumeric(std::string_view text);
 /// The same without an exponent, so that the numeric value is the whole of it.
 bool isPlainNumber(std::string_view text);
 
+/// The same, and a parameter can hold it.
+bool isParameterValue(std::string_view text);
+
 /// True when the text is a plain number without a fraction.
 bool isWholeNumber(std::string_view text);
 

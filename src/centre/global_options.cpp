@@ -279,11 +279,6 @@ std::string optionsFile() {
     return file;
 }
 
-/// The name of the font that a prefix chooses.
-std::string fontNameOf(const std::string& prefix) {
-    return fontTable.FontNames.at(static_cast<std::size_t>(numericValue(prefix.substr(1))));
-}
-
 }  // namespace
 
 void ReadGlobalOptions() {

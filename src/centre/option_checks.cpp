@@ -7,7 +7,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
-#include "music/items.h"
+#include "music/font_prefix.h"
 #include "shared/records.h"
 
 namespace tul {

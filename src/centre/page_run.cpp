@@ -9,6 +9,7 @@
 #include "centre/installation.h"
 #include "centre/viewing.h"
 #include "host/host.h"
+#include "music/item_table.h"
 #include "shared/records.h"
 
 namespace tul {
@@ -127,13 +128,15 @@ void takePages(RunInProgress& run, RunView& view, const RunPlan& plan, const Wor
 
 PageEnd PageUpdateRun::processPage(const PageInRun& page) {
     page.report.line(page.result.path);
-    std::ignore = attempt([this] { storeFile(form_); });  // a reading that broke off says so itself
+    std::ignore = attempt([this] { storeFile(form_); });  // the findings name a reading that broke off
+    // What an edit adds to a page of which nothing could be read must not take its place.
+    const bool isUnread = musItemTable.itemCount == 0 && !page.result.isWhole();
     if (!attempt([&] { updatePage(page); })) page.result.isHalfChanged = true;
     if (pipeline.view->control.isAbandoned()) {
         page.result.changes = 0;
         return PageEnd::endRun;
     }
-    const bool isDue = rewrite_ == Rewrite::always || page.result.changes != 0;
+    const bool isDue = !isUnread && (rewrite_ == Rewrite::always || page.result.changes != 0);
     if (isDue && !attempt([this] { writeFile(form_); }))
         page.result.reason = "an item of it cannot be written";
     page.result.isDone = page.result.reason.empty();

@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
+#include "music/font_prefix.h"
 #include "shared/function_module.h"
 #include "shared/key_value_file.h"
 #include "shared/records.h"
@@ -152,13 +153,21 @@ void storeProjectOption(std::string_view key, const std::string& value) {
     storeInto(sharedOptions, upperCase(key), value);
 }
 
+/// What the file lacks is as in that of a new installation, but for the folder of the music.
+static void storeDefaults() {
+    for (const OptionLine& line : defaultOptions())
+        if (line.key != "MusDirectory") storeProjectOption(line.key, line.value);
+}
+
 void ReadProjectOptions() {
     projectSettings.Code9Path = machineSettings.LibPath + "\\CODE9.DAT";
+    storeDefaults();
     for (const KeyValue& option : readOptions()) storeInto(sharedOptions, option.key, option.value);
 }
 
 void ReadReturnedOptions() {
     projectSettings.Code9Path = machineSettings.LibPath + "\\CODE9.DAT";
+    storeDefaults();
     for (const KeyValue& option : readOptions()) {
         storeInto(sharedOptions, option.key, option.value);
         storeInto(returnedOptions, option.key, option.value);
@@ -168,6 +177,11 @@ void ReadReturnedOptions() {
 void readMusDirectory() {
     for (const KeyValue& option : readOptions())
         if (option.key == "MUSDIRECTORY") projectSettings.MusDirectory = option.value;
+}
+
+std::string fontNameOf(std::string_view prefix) {
+    if (prefix.size() != fontPrefixLength || !beginsWithFont(prefix)) return {};
+    return fontTable.FontNames.at(static_cast<std::size_t>(numericValue(prefix.substr(1))));
 }
 
 void LoadFontNames() {

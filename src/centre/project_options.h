@@ -35,6 +35,9 @@ struct FontTable {
 };
 extern FontTable fontTable;
 
+/// The name of the font that a prefix, "_" and two digits, chooses; empty for what is none.
+[[nodiscard]] std::string fontNameOf(std::string_view prefix);
+
 /// Fills the font names from the library's FMnn.PSC files.
 void LoadFontNames();
 

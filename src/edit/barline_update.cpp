@@ -115,13 +115,13 @@ bool PageBarlines::isControlled() {
 
 void PageBarlines::remove(ItemRow& barline) {
     deleteItem(barline);
-    ++pipeline.page.changes;
+    countChange();
 }
 
 void PageBarlines::append(const ItemRow& barline) {
     appendItem(barline);
     barlines_.add(musItemTable.itemCount);
-    ++pipeline.page.changes;
+    countChange();
 }
 
 /// `staves` are those of the span, by row.
@@ -130,7 +130,7 @@ void PageBarlines::copyBarline(ItemRow& barline, const std::vector<std::vector<i
     const bool isAccolade = std::find(accolades.begin(), accolades.end(), form) != accolades.end();
     if (isAccolade && !barlineUpdate.chkEditBarAcc) return;
     barline.pars[par::stavesUp] = numberOf(controlRow().stavesUp);
-    ++pipeline.page.changes;
+    countChange();
     for (std::size_t row = 0; row < copies_.size(); ++row) {
         const Copies& copies = copies_[row];
         for (const int staff : staves[row])
@@ -251,8 +251,7 @@ std::string keepNumber(const std::string& typed, int highest, int assumed) {
     const double value = roundToEven(numericValue(typed));
     if (value == 0.0) return "";
     if (value > 0.0 && value <= highest) return plain(static_cast<float>(value));
-    MsgBox("Value not in range. Assumed " + plain(assumed) + ".", Buttons::ok, Icon::exclamation);
-    return plain(assumed);
+    return keepInstead(plain(assumed), "Value not in range. Assumed " + plain(assumed) + ".");
 }
 
 Field instrumentField(const std::string& name, std::string& value) {

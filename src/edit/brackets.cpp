@@ -147,7 +147,7 @@ constexpr std::array<Setting, 8> settings = {{
 /// What is wrong with a text for the setting; empty where nothing is.
 std::string faultOf(const std::string& typed, Limit limit) {
     const double value = numericValue(typed);
-    if (!isPlainNumber(typed)) return "Value not numeric.";
+    if (!isParameterValue(typed)) return "Value not numeric.";
     if (limit == Limit::above0 && !(value > 0.0)) return "Value not >0.";
     if (limit == Limit::below0 && !(value < 0.0)) return "Value not <0.";
     return {};
@@ -158,8 +158,7 @@ Field settingField(const Setting& setting) {
         const std::string fault = faultOf(typed, setting.limit);
         if (fault.empty()) return typed;
         const std::string assumed = BracketSettings().*setting.value;
-        MsgBox(fault + " Assumed " + assumed, Buttons::ok, Icon::exclamation);
-        return assumed;
+        return keepInstead(assumed, fault + " Assumed " + assumed);
     };
     return readIf(textField(setting.name, bracketSettings.*setting.value, setting.prompt, keep),
                   [] { return brackets.optLineRVB; });

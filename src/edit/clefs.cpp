@@ -42,7 +42,6 @@ class ClefsRun : public FamilyRun {
   private:
     void findStaves();
     Matches matchesOf(const ItemRow& clef) const;
-    void count(int changes);
     void changeForm(ItemRow& clef, float form);
     void align(ItemRow& clef);
     void addOctaves(const PageInRun& page);
@@ -70,20 +69,16 @@ Matches ClefsRun::matchesOf(const ItemRow& clef) const {
     return found == staves_.end() ? Matches() : found->second;
 }
 
-void ClefsRun::count(int changes) {
-    for (int i = 0; i < changes; ++i) countChange(changed_);
-}
-
 void ClefsRun::changeForm(ItemRow& clef, float form) {
     const int changes = ofAll_ ? 1 : matchesOf(clef).count;
     if (changes > 0) clef.pars[par::clefForm] = form;
-    count(changes);
+    countChange(changed_, changes);
 }
 
 void ClefsRun::align(ItemRow& clef) {
     const Matches staves = matchesOf(clef);
     if (staves.count > 0) clef.pars[par::position] = staves.leftEnd + distance_;
-    count(staves.count);
+    countChange(changed_, staves.count);
 }
 
 ItemRow octaveAt(const Parameters& clef) {
@@ -161,7 +156,7 @@ const Family clefsFamily = {
 
 std::string keepClefAlign(const std::string& typed) {
     const std::string assumed = Clefs().txtClefAlign;
-    if (!isPlainNumber(typed)) return keepInstead(assumed, "Value not numeric. Assumed 1.25");
+    if (!isParameterValue(typed)) return keepInstead(assumed, "Value not numeric. Assumed 1.25");
     if (numericValue(typed) < 0) return keepInstead(assumed, "Value negative. Assumed 1.25");
     return typed;
 }

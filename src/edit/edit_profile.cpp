@@ -44,6 +44,7 @@ void saveTulEditProfile() {
 }
 
 void loadTulEditProfile() {
+    bracketSettings = {};
     if (!FileExists(profilePath())) saveTulEditProfile();
     const auto lines = readKeyValues(profilePath());
     if (!lines) endWith(profilePath() + " could not be opened for input");

@@ -21,7 +21,7 @@ extern BracketSettings bracketSettings;
 /// Writes the profile. Ends the program when that fails.
 void saveTulEditProfile();
 /// Fills the settings from the profile, which is first written where there is none. Values are taken as they
-/// stand. Ends the program when it cannot be read.
+/// stand, and those that it lacks are the first ones. Ends the program when it cannot be read.
 void loadTulEditProfile();
 /// Shows the profile in the editor.
 void viewTulEditProfile();

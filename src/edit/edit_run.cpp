@@ -77,11 +77,7 @@ void ReportedRun::writeHead(Report& report) {
 }
 
 ReportEnd ToldRun::writeEnd(Report&, const RunResult& result) {
-    editing.view.file.clear();
-    std::string text = label_ + plain(result.changes());
-    for (const std::string& line : findingsOf(result)) text += std::string(CrLf) + line;
-    MsgBox(text);
-    return ReportEnd::remove;
+    return endInMessage(label_ + plain(result.changes()), result);
 }
 
 ReportEnd ReportedRun::writeEnd(Report& report, const RunResult& result) {
@@ -144,6 +140,13 @@ void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family) {
 
 void runOnPage(ToolRun& run, const std::string& path) { start(run, {.pages = {path}, .changesPages = true}); }
 
+ReportEnd endInMessage(std::string text, const RunResult& result) {
+    editing.view.file.clear();
+    for (const std::string& line : findingsOf(result)) text += std::string(text.empty() ? "" : CrLf) + line;
+    MsgBox(text);
+    return ReportEnd::remove;
+}
+
 void writeColumnHead(Report& report) {
     const std::size_t width = std::max(selection.LongestName.size(), hyphens.size());
     report.line(padRight("File", width));
@@ -197,7 +200,7 @@ std::string itemNumberLine(int item) { return "Item number:" + str(item) + std::
 bool hasRoom(const PageInRun& page, const std::string& addition) {
     if (musItemTable.itemCount < MusItemTable::capacity) return true;
     MsgBox("MUS file too big to add " + addition + ":" + page.result.path);
-    page.result.reason = "no room for more items";
+    page.result.lacksRoom = true;
     return false;
 }
 

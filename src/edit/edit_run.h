@@ -54,6 +54,8 @@ void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family);
 void runReport(ToolRun& run, std::vector<std::string> pages);
 /// A run of another kind that changes one page, selected or not, and tells its end itself.
 void runOnPage(ToolRun& run, const std::string& path);
+/// For `writeEnd` without a report: tells what is to be said, and what is to be known of single pages.
+ReportEnd endInMessage(std::string text, const RunResult& result);
 /// "File" and hyphens, as wide as the longest name.
 void writeColumnHead(Report& report);
 
@@ -69,13 +71,13 @@ bool showsHideable();
 /// True when the user has ended the run at the current file, which is then not written.
 inline bool isCancelled() { return editing.view.control.isAbandoned(); }
 
-/// One change in the current file.
-inline void countChange(std::int32_t& counter) {
-    ++counter;
-    ++pipeline.page.changes;
+/// One change in the current file, or several.
+inline void countChange(std::int32_t& counter, std::int32_t changes = 1) {
+    counter += changes;
+    pipeline.page.changes += changes;
 }
 
-/// The same where the family has no counter of its own.
+/// One change where the family has no counter of its own.
 inline void countChange() { ++pipeline.page.changes; }
 
 /// A counter's line: label, count, and what stands behind it.

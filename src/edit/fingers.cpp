@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <iterator>
-#include <tuple>
-#include <vector>
 
 #include "edit/edit_run.h"
 #include "music/items.h"
 #include "music/notation.h"
+#include "music/staff_index.h"
 #include "shared/records.h"
 
 namespace tul::edit {
@@ -39,48 +37,12 @@ bool isFingerSized(const Parameters& number) { return isNear(number[par::numberS
 /// False for what is no number.
 bool isEven(float value) { return std::fmod(roundToEven(std::fabs(value)), 2.0) == 0.0; }
 
-/// The notes of a page, to find whether one stands at a finger.
-class NotesByPlace {
-  public:
-    void fill();
-    /// True when a note stands at the finger's place, one step below its height.
-    bool hasNoteAt(const Parameters& finger) const;
-
-  private:
-    using Place = std::tuple<float, float, float>;  // staff, height of its finger, position
-
-    static bool isNowhere(const Place& place) {
-        const auto& [staff, height, position] = place;
-        return std::isnan(staff) || std::isnan(height) || std::isnan(position);
-    }
-    static bool isAt(const Place& place, const Parameters& finger) {
-        const auto& [staff, height, position] = place;
-        return staff == finger[par::staff] && height == finger[par::height] &&
-               isNear(position, finger[par::position], notePlace);
-    }
-
-    std::vector<Place> places_;
-};
-
-/// A note with a place that is no number stands nowhere.
-void NotesByPlace::fill() {
-    places_.clear();
-    for (int item = 1; item <= musItemTable.itemCount; ++item) {
-        const Parameters& pars = musItemTable[item].pars;
-        if (!isNote(pars)) continue;
-        const Place place = {pars[par::staff], pars[par::height] + 1.0F, pars[par::position]};
-        if (!isNowhere(place)) places_.push_back(place);
-    }
-    std::sort(places_.begin(), places_.end());
-}
-
-/// If any is near enough, one of the two is between which the finger stands.
-bool NotesByPlace::hasNoteAt(const Parameters& finger) const {
-    const Place place = {finger[par::staff], finger[par::height], finger[par::position]};
-    if (isNowhere(place)) return false;
-    const auto behind = std::lower_bound(places_.begin(), places_.end(), place);
-    return (behind != places_.end() && isAt(*behind, finger)) ||
-           (behind != places_.begin() && isAt(*std::prev(behind), finger));
+/// True when a note stands at the finger's place, one step below its height.
+bool hasNoteAt(const Parameters& finger, const StaffIndex& notes) {
+    const PlaceRange places = notes.near(finger[par::staff], finger[par::position], notePlace);
+    for (std::size_t i = places.begin; i < places.end; ++i)
+        if (musItemTable[notes[i].row].pars[par::height] + 1.0F == finger[par::height]) return true;
+    return false;
 }
 
 class FingersRun : public FamilyRun {
@@ -92,9 +54,8 @@ class FingersRun : public FamilyRun {
 
   private:
     void moveOffLine(Parameters& finger);
-    void moveFromNote(Parameters& finger);
+    void moveFromNote(Parameters& finger, const StaffIndex& notes);
 
-    NotesByPlace notes_;
     std::int32_t moved_ = 0;
 };
 
@@ -106,20 +67,19 @@ void FingersRun::moveOffLine(Parameters& finger) {
     countChange(moved_);
 }
 
-void FingersRun::moveFromNote(Parameters& finger) {
+void FingersRun::moveFromNote(Parameters& finger, const StaffIndex& notes) {
     if (!isFingerSized(finger) || finger[par::numberShift] != besideNote) return;
     if (!isAmong(shiftedFingers, finger[par::numberValue])) return;
-    if (!isAmong(shiftedHeights, finger[par::height]) || !notes_.hasNoteAt(finger)) return;
+    if (!isAmong(shiftedHeights, finger[par::height]) || !hasNoteAt(finger, notes)) return;
     finger[par::numberShift] = fartherBesideNote;
     countChange(moved_);
 }
 
 void FingersRun::updateFile(const PageInRun&) {
-    if (fingers.optEditFingerDispl) notes_.fill();
-    forEachItem([this](int, ItemRow& row) {
+    forEachItem([this, notes = notesByPlace()](int, ItemRow& row) {
         if (!isNumber(row)) return;
         if (fingers.optEditFinger4) moveOffLine(row.pars);
-        if (fingers.optEditFingerDispl) moveFromNote(row.pars);
+        if (fingers.optEditFingerDispl) moveFromNote(row.pars, notes);
     });
 }
 

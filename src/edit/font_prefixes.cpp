@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "edit/edit_run.h"
+#include "music/font_prefix.h"
 #include "music/items.h"
 
 namespace tul::edit {
@@ -20,17 +21,11 @@ std::string prefixOf(float font) {
     return number.starts_with("11") ? "__" + number.substr(2) : std::string();
 }
 
-/// Of the prefix that the text begins with; 0 without one.
-std::size_t prefixLength(std::string_view text) {
-    if (text.starts_with("__") && beginsWithFont(text.substr(1))) return 4;
-    return beginsWithFont(text) ? 3 : 0;
-}
-
 /// All prefixes of the text become the new one. A text that does not begin with one gets it in front.
 std::string withPrefix(std::string_view text, const std::string& prefix) {
-    std::string changed = prefixLength(text) == 0 ? prefix : std::string();
+    std::string changed = fontPrefixOf(text).empty() ? prefix : std::string();
     while (!text.empty()) {
-        const std::size_t length = prefixLength(text);
+        const std::size_t length = fontPrefixOf(text).size();
         changed += length == 0 ? std::string(1, text.front()) : prefix;
         text.remove_prefix(length == 0 ? 1 : length);
     }
@@ -46,7 +41,7 @@ class FontPrefixesRun : public FamilyRun {
             if (prefix.empty()) return;
             row.text = withPrefix(row.text, prefix);
             row.pars[par::textFont] = 0.0F;
-            ++pipeline.page.changes;
+            countChange();
         });
     }
 };

@@ -6,6 +6,7 @@
 #include "base/print_line.h"
 #include "base/text.h"
 #include "edit/edit_run.h"
+#include "music/font_prefix.h"
 #include "music/items.h"
 
 namespace tul::edit {
@@ -34,8 +35,8 @@ bool mayChange() {
     if (compares && isEqual && value == code::text && !beginsWithFont(edit.txtGeneralEdit))
         return refuse("The compare string is not preceded by a font");
     if (!compares && !isDigitsOnly(edit.txtp4)) return refuse("Result parameter not numeric: " + edit.txtp4);
-    if (numberOf(edit.txtp4) == 1.0F && MsgBox("Changing Par1 is quite drastic. Are you sure?",
-                                               Buttons::yesNo, Icon::question) != Answer::yes)
+    if (numberOf(edit.txtp4) == 1.0F &&
+        !isAgreed("Changing Par1 is quite drastic. Are you sure?", Buttons::yesNo))
         return false;
     if (!compares && !isPlainNumber(edit.txtv4)) return refuse("Invalid set to value: " + edit.txtv4);
     return true;
@@ -161,7 +162,7 @@ void GeneralRun::change(ItemRow& row) const {
     } else if (changedPar_ != 0) {
         row.pars[changedPar_] = newValue_;
     }
-    ++pipeline.page.changes;
+    countChange();
 }
 
 void GeneralRun::update(int item, ItemRow& row, Report& report) const {
@@ -266,6 +267,11 @@ const Family generalFamily = {
     .tab = tabGeneral,
     .fields = fields,
     .reset = [] { generalEdit = {}; },
+    .load =
+        [] {
+            generalEdit.optOptionChange = true;
+            generalEdit.optEditGeneralLocate = false;
+        },
     .mayRun = mayRun,
     .begin = beginRun<GeneralRun>,
 };
@@ -288,8 +294,7 @@ void ChoiceList::choose(const std::string& entry) {
 
 std::string keepGeneralMargin(const std::string& typed) {
     if (isPlainNumber(typed)) return typed;
-    MsgBox("Margin should be numeric. Assumed .001", Buttons::ok, Icon::exclamation);
-    return ".001";
+    return keepInstead(".001", "Margin should be numeric. Assumed .001");
 }
 
 void reportOnly() {

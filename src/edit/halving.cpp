@@ -9,6 +9,7 @@ namespace tul::edit {
 namespace {
 
 constexpr float blackHead = 0.0F;
+constexpr float halfHead = 1.0F;
 constexpr float longestHead = 3.0F;
 constexpr float quarterRest = 0.0F;
 constexpr float longestRest = -3.0F;
@@ -22,7 +23,7 @@ void halveNote(Parameters& pars, const BeamIndex& beams) {
     float& head = pars[par::noteHead];
     if (head == blackHead) {
         if (!beams.isBeamed(pars)) pars[par::noteFlags] += 1.0F;
-    } else if (isOneOf(head, blackHead, longestHead)) {
+    } else if (isOneOf(head, halfHead, longestHead)) {
         head -= 1.0F;
     }
 }
@@ -46,7 +47,7 @@ class HalvingRun : public FamilyRun {
                 row.pars[par::beamForm] += 1.0F;
             else
                 return;
-            ++pipeline.page.changes;
+            countChange();
         });
     }
 };

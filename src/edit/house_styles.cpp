@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "edit/edit_run.h"
 #include "music/first_item.h"
+#include "music/font_prefix.h"
 #include "music/items.h"
 #include "music/notation.h"
 #include "music/staff_index.h"
@@ -66,11 +67,9 @@ constexpr HouseStyle dorvel = {
 
 // --- NewMeters: fingers in texts become numbers
 
-constexpr std::size_t prefixLength = 3;
-
 bool isFinger(const ItemRow& row) {
     return isText(row) && (row.text.starts_with("_00") || row.text.starts_with("_05")) &&
-           row.text.size() == prefixLength + 1 && isDigit(row.text.back());
+           row.text.size() == fontPrefixLength + 1 && isDigit(row.text.back());
 }
 
 /// The even step toward 0, on a line of the staff.
@@ -89,7 +88,7 @@ void fingersToNumbers() {
         pars[par::height] = lineStep(pars[par::height]);
         for (int par = par::numberFont; par <= Parameters::count; ++par) pars[par] = 0.0F;
         pars[par::code] = code::number;
-        pars[par::numberValue] = numberOf(row.text.substr(prefixLength));
+        pars[par::numberValue] = numberOf(row.text.substr(fontPrefixLength));
         pars[par::numberSize] = size;
         row.text.clear();
         countChange();
@@ -107,8 +106,8 @@ constexpr HouseStyle newMeters = {
 void accentLessons() {
     forEachItem([](int, ItemRow& row) {
         constexpr std::string_view word = "LECCION";
-        if (!isText(row) || row.text.size() < prefixLength ||
-            row.text.compare(prefixLength, word.size(), word) != 0)
+        if (!isText(row) || row.text.size() < fontPrefixLength ||
+            row.text.compare(fontPrefixLength, word.size(), word) != 0)
             return;
         row.text = "_00LECCI<<ON";
         countChange();
@@ -192,7 +191,7 @@ void setGroupsInFont(std::string& text) {
     std::string font;
     bool hasGroup = false;
     for (std::string_view rest = text; !rest.empty();) {
-        if (beginsWithFont(rest)) font = rest.substr(0, prefixLength);
+        if (beginsWithFont(rest)) font = rest.substr(0, fontPrefixLength);
         const std::string_view group = groupAt(rest);
         if (group.empty()) {
             changed += rest.front();
@@ -204,8 +203,9 @@ void setGroupsInFont(std::string& text) {
         rest.remove_prefix(group.size());
     }
     if (!hasGroup) return;
-    if (changed.size() >= prefixLength && beginsWithFont(changed.substr(changed.size() - prefixLength)))
-        changed.resize(changed.size() - prefixLength);
+    if (changed.size() >= fontPrefixLength &&
+        beginsWithFont(changed.substr(changed.size() - fontPrefixLength)))
+        changed.resize(changed.size() - fontPrefixLength);
     text = changed;
 }
 
@@ -226,14 +226,10 @@ constexpr HouseStyle marloGroups = {
 
 // --- The buttons
 
-bool isWanted(const char* question) {
-    return MsgBox(question, Buttons::yesNo, Icon::question) == Answer::yes;
-}
-
 void cmdMarlo() {
-    if (isWanted("Augmentation dot to lower voice?")) return run(marloDots);
-    if (isWanted("Set font to 47 for groups of 4/5 digits in text items?")) return run(marloGroups);
-    noteRefusedRun("edit");
+    if (MsgBox("Augmentation dot to lower voice?", Buttons::yesNo, Icon::question) == Answer::yes)
+        return run(marloDots);
+    if (isAgreed("Set font to 47 for groups of 4/5 digits in text items?", Buttons::yesNo)) run(marloGroups);
 }
 
 Command styleCommand(const char* name, const char* caption, void (*runStyle)(), const char* toolTip = "") {
@@ -262,10 +258,6 @@ std::vector<Command> commands() {
 
 }  // namespace
 
-const Family houseStylesFamily = {
-    .tab = tabSpecial,
-    .fields = [] { return std::vector<Field>(); },
-    .commands = commands,
-};
+const Family houseStylesFamily = {.tab = tabSpecial, .commands = commands};
 
 }  // namespace tul::edit

@@ -18,10 +18,12 @@ class ItemRemovalRun : public PageUpdateRun {
     ItemRemovalRun() : PageUpdateRun(editForm, Rewrite::ifChanged) {}
 
     void writeHead(Report&) override {}
-    ReportEnd writeEnd(Report& report, const RunResult& result) override;
+    ReportEnd writeEnd(Report&, const RunResult& result) override {
+        return endInMessage(outcome(result), result);
+    }
 
   protected:
-    void updatePage(const PageInRun& page) override;
+    void updatePage(const PageInRun&) override;
 
   private:
     std::string outcome(const RunResult& result) const;
@@ -31,14 +33,13 @@ class ItemRemovalRun : public PageUpdateRun {
     std::int16_t itemCount_ = 0;
 };
 
-void ItemRemovalRun::updatePage(const PageInRun& page) {
+void ItemRemovalRun::updatePage(const PageInRun&) {
+    showActivity("Updating");
     itemCount_ = musItemTable.itemCount;
-    forEachItem([&](int item, ItemRow& row) {
-        if (static_cast<float>(item) != number_) return;
-        found_ = item;
-        deleteItem(row);
-        ++page.result.changes;
-    });
+    if (!isInteger(number_) || number_ < 1.0F || number_ > itemCount_) return;
+    found_ = static_cast<int>(number_);
+    deleteItem(musItemTable[found_]);
+    countChange();
 }
 
 /// Empty where the item was there and the page could not be written: what follows says why.
@@ -47,14 +48,6 @@ std::string ItemRemovalRun::outcome(const RunResult& result) const {
     if (!result.pages.front().isWritten) return {};
     return "Removed item " + plain(found_) + newLine + "Old file had " + plain(itemCount_) + " items," +
            newLine + "New file has " + plain(itemCount_ - 1) + " items.";
-}
-
-ReportEnd ItemRemovalRun::writeEnd(Report&, const RunResult& result) {
-    editing.view.file.clear();
-    std::string text = outcome(result);
-    for (const std::string& line : findingsOf(result)) text += (text.empty() ? "" : newLine) + line;
-    MsgBox(text);
-    return ReportEnd::remove;
 }
 
 void cmdRunDeleteItem() {

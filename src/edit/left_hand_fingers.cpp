@@ -57,7 +57,7 @@ void LeftHandFingersRun::putAtNearestNote(Parameters& finger) const {
     finger[par::position] = note[par::position];
     finger[par::numberAligned] = aligned;
     finger[par::numberShift] = -2.0F - room + note[par::noteShift];
-    ++pipeline.page.changes;
+    countChange();
 }
 
 /// Of two fingers one over the other in a chord the lower one goes farther to the left.
@@ -72,7 +72,7 @@ void LeftHandFingersRun::spreadChord(ItemPars finger) const {
     });
     if (found == fingers_.end()) return;
     (*found)->pars[par::numberShift] -= 1.7F;
-    ++pipeline.page.changes;
+    countChange();
 }
 
 /// What stands left over belongs to the next note, at its height or a little above it.
@@ -90,7 +90,7 @@ void LeftHandFingersRun::putAtNextNote(Parameters& finger) const {
     finger[par::position] = note[par::position];
     finger[par::numberAligned] = aligned;
     finger[par::numberShift] = accidentalOf(note) == 0 ? -2.0F : -4.0F;
-    ++pipeline.page.changes;
+    countChange();
 }
 
 void LeftHandFingersRun::updateFile(const PageInRun&) {
@@ -139,8 +139,7 @@ const Family leftHandFingersFamily = {
 
 std::string keepFingerPar16(const std::string& typed, const std::string& present) {
     if (typed == "0" || typed == "1" || typed == "2") return typed;
-    MsgBox(par16Values, Buttons::ok, Icon::exclamation);
-    return present;
+    return keepInstead(present, par16Values);
 }
 
 }  // namespace tul::edit

@@ -1,8 +1,8 @@
 #include "edit/lyrics.h"
 
-#include "base/text.h"
 #include "centre/project_options.h"
 #include "edit/edit_run.h"
+#include "music/font_prefix.h"
 #include "music/items.h"
 #include "shared/records.h"
 
@@ -12,7 +12,6 @@ Lyrics lyrics;
 
 namespace {
 
-constexpr std::size_t prefixLength = 3;
 constexpr float fullTurn = -360.0F;
 
 class LyricsRun : public FamilyRun {
@@ -37,15 +36,9 @@ class LyricsRun : public FamilyRun {
 void LyricsRun::update(ItemRow& row) {
     Parameters& pars = row.pars;
     if (pars[par::textSize] == 0.0F) pars[par::textSize] = 1.0F;
-    if (pars[par::textSize] != size_ || row.text.substr(0, prefixLength) != lyrics.txtLJfont) return;
+    if (pars[par::textSize] != size_ || row.text.substr(0, fontPrefixLength) != lyrics.txtLJfont) return;
     pars[par::textTurn] = lyrics.optLJ360 ? fullTurn : 0.0F;
     countChange(updated_);
-}
-
-std::string fontNameOf(std::string_view prefix) {
-    if (prefix.size() != prefixLength || !beginsWithFont(prefix)) return {};
-    const auto number = static_cast<std::size_t>(numericValue(prefix.substr(1)));
-    return fontTable.FontNames.at(number);
 }
 
 void load() {

@@ -1,33 +1,21 @@
 #include "edit/midi_preparation.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "base/text.h"
 #include "edit/edit_run.h"
 #include "music/items.h"
+#include "music/staff_index.h"
 
 namespace tul::edit {
 
 namespace {
 
-using Notes = std::vector<ItemRow*>;
 constexpr Margin onePlace = lessThan(0.5F);
-
-/// In the order of the table, but for those without a place, which are near no other.
-Notes notesOfPage() {
-    Notes notes;
-    forEachItem([&](int, ItemRow& row) {
-        if (isNote(row) && hasPlace(row)) notes.push_back(&row);
-    });
-    return notes;
-}
 
 void becomeRest(Parameters& pars) {
     pars[par::code] = code::rest;
     pars[par::restForm] = 1.0F;
     for (const int emptied : {par::noteHead, par::noteStemLength, par::noteFlags}) pars[emptied] = 0.0F;
-    ++pipeline.page.changes;
+    countChange();
 }
 
 /// A note that has become a rest meets no other any more.
@@ -36,22 +24,16 @@ void meet(const ItemRow& note, ItemRow& other) {
     if (other.pars[par::duration] <= note.pars[par::duration]) becomeRest(other.pars);
 }
 
+/// Each note looks at those about it only, so that a page costs n log n unless all stands at one place.
 class MidiPreparationRun : public FamilyRun {
   public:
     void updateFile(const PageInRun&) override {
-        const Notes notes = notesOfPage();
-        Notes placed = notes;
-        const auto byPlace = [](const ItemRow* a, const ItemRow* b) { return standsBefore(*a, *b); };
-        std::sort(placed.begin(), placed.end(), byPlace);
-        for (ItemRow* const note : notes) {
-            const auto isNearby = [note](const ItemRow* other) { return samePlace(*note, *other, onePlace); };
-            if (!isNote(*note)) continue;
-            const auto first = std::lower_bound(placed.begin(), placed.end(), note, byPlace);
-            for (auto right = first; right != placed.end() && isNearby(*right); ++right) meet(*note, **right);
-            for (auto left = std::make_reverse_iterator(first); left != placed.rend() && isNearby(*left);
-                 ++left)
-                meet(*note, **left);
-        }
+        const StaffIndex notes = notesByPlace();
+        forEachItem([&](int, const ItemRow& row) {
+            if (!isNote(row)) return;
+            const PlaceRange nearby = notes.near(row.pars[par::staff], row.pars[par::position], onePlace);
+            for (std::size_t i = nearby.begin; i < nearby.end; ++i) meet(row, musItemTable[notes[i].row]);
+        });
     }
 };
 

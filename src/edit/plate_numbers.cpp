@@ -17,7 +17,7 @@ namespace {
 constexpr double highestPosition = 300;
 constexpr double farthestHeight = 100;
 constexpr float lowestStaff = 1.0F;
-constexpr int textForm = 5;  // 1 in all plate numbers
+constexpr int fifthPar = 5;  // 1 in all plate numbers
 
 std::string plateText() { return projectSettings.PlateNumberFont + projectSettings.PlateNumber; }
 
@@ -66,6 +66,7 @@ float PlateNumbersRun::positionOn(const std::string& path) const {
 /// On a page without room the number that was there is gone all the same, as the report tells.
 void PlateNumbersRun::updateFile(const PageInRun& page) {
     if (!plateNumbers.optEditPlateCenter && !plateNumbers.optEditPlateSides) return;
+    if (musItemTable.itemCount == 0 && !page.result.isWhole()) return;  // nothing could be read
     removePresent(page);
     if (!hasRoom(page, "plate number")) return;
     ItemRow row{.pars = {}, .text = text_};
@@ -73,7 +74,7 @@ void PlateNumbersRun::updateFile(const PageInRun& page) {
     row.pars[par::staff] = lowestStaff;
     row.pars[par::position] = positionOn(page.result.path);
     row.pars[par::height] = numberOf(plateNumbers.txtEditGenerateVertical);
-    row.pars[textForm] = 1.0F;
+    row.pars[fifthPar] = 1.0F;
     row.pars[par::textSize] = numberOf(projectSettings.PlateNumberSize);
     appendItem(row);
     countChange(generated_);

@@ -6,7 +6,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "host/host.h"
-#include "music/items.h"
+#include "music/font_prefix.h"
 
 namespace tul::resize {
 
@@ -106,8 +106,7 @@ std::string keepTextWithFont(const std::string& typed, const std::string& presen
         tell("String not starting with one or two underscores. Input discarded");
         return present;
     }
-    const std::size_t prefix = typed.starts_with("__") ? 1 : 0;  // of two underscores the second counts
-    if (!beginsWithFont(std::string_view(typed).substr(prefix))) {
+    if (fontPrefixOf(typed).empty()) {
         tell("Non-numeric font prefix. Expecting _NN or __NN.");
         return present;
     }

@@ -16,6 +16,7 @@ constexpr float lowestStaff = 1.0F;
 constexpr float leftEdge = 0.0F;
 constexpr float rightEdge = 200.0F;
 constexpr float marked = 1.0F;
+constexpr int seventhPar = 7;  // of a rest its duration
 
 /// A staff that is there for a clef or a name only.
 bool isStub(ItemPars staff) {
@@ -83,9 +84,7 @@ void cleanStaff(ItemRow& row) {
     ++pipeline.page.changes;
 }
 
-void cleanRest(Parameters& pars) {
-    for (const int positive : {par::restDots, par::duration}) pars[positive] = std::fabs(pars[positive]);
-}
+void makePositive(float& par) { par = std::fabs(par); }
 
 class StaffCleanupRun : public FamilyRun {
   public:
@@ -95,8 +94,9 @@ class StaffCleanupRun : public FamilyRun {
         markStavesBehindStubs();
         removeRepeatedClefs();
         forEachItem([](int, ItemRow& row) {
-            if (isRest(row)) cleanRest(row.pars);
+            if (isRest(row)) makePositive(row.pars[par::restDots]);
             if (isStaff(row)) cleanStaff(row);
+            if (isRest(row) || isStaff(row)) makePositive(row.pars[seventhPar]);
         });
     }
 };

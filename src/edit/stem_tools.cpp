@@ -11,8 +11,9 @@ namespace {
 void tellNotSupported() { MsgBox("Function not yet supported"); }
 
 std::vector<Field> fields() {
-    return {optionField("fraEditStem", "optSTM", stemTools.optSTM),
-            optionField("fraEditStem", "optUnSTM", stemTools.optUnSTM)};
+    const auto never = [] { return false; };
+    return {readIf(optionField("fraEditStem", "optSTM", stemTools.optSTM), never),
+            readIf(optionField("fraEditStem", "optUnSTM", stemTools.optUnSTM), never)};
 }
 
 std::vector<Command> commands() {

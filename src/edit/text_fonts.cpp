@@ -6,6 +6,7 @@
 #include "edit/edit_run.h"
 #include "edit/text_search.h"
 #include "host/interrupt.h"
+#include "music/font_prefix.h"
 #include "music/items.h"
 
 namespace tul::edit {
@@ -15,7 +16,6 @@ TextFonts textFonts;
 namespace {
 
 const std::string newLine(CrLf);
-constexpr std::size_t prefixLength = 3;
 constexpr std::string_view replaceQuestion = "Replace? (Cancel will stop any further modifying)";
 
 class FontsRun : public FamilyRun {
@@ -48,7 +48,7 @@ std::string behindFound(int item, std::string_view question) {
 std::string inputPrefix() { return "_" + textFonts.txtEditFontInput; }
 
 void FontsRun::setFont(std::string& text, std::size_t place) {
-    text.replace(place, prefixLength, "_" + textFonts.txtEditFontOutput);
+    text.replace(place, fontPrefixLength, "_" + textFonts.txtEditFontOutput);
     countChange(modified_);
 }
 
@@ -59,7 +59,7 @@ void FontsRun::modifyFonts(int item, ItemRow& row) {
     const bool fits =
         textFonts.txtModifySize.empty() || numberOf(textFonts.txtModifySize) == row.pars[par::textSize];
     for (std::size_t from = 0; (from = row.text.find(font, from)) != std::string::npos;
-         from += prefixLength) {
+         from += fontPrefixLength) {
         const bool confirmed = !textSearch.chkEditVerify ||
                                isConfirmed("Found text item with font: " + textFonts.txtEditFontInput +
                                            newLine + "text item: " + row.text + newLine + inFile() +

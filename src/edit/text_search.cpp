@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "centre/option_checks.h"
 #include "edit/edit_run.h"
+#include "music/font_prefix.h"
 #include "music/items.h"
 
 namespace tul::edit {
@@ -99,13 +100,8 @@ std::string replaceAll(const std::string& text, const std::string& searched, con
     return replaced.append(text, done);
 }
 
-std::size_t prefixLength(std::string_view text) {
-    if (text.starts_with("__")) return 4;
-    return text.starts_with('_') ? 3 : 0;
-}
-
 bool isPrefixAlone(std::string_view text) {
-    return (text.starts_with("__") && text.size() == 4) || (text.starts_with('_') && text.size() == 3);
+    return text.size() >= fontPrefixLength && prefixPlace(text) == text;
 }
 
 /// The reserved words change the replacement, for the items and files behind them as well.
@@ -165,7 +161,7 @@ bool SearchRun::find(ItemRow& row, std::string& searched) const {
 void SearchRun::replaceIn(ItemRow& row, const std::string& searched) {
     const std::string replacement = withoutDelimiters(textSearch.txtEditSearchString2);
     std::string& text = row.text;
-    const std::string prefix = text.substr(0, prefixLength(text));
+    const std::string prefix(prefixPlace(text));
     text.replace(0, prefix.size(), prefix.size(), ' ');
     text = replacement.empty() ? removeAll(text, searched, replaces_)
                                : replaceAll(text, searched, replacement, replaces_);
@@ -187,7 +183,7 @@ void SearchRun::update(int item, ItemRow& row) {
     const std::int64_t before = pipeline.page.changes;
     replaceIn(row, searched);
     // An item that was found is enough for its page to be written, whatever the search for words left of it.
-    if (pipeline.page.changes == before) ++pipeline.page.changes;
+    if (pipeline.page.changes == before) countChange();
 }
 
 void SearchRun::writeCounters(Report& report, const RunResult&) const {
@@ -322,10 +318,6 @@ void excludeOtherFilters() {
     textSearch.chkEditSearchFont = false;
     textSearch.chkEditSearchSize = false;
     textSearch.chkEditVerify = false;
-}
-
-bool hasFont(const std::string& text, const std::string& font) {
-    return text.starts_with("_" + font) || text.starts_with("__" + font);
 }
 
 }  // namespace tul::edit

@@ -42,7 +42,4 @@ Field fontField(const char* name, std::string& value);
 /// The step of `chkSearchReplaceIncludeFont`: whole texts are compared, so nothing else can be asked for.
 void excludeOtherFilters();
 
-/// True when the text begins with the font's prefix, "_NN" or "__NN".
-bool hasFont(const std::string& text, const std::string& font);
-
 }  // namespace tul::edit

@@ -80,7 +80,7 @@ inline constexpr int textTurn = 9;  // degrees
 inline constexpr int textLength = 12;  // characters
 
 inline constexpr int systemStaves = 19;  // in tables that the bar tools read, never in a file
-inline constexpr int mark = 20;          // the same
+inline constexpr int mark = 20;          // the same, but that one edit writes it into the page
 
 }  // namespace par
 

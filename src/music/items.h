@@ -1,10 +1,8 @@
 #pragma once
 
 #include <cmath>
-#include <string_view>
 
 #include "base/numbers.h"
-#include "base/text.h"
 #include "music/item_names.h"
 #include "music/item_table.h"
 
@@ -67,11 +65,6 @@ inline int lastUsedPar(ItemPars item, int last = Parameters::count) {
 inline float withoutHundreds(float size) {
     constexpr float hundred = 100.0F;
     return size >= hundred ? std::fmod(size, hundred) : size;
-}
-
-/// True when the text begins with a font: "_" and two digits.
-inline bool beginsWithFont(std::string_view text) {
-    return text.size() > 2 && text.starts_with('_') && isDigit(text[1]) && isDigit(text[2]);
 }
 
 }  // namespace tul

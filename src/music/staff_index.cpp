@@ -62,4 +62,11 @@ PlaceRange StaffIndex::between(float staff, float left, float right) const {
         [=](const Place& place) { return place.position < right; });
 }
 
+StaffIndex notesByPlace() {
+    std::vector<Place> notes;
+    for (int item = 1; item <= musItemTable.itemCount; ++item)
+        if (const ItemRow& row = musItemTable[item]; isNote(row)) notes.push_back(placeOf(row, item));
+    return StaffIndex(std::move(notes));
+}
+
 }  // namespace tul

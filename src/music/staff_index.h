@@ -46,4 +46,7 @@ class StaffIndex {
     std::vector<Place> places_;
 };
 
+/// The notes of the table, as they are when it is called.
+[[nodiscard]] StaffIndex notesByPlace();
+
 }  // namespace tul

@@ -17,6 +17,7 @@ namespace {
 using edit::editing;
 
 ToolPanelState state;
+const std::string editSecond = "Edits of another program:";
 
 /// The current file's place says so as long as nothing is selected.
 void showSelection() {
@@ -31,6 +32,7 @@ std::vector<Field> fields() {
         tabField("tabEdit", editing.tabEdit, edit::tabNames()),
         checkField("chkEditBackup", editing.chkEditBackup),
         shownField("txtEditFile", editing.view.file),
+        shownIf(labelField("lblTulEdit2", editSecond), [] { return identity.DeveloperMode; }),
     };
     for (const edit::Family* family : edit::families())
         if (family->fields) append(all, family->fields());
@@ -39,14 +41,12 @@ std::vector<Field> fields() {
 
 std::vector<Command> commands() {
     std::vector<Command> all = {
-        {.name = "cmdEdit2",
-         .caption = "TulEdit2",
-         .run = [] { ShellAndWait(inProgramFolder("TULEDIT2.EXE")); },
-         .visible = [] { return identity.DeveloperMode; }},
-        {.name = "frmEditClick",
-         .caption = "Click on the background: hide the developer's buttons",
-         .run = [] { editing.hidesButtons = true; },
-         .visible = [] { return identity.DeveloperMode; }},
+        edit::forDevelopers({.name = "cmdEdit2",
+                             .caption = "TulEdit2",
+                             .run = [] { ShellAndWait(inProgramFolder("TULEDIT2.EXE")); }}),
+        edit::forDevelopers({.name = "frmEditClick",
+                             .caption = "Click on the background: hide the developer's buttons",
+                             .run = [] { editing.hidesButtons = true; }}),
         {.name = "lblViewTulEditProfileClick", .caption = "View profile", .run = edit::viewTulEditProfile},
     };
     for (const edit::Family* family : edit::families())

@@ -13,7 +13,7 @@ std::vector<RunResult> runResults;
 namespace {
 
 bool isInOrder(const PageResult& page) {
-    return page.isDone && page.isReadable && !page.isHalfChanged && !page.lacksBackup;
+    return page.isDone && page.isReadable && !page.isHalfChanged && !page.lacksBackup && !page.lacksRoom;
 }
 
 /// A kind of finding and the pages that have it.
@@ -32,6 +32,7 @@ constexpr Finding kinds[] = {
      [](const PageResult& page) { return page.isWritten && page.lacksBackup; }},
     {"The edit broke off at an item, and left the rest as it was: ",
      [](const PageResult& page) { return page.isHalfChanged; }},
+    {"Full, so that not all was added: ", [](const PageResult& page) { return page.lacksRoom; }},
     {"Not read whole, and left as they are: ",
      [](const PageResult& page) { return page.isDone && !page.isWritten && !page.isWhole(); }, true},
     {"Not done: ", [](const PageResult& page) { return !page.isDone && !page.reason.empty(); }},

@@ -29,6 +29,7 @@ struct PageResult {
     bool isReadable = true;      // as it was written, the reader gives back every item
     bool isHalfChanged = false;  // the change broke off at an item; what came before it was written
     bool lacksBackup = false;    // one was asked for, and its copy failed
+    bool lacksRoom = false;      // not all that was to be added has found a place
     std::string reason = {};     // why it was not done, or not read
 
     [[nodiscard]] bool isWhole() const { return reading == Reading::whole; }

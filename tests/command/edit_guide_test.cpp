@@ -2,8 +2,8 @@
 #include <fstream>
 #include <iomanip>
 
-#include "samples/page_builder.h"
 #include "support/command_line.h"
+#include "support/edit_test.h"
 
 namespace tul::command {
 namespace {
@@ -40,102 +40,69 @@ std::map<std::string, Texts> examplesOfGuide() {
     return examples;
 }
 
-struct Item {
-    std::vector<double> pars;  // of a text from Par 2 on
-    std::string text = {};
-};
-using Items = std::vector<Item>;
-
 struct Example {
-    Items before;
-    Items after;
+    std::string before;
+    std::string after;
     const char* said = "";  // in the report
 };
 
-std::string pageWith(const Items& items) {
-    samples::PageBuilder page;
-    for (const Item& item : items)
-        item.text.empty() ? page.item(item.pars) : page.text(16, item.pars, item.text);
-    return page.stamp(80200).bytes();
+const std::string lowStaff = "8 1 0 0 1 200 9=24";
+
+/// A string quartet whose cello has a barline through so many staves.
+std::string quartet(const char* up) {
+    return lowStaff + "|8 2 0 0 1 200 9=23|8 3 0 0 1 200 9=22|8 4 0 0 1 200 9=21|14 1 50 " + up;
 }
 
-const Item lowStaff{{8, 1, 0, 0, 1, 200, 0, 0, 24}};
-
-/// A string quartet whose cello has a barline through `up` staves.
-Items quartet(double up) {
-    return {lowStaff,
-            {{8, 2, 0, 0, 1, 200, 0, 0, 23}},
-            {{8, 3, 0, 0, 1, 200, 0, 0, 22}},
-            {{8, 4, 0, 0, 1, 200, 0, 0, 21}},
-            {{14, 1, 50, up}}};
-}
-
-Items behind(Items items, const Items& more) {
-    items.insert(items.end(), more.begin(), more.end());
-    return items;
-}
-
-const Items slurs = {{{5, 1, 10, 5, 5, 20, 1, 0, 0, 0, 0, 0, .5, 1}},
-                     {{5, 1, 10, 5, 5, 20, 1, 0, 0, 0, 0, 0, 1, 1}}};
-const Items twoVoices = {lowStaff, {{14, 1, 5, 1}}, {{14, 1, 199, 1}}, {{1, 1, 100, 5, 10, 0, 1}}};
+const std::string slurs = "5 1 10 5 5 20 1 13=.5 1|5 1 10 5 5 20 1 13=1 1";
+const std::string twoVoices = lowStaff + "|14 1 5 1|14 1 199 1|1 1 100 5 10 0 1|1 1 100 4 20 0 1";
 
 const std::map<std::string, Example> examples = {
     {"Replace a lyric syllable on all pages.",
-     {{{{1, 20, 5, 0, 1}, "_05dwell_05,"}, {{1, 40, 5, 0, 1}, "_05dweller"}},
-      {{{1, 20, 5, 0, 1}, "_05live_05,"}, {{1, 40, 5, 0, 1}, "_05dweller"}}}},
+     {"16 1 20 5 0 1'_05dwell_05,|16 1 40 5 0 1'_05dweller",
+      "16 1 20 5 0 1'_05live_05,|16 1 40 5 0 1'_05dweller"}},
     {"Change a font.",
-     {{{{1, 20, 5, 0, 1}, "_05dwell_05,"}, {{10, 1, 0, 0, 12, 201, 1005}}},
-      {{{1, 20, 5, 0, 1}, "_07dwell_07,"}, {{10, 1, 0, 0, 12, 201, 1007}}}}},
-    {"Put the plate number on all pages, centred.",
-     {{lowStaff}, {lowStaff, {{1, 92, -12, 1, .8}, "_001234"}}}},
+     {"16 1 20 5 0 1'_05dwell_05,|10 1 5=12 201 1005", "16 1 20 5 0 1'_07dwell_07,|10 1 5=12 201 1007"}},
+    {"Put the plate number on all pages, centred.", {lowStaff, lowStaff + "|16 1 92 -12 1 .8'_001234"}},
     {"Set Par 9 of the lyrics to -360.",
-     {{{{1, 20, -5, 0, 1}, "_00glo"}, {{1, 20, -5, 0, 1}, "_01dolce"}},
-      {{{1, 20, -5, 0, 1, 0, 0, -360}, "_00glo"}, {{1, 20, -5, 0, 1}, "_01dolce"}}}},
+     {"16 1 20 -5 0 1'_00glo|16 1 20 -5 0 1'_01dolce",
+      "16 1 20 -5 0 1 9=-360'_00glo|16 1 20 -5 0 1'_01dolce"}},
     {"Replace the old font numbers in Par 8 by font prefixes.",
-     {{{{1, 20, 5, 0, 1, 0, 1005}, "_00do"}}, {{{1, 20, 5, 0, 1}, "_05do"}}}},
+     {"16 1 20 5 0 1 8=1005'_00do", "16 1 20 5 0 1'_05do"}},
     {"Remove the second item of a page.",
-     {quartet(1), {{lowStaff}, quartet(1)[2], quartet(1)[3], quartet(1)[4]}}},
-    {"Set Par 9 of all staves of instrument 3.",
-     {{{{8, 1, 0, 0, 1, 200, 0, 0, 3}}, {{8, 2, 0, 0, 1, 200, 0, 0, 4}}},
-      {{{8, 1, 0, 0, 1, 200, 0, 0, 12}}, {{8, 2, 0, 0, 1, 200, 0, 0, 4}}}}},
+     {quartet("1"), lowStaff + "|8 3 0 0 1 200 9=22|8 4 0 0 1 200 9=21|14 1 50 1"}},
+    {"Set Par 9 of all staves of instrument 3.", {"8 1 9=3|8 2 9=4", "8 1 9=12|8 2 9=4"}},
     {"List all slurs thinner than .8.", {slurs, slurs, "Item=1 "}},
     {"Give the violins' staves instrument id 21 on all pages.",
-     {{lowStaff, {{8, 4, 0, 0, 1, 200}}}, {lowStaff, {{8, 4, 0, 0, 1, 200, 0, 0, 21}}}}},
+     {lowStaff + "|8 4 0 0 1 200", lowStaff + "|8 4 0 0 1 200 9=21"}},
     {"Give all staves of a quartet their ids, system by system.",
-     {{{{8, 5, 0, 0, 1, 200}}, {{8, 2, 0, 0, 1, 200}}, {{8, 8, 0, 0, 1, 200}}},
-      {{{8, 5, 0, 0, 1, 200, 0, 0, 24}},
-       {{8, 2, 0, 0, 1, 200, 0, 0, 23}},
-       {{8, 8, 0, 0, 1, 200, 0, 0, 21}}}}},
-    {"Make a page of the violins alone.", {quartet(4), {quartet(4)[2], quartet(4)[3]}}},
+     {"8 5|8 2|8 8", "8 5 9=24|8 2 9=23|8 8 9=21"}},
+    {"Make a page of the violins alone.", {quartet("4"), "8 3 0 0 1 200 9=22|8 4 0 0 1 200 9=21"}},
     {"Change the tenors' treble clefs to choral clefs.",
-     {behind(quartet(4), {{{3, 2, 1.5}}, {{3, 4, 1.5}}}),
-      behind(quartet(4), {{{3, 2, 1.5, 0, .8}}, {{3, 4, 1.5}}})}},
+     {quartet("4") + "|3 2 1.5|3 4 1.5", quartet("4") + "|3 2 1.5 0 .8|3 4 1.5"}},
     {"Put barlines through all string staves of every system.",
-     {behind(quartet(1), {{{14, 3, 60, 1}}}),
-      behind(quartet(4), {{{14, 2, 50, 1}}, {{14, 3, 50, 1}}, {{14, 4, 50, 1}}})}},
-    {"Look whether the barlines fit.", {quartet(4), quartet(4), "Number of errors:  0 "}},
-    {"Take out barlines that others contain.", {behind(quartet(4), {{{14, 3, 50, 1}}}), quartet(4)}},
-    {"Move notes apart where two voices collide.",
-     {behind(twoVoices, {{{1, 1, 100, 4, 20, 0, 1}}}),
-      behind(twoVoices, {{{1, 1, 100, 4, 20, 0, 1, 0, 0, 10}}})}},
-    {"Number the whole rests of the parts.",
-     {{{{2, 1, 50, 0, -2, 0, 4}}, {{2, 1, 90, 0, 0, 0, 1}}},
-      {{{2, 1, 50, 0, -2, 0, 4, 1}}, {{2, 1, 90, 0, 0, 0, 1}}}}},
+     {quartet("1") + "|14 3 60 1", quartet("4") + "|14 2 50 1|14 3 50 1|14 4 50 1"}},
+    {"Look whether the barlines fit.", {quartet("4"), quartet("4"), "Number of errors:  0 "}},
+    {"List the instruments of a page and its barlines.",
+     {quartet("4"), quartet("4"), "Staff 1   Instr = 24"}},
+    {"Take the fractions off the ends of beams.", {"6 1 20 5.5 -2.5 30 11", "6 1 20 5 -2 30 11"}},
+    {"Halve all durations.", {"1 1 20 5 10 7=1|2 1 30 7=1", "1 1 20 5 10 7=.5 9=1|2 1 30 5=1 7=.5"}},
+    {"Take out barlines that others contain.", {quartet("4") + "|14 3 50 1", quartet("4")}},
+    {"Move notes apart where two voices collide.", {twoVoices, twoVoices + " 10=10"}},
+    {"Number the whole rests of the parts.", {"2 1 50 0 -2 7=4|2 1 90 7=1", "2 1 50 0 -2 7=4 1|2 1 90 7=1"}},
     {"Put slurs at whole staff steps.",
-     {{{{5, 1, 10, 5.5, 6.2, 20}}, {{5, 1, 10, 5.5, 6.2, 20, 0, -2}}},
-      {{{5, 1, 10, 6, 6, 20}}, {{5, 1, 10, 5.5, 6.2, 20, 0, -2}}}}},
+     {"5 1 10 5.5 6.2 20|5 1 10 5.5 6.2 20 8=-2", "5 1 10 6 6 20|5 1 10 5.5 6.2 20 8=-2"}},
     {"Move the fingers 3 and 4 off the staff lines.",
-     {{{{10, 1, 20, -4, 3, .75}}, {{10, 1, 20, -4, 2, .75}}},
-      {{{10, 1, 20, -4.2, 3, .75}}, {{10, 1, 20, -4, 2, .75}}}}},
+     {"10 1 20 -4 3 .75|10 1 20 -4 2 .75", "10 1 20 -4.2 3 .75|10 1 20 -4 2 .75"}},
     {"Put vocal brackets where the notes are.",
-     {{{{1, 1, 31, 5, 10}}, {{1, 1, 58, 5, 10}}, {{4, 1, 30, 14, 14, 60, 0, 0, 0, 0, -2, -2}}},
-      {{{1, 1, 31, 5, 10}}, {{1, 1, 58, 5, 10}}, {{4, 1, 30.5, 14, 14, 60.5, 0, 0, 0, 0, -1, -1}}}}},
+     {"1 1 31 5 10|1 1 58 5 10|4 1 30 14 14 60 11=-2 -2",
+      "1 1 31 5 10|1 1 58 5 10|4 1 30.5 14 14 60.5 11=-1 -1"}},
 };
 
 using EditGuide = HostTest;
 
 TEST_F(EditGuide, HasExamplesThatDoWhatTheySay) {
     host.install();
+    host.write("TULXREF5.ASM", "");  // the developer's buttons
     testing::runTulcmd(host, {"--no", "--set", "txtPlateText=1234", "options"});
     const auto calls = examplesOfGuide();
     EXPECT_EQ(calls.size(), examples.size());
@@ -147,7 +114,7 @@ TEST_F(EditGuide, HasExamplesThatDoWhatTheySay) {
         for (std::string word : words) {
             if (const std::size_t place = word.find("page"); word.ends_with(".mus")) {
                 pages.push_back(word.substr(place));
-                host.write(pages.back(), pageWith(before));
+                host.write(pages.back(), edit::bytesOf(before));
                 word.insert(place, host.nativeFolder().string() + "/");
             }
             call.push_back(word);
@@ -155,7 +122,7 @@ TEST_F(EditGuide, HasExamplesThatDoWhatTheySay) {
         const testing::Outcome outcome = testing::runTulcmd(host, call);
         EXPECT_EQ(outcome.status, 0) << title << outcome.err;
         EXPECT_TRUE(contains(outcome.out, said)) << title << outcome.out;
-        for (const std::string& name : pages) EXPECT_EQ(host.read(name), pageWith(after)) << title;
+        for (const std::string& name : pages) EXPECT_EQ(host.read(name), edit::bytesOf(after)) << title;
     }
 }
 

@@ -7,36 +7,35 @@ namespace {
 using ClefEdit = EditTest;
 
 TEST_F(ClefEdit, ChangesTheClefsOfAnInstrumentOnceForEachStaffItem) {
-    const std::string staves =
-        "|8 1 5 0 0 0 0 0 21|8 2 6 0 0 0 0 0 21.5|8 1 7 0 0 0 0 0 21|8 NAN 8 0 0 0 0 0 21";
-    const auto run = [&](bool Clefs::*option, const char* instrument, const std::string& page) {
+    const std::string staves = "|8 1 5 9=21|8 2 6 9=21.5|8 1 7 9=21|8 NAN 8 9=21";
+    const auto expect = [&](bool Clefs::*option, const char* instrument, const std::string& page,
+                            const std::string& changed, int count) {
         clefs = {};
         clefs.txtEditKeyInstrument = instrument;
         clefs.*option = true;
-        const std::string behind = changed(clefsFamily, page + staves);
-        return behind + "|" + plain(changes());
+        expectChanged(clefsFamily, page + staves, changed + staves, count);
     };
     const std::string treble = "3 1 9|3 2 9|3 3 9|3 NAN 9";
-    const std::string choral = "3 1 9 0 0.8|3 2 9 0 0.8|3 3 9 0 0.8|3 NAN 9 0 0.8";
-    EXPECT_EQ(run(&Clefs::optEditTtoC, "ALL", treble), choral + staves + "|4");
-    EXPECT_EQ(run(&Clefs::optEditTtoC, "ALL", choral), choral + staves + "|0");
-    EXPECT_EQ(run(&Clefs::optEditTtoC, "21", treble), "3 1 9 0 0.8|3 2 9|3 3 9|3 NAN 9" + staves + "|2");
-    EXPECT_EQ(run(&Clefs::optEditCtoT, "ALL", choral), treble + staves + "|4");
-    EXPECT_EQ(run(&Clefs::optEditCtoT, "21", "3 1 9 0 0.80001"), "3 1 9 0 0.80001" + staves + "|0");
-    EXPECT_EQ(run(&Clefs::optEditClef, "ALL", treble), "3 1 8.25|3 2 7.25|3 3 9|3 NAN 9" + staves + "|3");
-    EXPECT_EQ(run(&Clefs::optEditClef, "22", treble), treble + staves + "|0");
+    const std::string choral = "3 1 9 5=.8|3 2 9 5=.8|3 3 9 5=.8|3 NAN 9 5=.8";
+    expect(&Clefs::optEditTtoC, "ALL", treble, choral, 4);
+    expect(&Clefs::optEditTtoC, "ALL", choral, choral, 0);
+    expect(&Clefs::optEditTtoC, "21", treble, "3 1 9 5=.8|3 2 9|3 3 9|3 NAN 9", 2);
+    expect(&Clefs::optEditCtoT, "ALL", choral, treble, 4);
+    expect(&Clefs::optEditCtoT, "21", "3 1 9 5=.80001", "3 1 9 5=.80001", 0);
+    expect(&Clefs::optEditClef, "ALL", treble, "3 1 8.25|3 2 7.25|3 3 9|3 NAN 9", 3);
+    expect(&Clefs::optEditClef, "22", treble, treble, 0);
 }
 
 TEST_F(ClefEdit, AnOctaveSignStandsAboveBassClefs) {
     clefs.optEditBasCleff8va = true;
-    EXPECT_EQ(changed(clefsFamily, "3 2 1.5 0 1|3 2 9 4 1|3 2 9|1 2 9 0 1"),
-              "3 2 1.5 0 1|3 2 9 4 1|3 2 9|1 2 9 0 1|16 2 2.5 11 0 0.7_038|16 2 10 11 0 0.56_038");
+    const std::string page = "3 2 1.5 0 1|3 2 9 4 1|3 2 9|1 2 9 0 1";
+    expectChanged(clefsFamily, page, page + "|16 2 2.5 11 0 .7'_038|16 2 10 11 0 .56'_038", 2);
     fill("");
     while (musItemTable.itemCount < 1998) addItem({3, 1, 0, 0, 1});
     EXPECT_EQ(reportOf(clefsFamily), lines("Number of clefs changed . . . . . . . . . . 2"));
     EXPECT_EQ(musItemTable.itemCount, 2000);
     EXPECT_EQ(host.messages, Texts{"MUS file too big to add 8va on bass clef:C:\\PAGE.MUS"});
-    EXPECT_FALSE(pipeline.page.reason.empty());
+    EXPECT_TRUE(pipeline.page.lacksRoom);
 }
 
 TEST_F(ClefEdit, ChecksItsOptions) {

@@ -2,6 +2,7 @@
 
 #include "edit/edit_profile.h"
 #include "edit/general_edit.h"
+#include "edit/plate_numbers.h"
 #include "edit/text_fonts.h"
 #include "edit/text_search.h"
 #include "support/test.h"
@@ -170,6 +171,20 @@ TEST_F(EditRun, TabsOfButtonsRewriteOrDoNothing) {
     EXPECT_EQ(host.read("a.mus"), pageOf(staff + text8("_00abcde"))) << "read and rewritten";
     select({});
     EXPECT_EQ(run(tabFont), reportOf({}, {}, "0"));
+}
+
+TEST_F(EditRun, APlateNumberDoesNotReplaceAPageThatCannotBeRead) {
+    std::string page = pageOf(staff);
+    page.replace(0, 2, 2, '\0');  // the word count
+    select({{"a.mus", page}});
+    projectSettings.PlateNumber = "1234";
+    textSearch.optEditSearch = false;
+    plateNumbers.optEditGeneratePlate = true;
+    plateNumbers.txtEditGeneratePlateMid = "92";
+    const std::string report = run(tabText);
+    EXPECT_EQ(host.read("a.mus"), page);
+    EXPECT_TRUE(contains(report, "plate numbers generated . . . . . 0 "));
+    EXPECT_TRUE(contains(report, "Not read whole, and left as they are: A.MUS"));
 }
 
 TEST_F(EditRun, ADamagedFileIsRewrittenOnlyWithAChange) {

@@ -1,15 +1,10 @@
-#include "edit/button_test.h"
 #include "edit/left_hand_fingers.h"
-#include "music/notation.h"
+#include "support/edit_test.h"
 
 namespace tul::edit {
 namespace {
 
-using SpecialEdit = ButtonTest;
-
-// --- Removal of an item
-
-class ItemRemoval : public ButtonTest {
+class SpecialEdit : public EditTest {
   protected:
     std::string remove(const std::string& file, const std::string& item) {
         panel.set("txtDeleteItemFile", file);
@@ -18,28 +13,34 @@ class ItemRemoval : public ButtonTest {
         EXPECT_EQ(panel.press("cmdRunDeleteItem"), PanelAnswer::done);
         return host.messages.empty() ? "" : host.messages.back();
     }
+    void expectAligned(const std::string& page, const std::string& aligned, int count) {
+        leftHandFingers.txtLHfingerPar16 = "2";
+        host.answers = {Answer::yes};
+        expectPressed("cmdLHfingers", page, aligned, "Total number of finger offsets set:" + plain(count));
+    }
 };
 
-TEST_F(ItemRemoval, RemovesTheItemOfTheNumber) {
-    const std::string page = "1=8 2=1|1=1 2=1 3=5|1=1 2=1 3=7";
+// --- Removal of an item
+
+TEST_F(SpecialEdit, RemovesTheItemOfTheNumber) {
+    const std::string page = "8 1|1 1 5|1 1 7";
     select(page);
     const std::string path = (host.nativeFolder() / "page.mus").string();
     EXPECT_EQ(remove(path, ""), "Missing item number");
     EXPECT_EQ(remove("", "2"), "Missing filename");
     EXPECT_EQ(runResults.back().end, RunEnd::refused);
+    panel.set("chkEditBackup", "1");
     for (const char* item : {"4", "-1", "1.5", "40000"})
         EXPECT_EQ(remove(path, item), "Removal unsuccessful - item not encountered.") << item;
-    panel.set("chkEditBackup", "1");
-    EXPECT_EQ(remove(path, "4"), "Removal unsuccessful - item not encountered.");
-    EXPECT_TRUE(holds(page));
+    EXPECT_TRUE(isWritten(page));
+    EXPECT_EQ(host.read("PAGE.BKU"), bytesOf(page));
     EXPECT_EQ(remove(path, "2"), "Removed item 2\r\nOld file had 3 items,\r\nNew file has 2 items.");
-    EXPECT_TRUE(holds("1=8 2=1|1=1 2=1 3=7"));
-    EXPECT_EQ(host.read("PAGE.BKV"), bytesOf(page));
+    EXPECT_TRUE(isWritten("8 1|1 1 7"));
     EXPECT_EQ(runResults.back().exitStatus(), ExitStatus::done);
 }
 
-TEST_F(ItemRemoval, FilesThatCannotBeChangedStayAsTheyAre) {
-    const std::string page = "1=8 2=1|1=1 2=1 3=5";
+TEST_F(SpecialEdit, FilesThatCannotBeChangedStayAsTheyAre) {
+    const std::string page = "8 1|1 1 5";
     select(page);
     host.makeFolder("folder.mus");
     for (const char* name : {"none.mus", "folder.mus"}) {
@@ -50,27 +51,24 @@ TEST_F(ItemRemoval, FilesThatCannotBeChangedStayAsTheyAre) {
     host.makeReadOnly("page.mus");
     EXPECT_TRUE(contains(host.fatal([&] { remove(host.path("page.mus"), "1"); }),
                          "Attempt to rewrite Read-only file\r\n"));
-    EXPECT_TRUE(holds(page));
+    EXPECT_TRUE(isWritten(page));
 }
 
 // --- Halving
 
 TEST_F(SpecialEdit, HalvesNotesRestsAndBeams) {
-    expectChange("cmdHalve",
-                 "1=1 2=1 3=10 7=1|1=1 2=1 3=20.5 9=11|1=1 2=1 3=20.6 9=10|1=1 2=2 3=15|1=1 2=1 6=1 7=2|"
-                 "1=1 2=1 6=4 7=2|1=2 2=1 7=1|1=2 2=1 5=-1|1=2 2=1 5=-4 7=16|1=6 2=1 3=11 6=19.5 7=21",
-                 "1=1 2=1 3=10 7=.5|1=1 2=1 3=20.5 9=11|1=1 2=1 3=20.6 9=11|1=1 2=2 3=15 9=1|1=1 2=1 7=1|"
-                 "1=1 2=1 6=4 7=1|1=2 2=1 5=1 7=.5|1=2 2=1|1=2 2=1 5=-4 7=8|1=6 2=1 3=11 6=19.5 7=22",
-                 "Total number of notes, rest, and beams modified:10");
-}
-
-TEST_F(SpecialEdit, BeamsThatAreNoNumbersCoverNothing) {
-    musItemTable.itemCount = 0;
-    for (const float left : {notANumber, 5.0F, -infinity}) addItem({6, 1, left, 0, 0, left > 0 ? 9.0F : 2});
-    const BeamIndex beams;
-    for (const float position : {-infinity, 0.0F, 3.0F, 4.0F, 10.0F, 3.5F, 10.5F, infinity, notANumber})
-        EXPECT_EQ(beams.isBeamed(itemRow({1, 1, position})),
-                  position <= 3.0F || (position >= 4.0F && position <= 10.0F));
+    // Beams without ends reach nowhere, or to the left without an end.
+    const std::string underBeams = "|1 3 3|1 3 4|1 3 10|1 3 -INF";
+    expectPressed("cmdHalve",
+                  "1 1 10 7=1|1 1 20.5 9=11|1 1 20.6 9=10|1 2 15|1 1 6=1 2|1 1 6=4 2|2 1 7=1|2 1 5=-1|"
+                  "2 1 5=-4 7=16|6 1 11 6=19.5 21|6 3 NAN 6=2|6 3 5 6=9|6 3 -INF 6=2|1 3 3.5|1 3 10.5|"
+                  "1 3 INF|1 3 NAN" +
+                      underBeams,
+                  "1 1 10 7=.5|1 1 20.5 9=11|1 1 20.6 9=11|1 2 15 9=1|1 1 7=1|1 1 6=4 1|2 1 5=1 7=.5|2 1|"
+                  "2 1 5=-4 7=8|6 1 11 6=19.5 22|6 3 NAN 6=2 1|6 3 5 6=9 1|6 3 -INF 6=2 1|1 3 3.5 9=1|"
+                  "1 3 10.5 9=1|1 3 INF 9=1|1 3 NAN 9=1" +
+                      underBeams,
+                  "Total number of notes, rest, and beams modified:21");
 }
 
 // --- MIDI preparation
@@ -78,17 +76,17 @@ TEST_F(SpecialEdit, BeamsThatAreNoNumbersCoverNothing) {
 TEST_F(SpecialEdit, LongerNotesReplaceTheOthersOfTheirPlace) {
     const auto prepare = [&](const std::string& notes, const std::string& prepared, int count) {
         host.answers = {Answer::ok};
-        expectChange("cmdMidiPrep", notes, prepared, "Total number of notes removed: " + plain(count));
+        expectPressed("cmdMidiPrep", notes, prepared, "Total number of notes removed: " + plain(count));
     };
-    const std::string full = " 5=10 6=1 7=2 8=3 9=11";
-    const std::string left = "1=1 2=1 3=5";
-    const std::string middle = "|1=1 2=1 3=5.25 7=2";
-    const std::string right = "|1=1 2=1 3=5.5 7=1";
-    prepare(left + full + middle, left + full + "|1=2 2=1 3=5.25 5=1 7=2", 1);
-    prepare(middle.substr(1) + "|" + left + full, middle.substr(1) + "|1=2 2=1 3=5 5=1 7=2", 1);
-    prepare(left + " 7=1" + middle + right, "1=2 2=1 3=5 5=1 7=1" + middle + "|1=2 2=1 3=5.5 5=1 7=1", 2);
-    prepare(left + " 7=3" + middle + right, left + " 7=3|1=2 2=1 3=5.25 5=1 7=2" + right, 1);
-    const std::string apart = left + right + "|1=1 2=2 3=5|1=2 2=1 3=5";
+    const std::string left = "1 1 5";
+    const std::string full = " 5=10 1 2 3 11";
+    const std::string middle = "1 1 5.25 7=2";
+    const std::string right = "|1 1 5.5 7=1";
+    prepare(left + full + "|" + middle, left + full + "|2 1 5.25 5=1 7=2", 1);
+    prepare(middle + "|" + left + full, middle + "|2 1 5 5=1 7=2", 1);
+    prepare(left + " 7=1|" + middle + right, "2 1 5 5=1 7=1|" + middle + "|2 1 5.5 5=1 7=1", 2);
+    prepare(left + " 7=3|" + middle + right, left + " 7=3|2 1 5.25 5=1 7=2" + right, 1);
+    const std::string apart = left + right + "|1 2 5|2 1 5|1 1 NAN|1 1 NAN";
     prepare(apart, apart, 0);
     EXPECT_TRUE(press("cmdMidiPrep", apart).ends_with("of that duration.\r\nContinue?"));
     EXPECT_EQ(runResults.back().end, RunEnd::refused);
@@ -96,69 +94,57 @@ TEST_F(SpecialEdit, LongerNotesReplaceTheOthersOfTheirPlace) {
 
 // --- Fingers
 
-class Fingers : public ButtonTest {
-  protected:
-    void SetUp() override { leftHandFingers.txtLHfingerPar16 = "2"; }
-    void expectAligned(const std::string& items, const std::string& aligned, int count) {
-        host.answers = {Answer::yes};
-        expectChange("cmdLHfingers", items, aligned, "Total number of finger offsets set:" + plain(count));
+TEST_F(SpecialEdit, FingersStandBesideTheNearestNote) {
+    // What a note has, its finger, and what becomes of that, each on a staff of their own.
+    const std::vector<Texts> cases = {{"", "3=7 2", "3=10 2 15=-2 1"},
+                                      {"5=14 10=3", "3=4 1", "3=10 1 15=-2 1"},
+                                      {"5=12", "3=4.5", "3=10 15=-3.6 1"},
+                                      {"10=2", "3=9 102 15=7", "3=10 102 16=1"},
+                                      {"", "3=10.5 0 4", "3=10 0 4 15=-2 1"},
+                                      {"", "3=10.6", "3=10.6"},
+                                      {"", "3=5.9 -1", "3=5.9 -1"},
+                                      {"", "3=9 3", "3=9 3"},
+                                      {"", "3=9 1 5", "3=9 1 5"},
+                                      {"", "3=9 1 8=1", "3=9 1 8=1"}};
+    std::string page;
+    std::string aligned;
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        const std::string staff = " " + plain(i + 1);
+        for (std::string* const all : {&page, &aligned})
+            *all += "1" + staff + " 10 " + cases[i][0] + "|10" + staff + " 6=.75 " +
+                    cases[i][all == &page ? 1 : 2] + "|";
     }
-
-    const std::string finger = "|1=10 2=1 6=.75 ";
-};
-
-TEST_F(Fingers, StandBesideTheNearestNote) {
-    const Texts notes = {"", " 5=14 10=3", " 5=12", " 10=2", "", "", "", "", "", ""};
-    const auto page = [&](const Texts& fingers) {
-        std::string items;
-        for (std::size_t i = 0; i < notes.size(); ++i)
-            items +=
-                "1=1 3=10 2=" + plain(i + 1) + notes[i] + "|1=10 6=.75 2=" + plain(i + 1) + fingers[i] + "|";
-        return items;
-    };
-    expectAligned(
-        page({" 3=7 4=2", " 3=4 4=1", " 3=4.5", " 3=9 4=102 15=7", " 3=10.5 5=4", " 3=10.6", " 3=5.9 4=-1",
-              " 3=9 4=3", " 3=9 4=1 5=5", " 3=9 4=1 8=1"}),
-        page({" 3=10 4=2 15=-2 16=1", " 3=10 4=1 15=-2 16=1", " 3=10 15=-3.6 16=1", " 3=10 4=102 16=1",
-              " 3=10 5=4 15=-2 16=1", " 3=10.6", " 3=5.9 4=-1", " 3=9 4=3", " 3=9 4=1 5=5", " 3=9 4=1 8=1"}),
-        5);
-    ;
+    expectAligned(page, aligned, 5);
     expectKept([](const std::string& typed) { return keepFingerPar16(typed, "1"); },
                {{"", "1"}, {"3", "1"}, {"0.5", "1"}}, {"Set 0, 1, or 2"});
 }
 
-TEST_F(Fingers, SpreadInChordsAndGoOnToTheNextNote) {
-    const std::string chord = "1=1 2=1 3=10 4=1|1=1 2=1 3=10 4=3" + finger;
-    const std::string high = finger + "3=10 4=5 16=1";
-    expectAligned(chord + "3=10 4=1" + finger + "3=10 4=3" + high,
-                  chord + "3=10 4=1 15=-3.7 16=1" + finger + "3=10 4=3 15=-2 16=1" + high, 3);
-    const std::string notes = "1=1 2=1 3=10 4=5|1=1 2=1 3=12 4=5 5=11" + finger;
-    const std::string low = finger + "3=7 4=.5 8=1";
-    expectAligned(notes + "3=8 4=1 8=1" + finger + "3=10 4=1 8=1" + low,
-                  notes + "3=10 4=1 8=1 15=-2 16=1" + finger + "3=12 4=1 8=1 15=-4 16=1" + low, 2);
+TEST_F(SpecialEdit, FingersSpreadInChordsAndGoOnToTheNextNote) {
+    const std::string chord = "1 1 10 1|1 1 10 3|";
+    const std::string high = "|10 1 10 5 0 .75 16=1";
+    expectAligned(chord + "10 1 10 1 0 .75|10 1 10 3 0 .75" + high,
+                  chord + "10 1 10 1 0 .75 15=-3.7 1|10 1 10 3 0 .75 15=-2 1" + high, 3);
+    const std::string notes = "1 1 10 5|1 1 12 5 11|";
+    const std::string low = "|10 1 7 .5 0 .75 8=1";
+    expectAligned(notes + "10 1 8 1 0 .75 8=1|10 1 10 1 0 .75 8=1" + low,
+                  notes + "10 1 10 1 0 .75 8=1 15=-2 1|10 1 12 1 0 .75 8=1 15=-4 1" + low, 2);
 }
 
 // --- The customer's pages
 
 TEST_F(SpecialEdit, RepeatedClefsGoAndStavesGrow) {
-    const std::string barline = "1=14 2=1 3=.5|";
-    expectChange("cmdTessler",
-                 barline +
-                     "1=3 2=1 3=50|1=3 2=1 3=1|1=3 2=1 3=70 5=1|1=3 2=1 3=90|1=3 2=2 3=60|1=8 2=1 6=10|"
-                     "1=8 2=1 3=12 6=150|1=8 2=2 3=1 6=3|1=8 2=3 6=14 20=1|1=8 2=4 6=7 20=2|"
-                     "1=2 2=1 6=-2 7=-1",
-                 barline +
-                     "1=3 2=1 3=1|1=3 2=1 3=70 5=1|1=3 2=1 3=90|1=3 2=2 3=60|1=8 2=1 6=10|"
-                     "1=8 2=1 6=150 20=1|1=8 2=2 3=1 6=200|1=8 2=4 6=7|1=2 2=1 6=2 7=1",
-                 "Total number of Tessler changes: 4");
+    const std::string barline = "14 1 .5|";
+    expectPressed("cmdTessler",
+                  barline +
+                      "3 1 50|3 1 1|3 1 70 5=1|3 1 90|3 2 60|8 1 6=10|8 1 12 6=150|8 2 1 6=3|"
+                      "8 3 6=14 20=1|8 4 6=7 20=2|2 1 6=-2 -1",
+                  barline +
+                      "3 1 1|3 1 70 5=1|3 1 90|3 2 60|8 1 6=10|8 1 6=150 20=1|8 2 1 6=200|8 4 6=7|"
+                      "2 1 6=2 1",
+                  "Total number of Tessler changes: 4");
     EXPECT_EQ(host.messages.size(), 1U);
-    press("cmdTessler", "1=8 2=1|1=14 2=1 3=0 5=8|1=14 2=1 3=1.1|1=14 2=2");
+    press("cmdTessler", "8 1|14 1 5=8|14 1 1.1|14 2");
     EXPECT_EQ(host.messages.front(), "No system barline found on staff 1.\r\n" + upper("page.mus"));
-}
-
-TEST_F(SpecialEdit, ToolsForStemsSayThatTheyAreNone) {
-    for (const char* button : {"cmdad99", "cmdSTM"})
-        EXPECT_EQ(press(button, "1=8 2=1"), "Function not yet supported");
 }
 
 }  // namespace

@@ -8,32 +8,30 @@ namespace {
 using StaffEdit = EditTest;
 
 TEST_F(StaffEdit, SetsIdsPerStaff) {
-    const std::string page = "8 1|8 2 0 0 0 0 0 0 3|8 2.5|8 NAN|3 2";
+    const std::string page = "8 1|8 2 9=3|8 2.5|8 NAN|3 2";
     instrumentIds.txtEditInstrId = "21.125";
     instrumentIds.txtEditInstrIdStaff = "2";
-    EXPECT_EQ(changed(instrumentIdsFamily, page), "8 1|8 2 0 0 0 0 0 0 21.125|8 2.5|8 NAN|3 2");
+    expectChanged(instrumentIdsFamily, page, "8 1|8 2 9=21.125|8 2.5|8 NAN|3 2", 1);
     instrumentIds.txtEditInstrIdStaff = "ALL";
-    EXPECT_TRUE(changed(instrumentIdsFamily, page).ends_with("8 NAN 0 0 0 0 0 0 21.125|3 2"));
+    expectChanged(instrumentIdsFamily, page, "8 1 9=21.125|8 2 9=21.125|8 2.5 9=21.125|8 NAN 9=21.125|3 2",
+                  4);
     EXPECT_EQ(reportOf(instrumentIdsFamily), lines("Number of instrument Ids. set . . . . . 4")) << "again";
 }
 
 TEST_F(StaffEdit, SetsIdsPerSystem) {
     instrumentIds.optEditStaffInstrIdPerStaff = false;
     instrumentIds.optEditStaffInstrIdPerSystem = true;
-    const auto idOf = [&](const char* staves, const char* pairs, float staff) {
+    const auto expectIds = [&](const char* staves, const char* pairs, const std::string& page,
+                               const std::string& changed, int count) {
         instrumentIds.txtEditInstrIdSystem = staves;
         instrumentIds.txtEditInstrIdMultiple = pairs;
-        onlyItem({8, staff, 0, 0, 0, 0, 0, 0, -1});
-        reportOf(instrumentIdsFamily);
-        return musItemTable[1].pars[9];
+        expectChanged(instrumentIdsFamily, page, changed, count);
     };
-    for (const float odd : {1.F, 3.F, 33.F, 0.9F}) EXPECT_EQ(idOf("2", "1/2,2/1", odd), 2) << odd;
-    for (const float even : {2.F, 4.F, 40000.F, 2.5F}) EXPECT_EQ(idOf("2", "1/2,2/1", even), 1) << even;
-    for (const float none : {0.F, -1.F, 0.5F, 1e30F, infinity, notANumber})
-        EXPECT_EQ(idOf("2", "1/2,2/1", none), -1) << none;
-    EXPECT_EQ(idOf("3", "3/21.5,3/9,0/8", 6), 21.5);
-    EXPECT_EQ(idOf("3", "3/21.5,3/9,0/8", -0.5), 8);
-    for (const char* none : {"", "0", "99999999999"}) EXPECT_EQ(idOf(none, "1/7", 1), -1) << none;
+    const std::string none = "|8 0|8 -1|8 .5|8 1e30|8 INF|8 NAN";
+    expectIds("2", "1/2,2/1", "8 1|8 3|8 33|8 .9|8 2|8 4|8 40000|8 2.5" + none,
+              "8 1 9=2|8 3 9=2|8 33 9=2|8 .9 9=2|8 2 9=1|8 4 9=1|8 40000 9=1|8 2.5 9=1" + none, 8);
+    expectIds("3", "3/21.5,3/9,0/8", "8 6|8 -.5", "8 6 9=21.5|8 -.5 9=8", 2);
+    for (const char* refused : {"", "0", "99999999999"}) expectIds(refused, "1/7", "8 1", "8 1", 0);
     EXPECT_EQ(refusal(tabStaff), Texts{"Value out of staff range..."});
     instrumentIds.txtEditInstrIdSystem = "";
     EXPECT_EQ(refusal(tabStaff), Texts{"Expecting digits only..."});
@@ -63,13 +61,12 @@ TEST_F(StaffEdit, RemovesStavesWithAllThatStandsOnThem) {
     staffRemoval = {.optEditStaffIRemove = true, .txtRemoveStaves = ",.,"};
     EXPECT_EQ(refusal(tabStaff), Texts{"No instrument IDs were specified"});
     staffRemoval.txtRemoveStaves = ",21.3,22,";
-    fill("1 2 9|8 1 0 0 0 0 0 0 21.3|8 2|8 2 0 0 0 0 0 0 22|16 2_00|1 2.5");
-    EXPECT_EQ(reportOf(staffRemovalFamily), lines("Number of staves removed. . . . . . . . 2"));
-    EXPECT_EQ(table(), "999 2 9|8 1 0 0 0 0 0 0 21.3|999 2|999 2 0 0 0 0 0 0 22|999 2_00|1 2.5");
-    EXPECT_EQ(changed(staffRemovalFamily, "8 2.5|1 2|8 NAN|8 INF|8 -0.4|8"),
-              "8 2.5|999 2|8 NAN|8 INF|8 -0.4|999")
-        << "by the rounded number";
-    EXPECT_EQ(changes(), 1);
+    EXPECT_EQ(reportOn("1 2 9|8 1 9=21.3|8 2|8 2 9=22|16 2'_00|1 2.5", staffRemovalFamily),
+              lines("Number of staves removed. . . . . . . . 2"));
+    EXPECT_TRUE(becomes("999 2 9|8 1 9=21.3|999 2|999 2 9=22|999 2 12=3'_00|1 2.5"));
+    // By the rounded number.
+    expectChanged(staffRemovalFamily, "8 2.5|1 2|8 NAN|8 INF|8 -.4|8", "8 2.5|999 2|8 NAN|8 INF|8 -.4|999",
+                  1);
 }
 
 TEST_F(StaffEdit, FieldsKeepWhatFits) {

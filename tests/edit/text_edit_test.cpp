@@ -1,5 +1,6 @@
 
 #include "edit/general_edit.h"
+#include "edit/lyrics.h"
 #include "edit/plate_numbers.h"
 #include "edit/text_fonts.h"
 #include "edit/text_search.h"
@@ -50,27 +51,21 @@ TEST_F(EditFields, KeepFontsSizesAndStrings) {
 
 class TextEdit : public EditTest {
   protected:
-    static void add(float code, const std::string& text, float par6 = 1, float par7 = 0) {
-        addItem({code, 0, 0, 0, 0, par6, par7}, text);
-    }
-    void run(const Family& family) { reportOf(family); }
     /// What becomes of one text; "gone" when it is deleted.
     std::string search(const std::string& text, const std::string& string1, const std::string& string2) {
-        musItemTable.itemCount = 0;
-        add(16, text);
+        fill("16 6=1'" + text);
         textSearch.txtEditSearchString1 = string1;
         textSearch.txtEditSearchString2 = string2;
-        run(textSearchFamily);
+        reportOf(textSearchFamily);
         return musItemTable[1].pars[1] == deletedItem ? "gone" : musItemTable[1].text;
     }
     std::string fonts(const std::string& text, const std::string& input, const std::string& output) {
-        musItemTable.itemCount = 0;
-        add(16, text);
+        fill("16 6=1'" + text);
         textFonts.optEditDeleteModify = textFonts.optEditModifyText = true;
         textFonts.optEditDeleteText = false;
         textFonts.txtEditFontInput = input;
         textFonts.txtEditFontOutput = output;
-        run(textFontsFamily);
+        reportOf(textFontsFamily);
         return musItemTable[1].text;
     }
 };
@@ -143,9 +138,8 @@ TEST_F(TextEdit, FiltersByFontAndSize) {
     const auto passes = [&](float par6, const char* size, const char* margin) {
         textSearch.txtEditSearchSize = size;
         textSearch.txtEditSearchMargin = margin;
-        musItemTable.itemCount = 0;
-        add(16, "_00aa", par6);
-        run(textSearchFamily);
+        onlyItem({16, 0, 0, 0, 0, par6}, "_00aa");
+        reportOf(textSearchFamily);
         return changes() == 1;
     };
     for (const float size : {0.75F, 100.75F, 300.75F}) EXPECT_TRUE(passes(size, ".75", "0")) << size;
@@ -168,9 +162,9 @@ TEST_F(TextEdit, AsksAtEveryItemAndCancels) {
     textSearch.chkEditVerify = true;
     textSearch.txtEditSearchString1 = "'a'";
     textSearch.txtEditSearchString2 = "' '";
-    for (const char* text : {"_00a", "_00ba", "_00ca", "_00da"}) add(16, text);
+    fill("16 1'_00a|16 1'_00ba|16 1'_00ca|16 1'_00da");
     host.answers = {Answer::no, Answer::yes, Answer::cancel};
-    run(textSearchFamily);
+    reportOf(textSearchFamily);
     ASSERT_EQ(host.messages.size(), 3U);
     EXPECT_EQ(
         host.messages[1] + "\r\n",
@@ -222,9 +216,8 @@ TEST_F(TextEdit, FontsOfNumbersKeepTheirFlags) {
     textFonts.chkEditModifyInclude = true;
     const auto font = [&](float par7) {
         fonts("", "05", "07");
-        musItemTable.itemCount = 0;
-        add(10, "", 1, par7);
-        run(textFontsFamily);
+        onlyItem({10, 0, 0, 0, 0, 1, par7});
+        reportOf(textFontsFamily);
         return musItemTable[1].pars[7];
     };
     for (const float flags : {0.0F, 100.0F, 1000.0F, 1100.0F}) EXPECT_EQ(font(flags + 5), flags + 7);
@@ -246,10 +239,8 @@ TEST_F(TextEdit, DeletesByFontAndEndOfText) {
     textFonts.optEditDeleteModify = true;
     textFonts.txtEditFontInput = "05";
     const auto deleted = [&] {
-        musItemTable.itemCount = 0;
-        add(10, "", 1, 5);
-        for (const char* text : {"_05ab", "__05b", "_06b", "a_05b", "_05a"}) add(16, text);
-        run(textFontsFamily);
+        fill("10 6=1 5|16 1'_05ab|16 1'__05b|16 1'_06b|16 1'a_05b|16 1'_05a");
+        reportOf(textFontsFamily);
         std::string items;
         for (int item = 1; item <= 6; ++item)
             if (musItemTable[item].pars[1] == deletedItem) items += plain(item);
@@ -265,6 +256,33 @@ TEST_F(TextEdit, DeletesByFontAndEndOfText) {
         << "asked once in a run";
     host.answers = {Answer::no};
     EXPECT_EQ(host.fatal([&] { deleted(); }), "TUL needs to close after selecting NO to this prompt.");
+}
+
+// --- Prefixes and lyrics
+
+TEST_F(TextEdit, FontNumbersBecomePrefixes) {
+    std::string others = "|8 1 8=1026";
+    for (const char* number : {"89", "100", "1226", "10.5", "95.5", "-90", "10260"})
+        others += std::string("|16 1 8=") + number + "'_00a";
+    expectPressed("cmdReplacePar8",
+                  "16 8=1026'_00a|16 8=1126'_00a|16 8=90'__00a_01b__02_3c|16 8=99'abc|16 8=1000'_0|"
+                  "16 8=1000'a_|16 8=1026'_26|16 8=1026'a_05" +
+                      others,
+                  "16'_26a|16'__26a|16'_90a_90b_90_3c|16'_99abc|16'_00_0|16'_00a_|16'_26|16'_26a_26" + others,
+                  "Total number of Par8 replacements: 8");
+}
+
+TEST_F(TextEdit, SetsPar9OfTextsInTheLyricsFont) {
+    lyrics.txtLJfont = "_05";
+    lyrics.txtLJsize = "1";
+    const std::string others = "16 1 6=1'_06|16 1 6=1.5 9=3'_05a|16 1 6=1 9=3'__05|16 1 6=1 9=3'_0|";
+    for (const auto& [turns, par9] : {std::pair{false, ""}, {true, " 9=-360"}}) {
+        lyrics.optLJ360 = turns;
+        const std::string lyric = std::string("16 1 6=1") + par9;
+        expectChanged(lyricsFamily, others + "16 1 6=1 9=3'_05a|16 1'_05|16 1'_06",
+                      others + lyric + "'_05a|" + lyric + "'_05|16 1 6=1'_06", 2);
+    }
+    EXPECT_EQ(reportOf(lyricsFamily), lines("Number of lyrics Par9 updated . . . . . 2"));
 }
 
 // --- Plate numbers
@@ -283,12 +301,12 @@ class PlateEdit : public EditTest {
 };
 
 TEST_F(PlateEdit, ReplacesThePlateNumberThatStandsThere) {
-    fill("16 3 40.5_001234|16 3_011234|16 3_0012345");
-    EXPECT_EQ(reportOf(plateNumbersFamily),
+    const std::string others = "|16 3'_011234|16 3'_0012345";
+    EXPECT_EQ(reportOn("16 3 40.5'_001234" + others, plateNumbersFamily),
               lines("Removed existing plate number irrespective of size before generating new one. "
                     "Staff= 3, horz= 40.5, string=_001234|"
                     "Number of plate numbers generated . . . . . 1   _001234 "));
-    EXPECT_EQ(table(), "999 3 40.5_001234|16 3_011234|16 3_0012345|16 1 92.5 -12 1 0.8_001234 ");
+    EXPECT_TRUE(becomes("999 3 40.5 12=7'_001234" + others + "|16 1 92.5 -12 1 .8'_001234 "));
     EXPECT_EQ(changes(), 2);
 }
 
@@ -299,14 +317,14 @@ TEST_F(PlateEdit, OddPagesHaveItAtTheRight) {
                                          {"C:\\A1\\P32.MUS", "0"},
                                          {"C:\\A1\\P.MUS", "0"},
                                          {"C:\\A1\\P2.MU7", "190"}}) {
-        fill("");
+        fill("8 1");
         reportOf(plateNumbersFamily, page);
-        EXPECT_EQ(table(), std::string("16 1 ") + position + " -12 1 0.8_001234 ") << page;
+        EXPECT_TRUE(becomes(std::string("8 1|16 1 ") + position + " -12 1 .8'_001234 ")) << page;
     }
 }
 
 TEST_F(PlateEdit, AFullPageIsToldAndWrittenAsItStands) {
-    fill("16 1_001234");
+    fill("16 1'_001234");
     while (musItemTable.itemCount < 2000) addItem({8, 1});
     EXPECT_TRUE(contains(reportOf(plateNumbersFamily), "generated . . . . . 0   "));
     EXPECT_EQ(host.messages, Texts{"MUS file too big to add plate number:C:\\PAGE.MUS"});

@@ -83,42 +83,33 @@ TEST_F(EditPanelTest, ConditionsAreFilledFromFieldsAndLists) {
     EXPECT_EQ(shown("txtp1"), "12");
 }
 
-TEST_F(EditPanelTest, ShowsTheDeveloperMore) {
-    const Texts buttons = {"cmdEdit2", "cmdTessler", "cmdHalve", "cmdMidiPrep", "cmdMarlo", "cmdLHfingers"};
-    for (const std::string& button : buttons) EXPECT_EQ(panel.press(button), PanelAnswer::disabled) << button;
-    EXPECT_EQ(panel.set("optEditFingerDispl", "1"), PanelAnswer::disabled);
-    identity.DeveloperMode = true;
-    for (const std::string& button : buttons) EXPECT_TRUE(panel.command(button)->visible()) << button;
-    EXPECT_EQ(panel.set("optEditFingerDispl", "1"), PanelAnswer::done);
-    host.mayRun("TULEDIT2.EXE");
-    EXPECT_EQ(panel.press("cmdEdit2"), PanelAnswer::done);
-    EXPECT_TRUE(contains(host.launches.back(), "TULEDIT2.EXE"));
-}
-
-TEST_F(EditPanelTest, TakesFieldsThatNothingReadsYet) {
-    Field& staves = *panel.field("txtRemoveStaves");
-    EXPECT_FALSE(panel.isOffered(staves));
-    EXPECT_EQ(panel.set("txtRemoveStaves", "21,22"), PanelAnswer::done);
-    panel.set("optEditStaffIRemove", "1");
-    EXPECT_TRUE(panel.isOffered(staves));
-    EXPECT_EQ(shown("txtRemoveStaves"), "21,22");
-}
-
-TEST_F(EditPanelTest, TheDeveloperHidesButtonsByAClickOnTheBackground) {
-    const auto isVisible = [&](const char* command) { return panel.command(command)->visible(); };
-    EXPECT_FALSE(isVisible("cmdMarlo"));
+TEST_F(EditPanelTest, ADeveloperSeesMoreAndHidesSomeOfItByAClickOnTheBackground) {
+    const std::map<bool, Texts> hiddenByTheClick = {
+        {false, {"cmdTessler", "cmdHalve", "cmdMidiPrep", "cmdEdit2", "optEditFingerDispl"}},
+        {true, {"cmdMarlo", "cmdDorvel", "cmdNewMeters", "cmdQuintal", "cmdLHfingers", "txtLHfingerPar16"}}};
+    const auto isVisible = [&](const std::string& name) {
+        const Field* const field = panel.field(name);
+        return field ? field->visible() : panel.command(name)->visible();
+    };
+    const auto expectVisible = [&](bool others, bool hideable) {
+        for (const auto& [isHideable, names] : hiddenByTheClick)
+            for (const std::string& name : names)
+                EXPECT_EQ(isVisible(name), isHideable ? hideable : others) << name;
+    };
+    expectVisible(false, false);
     EXPECT_EQ(panel.press("frmEditClick"), PanelAnswer::disabled);
     identity.DeveloperMode = true;
-    EXPECT_TRUE(isVisible("cmdMarlo"));
+    expectVisible(true, true);
     panel.press("frmEditClick");
-    EXPECT_FALSE(isVisible("cmdMarlo"));
-    EXPECT_FALSE(panel.field("txtLHfingerPar16")->visible());
-    EXPECT_TRUE(isVisible("cmdHalve"));
+    expectVisible(true, false);
     storeProjectOption("FingerSizeLH", ".8");
     panel.load();
-    EXPECT_TRUE(isVisible("cmdMarlo"));
+    expectVisible(true, true);
     EXPECT_EQ(panel.command("cmdLHfingers")->toolTip(),
               "RH finger alignment for Score4 (finger size taken from global setting: .8).");
+    host.mayRun("TULEDIT2.EXE");
+    panel.press("cmdEdit2");
+    EXPECT_TRUE(contains(host.launches.back(), "TULEDIT2.EXE"));
 }
 
 TEST_F(EditPanelTest, ReturningKeepsTheProfile) {

@@ -1,45 +1,77 @@
 #pragma once
 
-#include <cstdlib>
+#include <span>
+#include <sstream>
 #include <tuple>
 
 #include "edit/edit_run.h"
 #include "music/items.h"
+#include "music/mus_writer.h"
 #include "support/test.h"
 
 namespace tul::edit {
 
-/// Families of edits on one page: rows in, rows and report out. A page is written as its rows, with bars
-/// between them: parameters up to the last that is not 0, then the text, which begins with a font. A deleted
-/// row is one of code 999.
-class EditTest : public HostTest {
+/// A page as text: its items with bars between them, each its parameters from Par 1 on, or on from the one
+/// that is named, and its text behind an apostrophe: "8 1 9=21|16 1 20 5 0 1'_00ab". Par 12 of texts counts
+/// their characters by itself.
+inline std::vector<ItemRow> itemsOf(const std::string& page) {
+    std::vector<ItemRow> rows;
+    std::istringstream items(page);
+    for (std::string item; std::getline(items, item, '|');) {
+        const SplitText parts = splitAtFirst(item, '\'');
+        ItemRow& row = rows.emplace_back(itemRow({}, std::string(parts.behind)));
+        std::istringstream values{std::string(parts.before)};
+        int par = 0;
+        for (std::string value; values >> value;) {
+            const std::size_t behindName = value.find('=') + 1;
+            par = behindName == 0 ? par + 1 : std::stoi(value);
+            row.pars[par] = std::stof(value.substr(behindName));
+        }
+        if (isText(row)) row.pars[par::textLength] = static_cast<float>(row.text.size());
+    }
+    return rows;
+}
+
+/// The same text for all ways to write a page.
+inline std::string textOf(std::span<const ItemRow> rows) {
+    std::string page;
+    for (const ItemRow& row : rows) {
+        int last = 0;
+        for (int par = 1; par <= Parameters::count; ++par) {
+            if (row.pars[par] == 0.0F || (isText(row) && par == par::textLength)) continue;
+            page += (par == last + 1 ? " " : " " + plain(par) + "=") + plain(row.pars[par]);
+            last = par;
+        }
+        page += "'" + row.text + "|";
+    }
+    return page;
+}
+
+inline std::string bytesOf(const std::string& page) {
+    PageBytes bytes;
+    bytes.begin();
+    for (const ItemRow& row : itemsOf(page)) bytes.item(row);
+    bytes.end(false);
+    return bytes.bytes;
+}
+
+/// Families of edits on one page, in the table or, by their buttons, on the disk.
+class EditTest : public PanelTest {
   protected:
+    EditTest() { identity.DeveloperMode = true; }
+
     static void fill(const std::string& page) {
         musItemTable.itemCount = 0;
-        for (std::size_t from = 0, end = 0; end < page.size(); from = end + 1) {
-            end = std::min(page.find('|', from), page.size());
-            const std::string row = page.substr(from, end - from);
-            const std::size_t text = std::min(row.find('_'), row.size());
-            addItem({}, row.substr(text));
-            int par = 0;
-            for (const char* next = row.c_str(); next < row.c_str() + text;) {
-                char* behind = nullptr;
-                musItemTable[musItemTable.itemCount].pars[++par] = std::strtof(next, &behind);
-                next = behind;
-            }
-        }
+        for (const ItemRow& row : itemsOf(page)) musItemTable[++musItemTable.itemCount] = row;
     }
-    static std::string table() {
-        std::string page;
-        for (int item = 1; item <= musItemTable.itemCount; ++item) {
-            const ItemRow& row = musItemTable[item];
-            for (int par = 1; par <= lastUsedPar(row); ++par)
-                page += (par > 1 ? " " : item > 1 ? "|" : "") + plain(row.pars[par]);
-            page += row.text;
-        }
-        return page;
+    /// For EXPECT_TRUE: the table is this page. A deleted item has code 999.
+    static ::testing::AssertionResult becomes(const std::string& page) {
+        std::vector<ItemRow> rows;
+        for (int item = 1; item <= musItemTable.itemCount; ++item) rows.push_back(musItemTable[item]);
+        if (textOf(rows) == textOf(itemsOf(page))) return ::testing::AssertionSuccess();
+        return ::testing::AssertionFailure() << textOf(rows) << "\nis not\n" << textOf(itemsOf(page));
     }
-    /// The lines and counters of a run.
+    /// The lines and counters of a run over the table.
     std::string reportOf(const Family& family, const std::string& path = "C:\\PAGE.MUS") {
         Report report(host.path("RUN.PRN"));
         pipeline.page = {.path = path};
@@ -49,19 +81,47 @@ class EditTest : public HostTest {
         std::ignore = report.close();
         return host.read("RUN.PRN");
     }
-    /// The page behind a run.
-    std::string changed(const Family& family, const std::string& page) {
-        fill(page);
-        reportOf(family);
-        return table();
-    }
     static std::int64_t changes() { return pipeline.page.changes; }
+    std::string reportOn(const std::string& page, const Family& family) {
+        fill(page);
+        return reportOf(family);
+    }
+    void expectChanged(const Family& family, const std::string& page, const std::string& changed, int count) {
+        reportOn(page, family);
+        EXPECT_TRUE(becomes(changed));
+        EXPECT_EQ(changes(), count) << page;
+    }
     /// What is said instead of a run with these options.
     Texts refusal(int tab) {
         editing.tabEdit = tab;
         host.forget();
         cmdEditRun();
         return host.shown.empty() ? host.messages : host.shown;
+    }
+
+    /// Makes the page, selects it, and opens the panel.
+    void select(const std::string& page) {
+        host.write("page.mus", bytesOf(page));
+        writeNames({"page.mus"});
+        host.forget();
+        open("edit");
+        panel.set("chkEditBackup", "0");
+    }
+    /// Presses a button over the page; what is said, but for the questions before it.
+    std::string press(const std::string& button, const std::string& page) {
+        select(page);
+        EXPECT_EQ(panel.press(button), PanelAnswer::done);
+        return host.messages.empty() ? "" : host.messages.back();
+    }
+    /// For EXPECT_TRUE: the file is this page; otherwise tells what the table has.
+    ::testing::AssertionResult isWritten(const std::string& page) {
+        if (host.read("page.mus") == bytesOf(page)) return ::testing::AssertionSuccess();
+        return ::testing::AssertionFailure() << becomes(page).message();
+    }
+    void expectPressed(const std::string& button, const std::string& page, const std::string& changed,
+                       const std::string& message) {
+        EXPECT_EQ(press(button, page), message);
+        EXPECT_TRUE(isWritten(changed));
     }
 };
 

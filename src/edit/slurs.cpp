@@ -35,7 +35,7 @@ class SlursRun : public FamilyRun {
   private:
     void slurVertAlign(Parameters& slur) {
         for (const int end : {par::height, par::endHeight})
-            slur[end] = static_cast<float>(roundToEven(slur[end]));
+            slur[end] = rounded(slur[end]);
         countChange(aligned_);
     }
 

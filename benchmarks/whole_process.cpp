@@ -152,7 +152,7 @@ const std::vector<Rewriting> rewritings = {
     {"halving, backups", {"--press", "cmdHalve", "edit"}},
 };
 
-/// Against copying the pages into an empty folder. All rounds begin with the same pages.
+/// Against copying the pages into an empty folder and onto the disk. All rounds begin with the same pages.
 void compareRewriting(const fs::path& home, const Words& pages) {
     const fs::path work = fs::absolute(pages.front()).parent_path().parent_path() / "work";
     const fs::path copies = work.parent_path() / "copies";
@@ -162,7 +162,7 @@ void compareRewriting(const fs::path& home, const Words& pages) {
         const Words workPages = filesOf(work);
         const Words ours = withFiles(withFiles({(home / "tulcmd").string(), "--no"}, tool), workPages);
         const Words theirs = withFiles({"cp", "-t", copies.string()}, workPages);
-        compare({name, thenSync(ours)}, {"cp, both sync", thenSync(theirs)}, 5, [&] {
+        compare({name, ours}, {"cp and sync", thenSync(theirs)}, 5, [&] {
             copyPages(some, work);
             copyPages({}, copies);
         });

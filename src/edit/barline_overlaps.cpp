@@ -96,7 +96,7 @@ const Family barlineOverlapsFamily = {
 };
 
 void cmdRemoveOverlaps() {
-    runWithReport<OverlapRun>("TUL Edit run (Removing smaller overlapping barlines)");
+    runToReport("TUL Edit run (Removing smaller overlapping barlines) ", std::make_unique<OverlapRun>());
 }
 
 }  // namespace tul::edit

@@ -39,7 +39,6 @@ class EditRun : public PageUpdateRun {
 
 class ReportedRun : public EditRun {
   public:
-    /// What stands before the date is part of the title.
     ReportedRun(std::string title, FamilyRuns families)
         : EditRun(std::move(families)), title_(std::move(title)) {}
 
@@ -61,6 +60,12 @@ class ToldRun : public EditRun {
   private:
     std::string label_;
 };
+
+FamilyRuns alone(std::unique_ptr<FamilyRun> family) {
+    FamilyRuns families;
+    families.push_back(std::move(family));
+    return families;
+}
 
 void start(ToolRun& run, RunPlan plan) {
     const WaitingPointer pointer;
@@ -127,17 +132,19 @@ void runReport(ToolRun& run, std::vector<std::string> pages) {
     start(run, {.pages = std::move(pages), .report = reportName});
 }
 
-void runFamilies(const std::string& title, FamilyRuns families, const std::string& beforeDate) {
+void runFamilies(const std::string& title, FamilyRuns families) {
     ReadNamesFile();
-    ReportedRun run(title + beforeDate, std::move(families));
+    ReportedRun run(title, std::move(families));
     start(run, {.pages = selectedPages(), .report = reportName, .changesPages = true});
+}
+
+void runToReport(const std::string& title, std::unique_ptr<FamilyRun> family) {
+    runFamilies(title, alone(std::move(family)));
 }
 
 void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family) {
     ReadNamesFile();
-    FamilyRuns families;
-    families.push_back(std::move(family));
-    ToldRun run(label, std::move(families));
+    ToldRun run(label, alone(std::move(family)));
     start(run, {.pages = selectedPages(), .changesPages = true});
 }
 
@@ -185,7 +192,7 @@ void cmdEditRun() {
     }
     FamilyRuns runs;
     for (const Family* family : chosen) runs.push_back(family->begin());
-    runFamilies("TUL Edit run", std::move(runs));
+    runFamilies("TUL Edit run ", std::move(runs));
 }
 
 void writeCounter(Report& report, std::string_view label, std::int64_t count, std::string_view behind) {

@@ -37,15 +37,10 @@ void cmdEditRun();
 
 using FamilyRuns = std::vector<std::unique_ptr<FamilyRun>>;
 /// Reads the selection anew, takes each file through reading, the families' changes and writing, writes the
-/// report, which begins with `title`, what stands before the date, and the date, shows it and deletes it.
-void runFamilies(const std::string& title, FamilyRuns families, const std::string& beforeDate = " ");
+/// report, which begins with `title` and the date right behind it, shows it and deletes it.
+void runFamilies(const std::string& title, FamilyRuns families);
 /// The same for a button whose family has a report of its own.
-template <class Run>
-void runWithReport(const std::string& title) {
-    FamilyRuns families;
-    families.push_back(std::make_unique<Run>());
-    runFamilies(title, std::move(families));
-}
+void runToReport(const std::string& title, std::unique_ptr<FamilyRun> family);
 /// The same without a report: at the end a message of `label`, how much was changed, and what is to be known
 /// of single pages.
 void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family);

@@ -35,11 +35,7 @@ class StyleRun : public FamilyRun {
     const HouseStyle& style_;
 };
 
-void run(const HouseStyle& style) {
-    FamilyRuns families;
-    families.push_back(std::make_unique<StyleRun>(style));
-    runFamilies(style.title, std::move(families), "");
-}
+void run(const HouseStyle& style) { runToReport(style.title, std::make_unique<StyleRun>(style)); }
 
 bool hasFraction(float value) { return std::floor(value) < value; }
 /// Never -0.

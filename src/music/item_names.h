@@ -79,7 +79,7 @@ inline constexpr int textFont = 8;  // by number, 90 to 99 and from 1000 on, ins
 inline constexpr int textTurn = 9;  // degrees
 inline constexpr int textLength = 12;  // characters
 
-inline constexpr int systemStaves = 19;  // in tables that the bar tools read, never in a file
+inline constexpr int systemStaves = 19;  // set by the bar tools; a file may have values of its own
 inline constexpr int mark = 20;          // the same, but that one edit writes it into the page
 
 }  // namespace par

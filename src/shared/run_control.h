@@ -23,7 +23,7 @@ class RunControl {
 
     /// The panel's other controls are disabled meanwhile.
     [[nodiscard]] bool isBusy() const { return isBusy_; }
-    /// The run ends behind the page in work; a tool that changes nothing ends within it. Stays true until
+    /// The run ends behind the page in work; a tool that changes nothing may end within it. Stays true until
     /// the next run.
     [[nodiscard]] bool isStopped() const {
         return isPressed_ || isAbandoned_ || (isBusy_ && isInterrupted());

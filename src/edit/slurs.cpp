@@ -34,8 +34,7 @@ class SlursRun : public FamilyRun {
 
   private:
     void slurVertAlign(Parameters& slur) {
-        for (const int end : {par::height, par::endHeight})
-            slur[end] = rounded(slur[end]);
+        for (const int end : {par::height, par::endHeight}) slur[end] = rounded(slur[end]);
         countChange(aligned_);
     }
 

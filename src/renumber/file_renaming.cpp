@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <string>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -113,15 +112,6 @@ ReportEnd RenameRun::writeEnd(Report&, const RunResult& result) {
     return renamed == result.pages.size() ? ReportEnd::remove : ReportEnd::show;
 }
 
-/// The selection may name a file twice: it is one file all the same.
-std::vector<std::string> distinctPages() {
-    std::vector<std::string> pages;
-    std::unordered_set<std::string> known;
-    for (const std::string& path : selectedPages())
-        if (known.insert(path).second) pages.push_back(path);
-    return pages;
-}
-
 bool isWanted() {
     const std::string many = selection.SelectionCount > 1 ? str(selection.SelectionCount) + " files" : "";
     return isAgreed(toolName, "Are you sure to rename" + many + " to " + fileOptions.txtRenumOutname + "?",
@@ -140,7 +130,7 @@ void RenumberFile() {
     ReadNamesFile();
     if (!selection.SelectionValid) return noteRefusedRun(toolName, "nothing is selected");
     if (!isWanted()) return;
-    NamePlan plan = planNames(distinctPages());
+    NamePlan plan = planNames();
     if (!plan.refusal.empty()) return refuseRun(toolName, plan.refusal, Icon::exclamation);
     if (!recordNames(plan.names))
         return refuseRun(toolName,

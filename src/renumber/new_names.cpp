@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <unordered_set>
+#include <utility>
 
 #include "base/numbers.h"
 #include "base/text.h"
@@ -197,11 +199,13 @@ std::string oversizeText(const std::string& name) {
 
 }  // namespace
 
-NamePlan planNames(const std::vector<std::string>& paths) {
+NamePlan planNames() {
     Refusals refusals;
     NamePlan plan;
     Series series;
-    for (const std::string& path : paths) {
+    std::unordered_set<std::string> known;
+    for (const std::string& path : selection.SelectionNames) {
+        if (!known.insert(path).second) continue;
         NewName& name = plan.names.emplace_back(NewName{.from = path});
         const auto digits = series.next();
         if (!digits) {
@@ -229,7 +233,7 @@ void showFirstName() { fileOptions.txtRenumOutname = nameWith(fileOptions.txtRen
 void previewNames() {
     showFirstName();
     std::vector<std::string> entries;
-    for (const NewName& name : planNames(selectedPages()).names) entries.push_back(entryOf(name));
+    for (const NewName& name : planNames().names) entries.push_back(entryOf(name));
     const std::string refusal = refusalOfFields();
     showPreview(refusal.empty() ? "New names" : refusal.substr(0, refusal.find(newLine)), std::move(entries));
 }

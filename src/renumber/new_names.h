@@ -30,8 +30,8 @@ struct NamePlan {
     std::string refusal = {};  // why none of them may be given
 };
 
-/// The new names of these files, by the fields and what lies on the disk now.
-[[nodiscard]] NamePlan planNames(const std::vector<std::string>& paths);
+/// The new names of the selected files, each once, by the fields and what lies on the disk now.
+[[nodiscard]] NamePlan planNames();
 
 /// Gives the fields their first texts, by the project's length of numbers in file names.
 void fillFileOptions();

@@ -114,7 +114,7 @@ TEST_F(EditGuide, HasExamplesThatDoWhatTheySay) {
         for (std::string word : words) {
             if (const std::size_t place = word.find("page"); word.ends_with(".mus")) {
                 pages.push_back(word.substr(place));
-                host.write(pages.back(), edit::bytesOf(before));
+                host.write(pages.back(), bytesOf(before));
                 word.insert(place, host.nativeFolder().string() + "/");
             }
             call.push_back(word);
@@ -122,7 +122,7 @@ TEST_F(EditGuide, HasExamplesThatDoWhatTheySay) {
         const testing::Outcome outcome = testing::runTulcmd(host, call);
         EXPECT_EQ(outcome.status, 0) << title << outcome.err;
         EXPECT_TRUE(contains(outcome.out, said)) << title << outcome.out;
-        for (const std::string& name : pages) EXPECT_EQ(host.read(name), edit::bytesOf(after)) << title;
+        for (const std::string& name : pages) EXPECT_EQ(host.read(name), bytesOf(after)) << title;
     }
 }
 

@@ -21,10 +21,11 @@ const std::vector<Tool> tools = {
     {"valid", "cmdValidate"},
     {"pmx", "cmdPmx"},
     {"resiz", "cmdResize", {{"tabResiz", "staves"}, {"txtResizeStaffSize", "0.5"}}},
+    {"renum", "cmdRenum", {{"tabRenum", "bars"}, {"optRenumBarNone", "1"}}},
     {"edit",
      "cmdEdit",
      {{"tabEdit", "text"}, {"txtEditSearchString1", "ab"}, {"txtEditSearchString2", "xy"}}}};
-const std::vector<Tool> writers = {tools[2], tools[3]};
+const std::vector<Tool> writers = {tools[2], tools[3], tools[4]};
 
 constexpr int staves = 80;
 /// A text of 8 characters, and so many staves that a run lets events through at every page.
@@ -138,7 +139,8 @@ TEST_F(ToolRuns, NothingBeginsWithoutAReport) {
              {0, "TULVALID.PRN", "File ? could not be opened for output. Hit OK to abort."},
              {1, "TULPMX.PRN", "Open error in FRMPMX.FRM ?, Error code= 70"},
              {2, "TULWORK.PRN", "Failed to open ? for output"},
-             {3, "TULEDIT.PRN", "Failed to open ? for output"}}) {
+             {3, "TULWORK.PRN", "Failed to open ? for output"},
+             {4, "TULEDIT.PRN", "Failed to open ? for output"}}) {
         begin(tools[number]);
         host.faultyFiles().refusals = {{report, FileError::permissionDenied}};
         const std::optional<int> end = endOf([this] { run(); });

@@ -49,6 +49,7 @@ FileError FaultyFiles::replace(const std::string& path, std::string_view bytes) 
 FileError FaultyFiles::remove(const std::string& path) { return fails() ? fault_ : real_.remove(path); }
 
 FileError FaultyFiles::rename(const std::string& from, const std::string& to) {
+    if (onRename) onRename(to);
     return fails() ? fault_ : real_.rename(from, to);
 }
 

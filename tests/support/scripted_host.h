@@ -28,6 +28,9 @@ class FaultyFiles : public Files {
     /// What writing the file of this name gives instead of success.
     std::map<std::string, FileError> refusals;
 
+    /// Comes before a file gets the name `to`.
+    std::function<void(const std::string& to)> onRename;
+
     /// Fails one of the calls that read or change files: of this number from now on, from 1; 0 fails none.
     void failAt(int call, FileError fault = FileError::none);
     /// True when the call that was to fail has come.

@@ -18,12 +18,6 @@ namespace {
 constexpr std::string_view terminator = " 1";
 const std::string newLine(CrLf);
 
-/// The name in a line, whose end is not looked at here. Blanks before the terminator are no part of it.
-std::string nameIn(std::string_view line) {
-    line.remove_suffix(std::min(line.size(), terminator.size()));
-    return std::string(trimRight(line));
-}
-
 /// Shows the refused file, so that the user sees what was in it, and throws it away.
 void discardNamesFile(const std::string& message) {
     MsgBox(message, Buttons::ok, Icon::exclamation);
@@ -85,7 +79,7 @@ std::int16_t checkUtilityNames(const std::string& path) {
     std::int16_t found = 0;
     for (const std::string_view line : linesOf(text)) {
         lines = wrap16(lines + 1);
-        if (FileExists(nameIn(line))) found = wrap16(found + 1);
+        if (FileExists(nameOfNamesFileLine(line))) found = wrap16(found + 1);
     }
     if (found != lines) files().removeIfThere(path);
     return found;
@@ -108,6 +102,12 @@ void renewSelection(std::string& viewTip) {
 
 std::string namesFileLine(const std::string& path) { return path + std::string(terminator) + newLine; }
 
+/// Blanks before the terminator are no part of it.
+std::string nameOfNamesFileLine(std::string_view line) {
+    line.remove_suffix(std::min(line.size(), terminator.size()));
+    return std::string(trimRight(line));
+}
+
 void ReadNamesFile() {
     selection.SelectionValid = false;
     selection.SelectionCount = 0;
@@ -126,7 +126,7 @@ void ReadNamesFile() {
                    Buttons::ok, Icon::exclamation);
             line += terminator;
         }
-        if (!takeName(nameIn(line))) return;
+        if (!takeName(nameOfNamesFileLine(line))) return;
     }
     selection.SelectionValid = selection.SelectionCount > 0;
 }
@@ -170,9 +170,9 @@ void SelectFiles(const std::string& message, std::string& viewTip) {
     renewSelection(viewTip);
 }
 
-void DropFiles(const std::vector<std::string>& dropped, std::string& viewTip) {
-    std::string arguments =
-        "STARTDIR=" + paths.ProgramFolder + ",NAMESFILE=" + paths.NamesFileName + ",DEBUG=NO,TYPE=MUS,LIST=";
+void DropFiles(const std::vector<std::string>& dropped, std::string& viewTip, const std::string& type) {
+    std::string arguments = "STARTDIR=" + paths.ProgramFolder + ",NAMESFILE=" + paths.NamesFileName +
+                            ",DEBUG=NO,TYPE=" + type + ",LIST=";
     for (const std::string& path : dropped) arguments += path + ",";
     runSelectionProgram(paths.TulOlePath, arguments);
     renewSelection(viewTip);

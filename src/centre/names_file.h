@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// The selection: the lines of NAMES.TUL, each a whole path, a blank and the digit 1. The programs of the
@@ -25,8 +26,9 @@ void chooseNames(const std::string& arguments, const std::string& message);
 /// The select button of a panel, on a click: runs TULNAMES.EXE with `message` as its prompt (empty: none),
 /// then reads the selection and renews the view button's tool tip.
 void SelectFiles(const std::string& message, std::string& viewTip);
-/// The same button, on a drop of files: runs TULOLE.EXE.
-void DropFiles(const std::vector<std::string>& dropped, std::string& viewTip);
+/// The same button, on a drop of files: runs TULOLE.EXE, which takes those of a type, "MUS" or "ANY".
+void DropFiles(const std::vector<std::string>& dropped, std::string& viewTip,
+               const std::string& type = "MUS");
 /// The view button: shows the names file, which the user may edit, and reads it again.
 void ViewNamesFile(std::string& viewTip);
 /// Tool tip of the view button; with nothing selected it stays as it was.
@@ -37,5 +39,7 @@ void RefreshViewTip(std::string& viewTip);
 
 /// One line of a names file.
 [[nodiscard]] std::string namesFileLine(const std::string& path);
+/// The name in such a line, whose end is not looked at.
+[[nodiscard]] std::string nameOfNamesFileLine(std::string_view line);
 
 }  // namespace tul

@@ -1,20 +1,25 @@
 #include "centre/page_run.h"
 
+#include <algorithm>
 #include <optional>
 #include <tuple>
 #include <unordered_set>
 #include <utility>
 
 #include "base/numbers.h"
+#include "base/text.h"
 #include "centre/installation.h"
 #include "centre/viewing.h"
 #include "host/host.h"
 #include "music/item_table.h"
+#include "shared/function_module.h"
 #include "shared/records.h"
 
 namespace tul {
 
 namespace {
+
+constexpr std::string_view hyphens = "----";
 
 /// From here to the end of its scope a run is on.
 class RunInProgress {
@@ -27,6 +32,7 @@ class RunInProgress {
         pipeline = {};
         pipeline.view = &view;
         pipeline.backup = plan.backup;
+        pipeline.dropsCode13 = plan.dropsCode13;
         view.control.begin();
         view.overFiles = {.percent = 0, .visible = plan.pages.size() > 1};
     }
@@ -136,7 +142,8 @@ PageEnd PageUpdateRun::processPage(const PageInRun& page) {
         page.result.changes = 0;
         return PageEnd::endRun;
     }
-    const bool isDue = !isUnread && (rewrite_ == Rewrite::always || page.result.changes != 0);
+    const bool mayWrite = !isUnread && page.result.reason.empty();
+    const bool isDue = mayWrite && (rewrite_ == Rewrite::always || page.result.changes != 0);
     if (isDue && !attempt([this] { writeFile(form_); }))
         page.result.reason = "an item of it cannot be written";
     page.result.isDone = page.result.reason.empty();
@@ -165,6 +172,32 @@ void runOverPages(RunView& view, const RunPlan& plan, ToolRun& tool) {
     if (!hasReport) return;
     writeFindings(report, result);
     finish(report, end);
+}
+
+std::size_t nameColumnWidth() { return std::max(selection.LongestName.size(), hyphens.size()); }
+
+void writeColumnHead(Report& report) {
+    report.line(padRight("File", nameColumnWidth()));
+    report.line(padRight(hyphens, nameColumnWidth(), '-'));
+}
+
+void writeReportHead(Report& report, const std::string& title) {
+    report.line(title + dateAndTime());
+    report.line(" ");
+    writeColumnHead(report);
+}
+
+ReportEnd endInMessage(std::string text, const RunResult& result) {
+    for (const std::string& line : findingsOf(result)) text += std::string(text.empty() ? "" : CrLf) + line;
+    MsgBox(text);
+    return ReportEnd::remove;
+}
+
+bool isAgreed(const std::string& tool, const std::string& question, Buttons buttons) {
+    const Answer answer = MsgBox(question, buttons, Icon::question);
+    if (answer == Answer::yes || answer == Answer::ok) return true;
+    noteRefusedRun(tool);
+    return false;
 }
 
 std::vector<std::string> selectedPages() {

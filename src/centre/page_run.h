@@ -50,7 +50,8 @@ class PageUpdateRun : public ToolRun {
     PageEnd processPage(const PageInRun& page) final;
 
   protected:
-    /// Changes the items of the table, and counts each change in the page's result.
+    /// Changes the items of the table, and counts each change in the page's result. A reason that it gives
+    /// there keeps the page from being written.
     virtual void updatePage(const PageInRun& page) = 0;
 
   private:
@@ -67,12 +68,26 @@ struct RunPlan {
     std::function<void(const std::string& path, FileError fault)> tellNoReport = {};
     bool changesPages = false;
     bool backup = false;          // taken of each page before it is read, where its form takes one
+    bool dropsCode13 = false;     // on writing, where its form may
     const char* idleStatus = "";  // what the panel shows instead of a file's number between runs
 };
 
 /// Takes each page once through the tool, as long as nobody stops it. Whatever happens the panel is idle
 /// again behind it, and the result is among `runResults`.
 void runOverPages(RunView& view, const RunPlan& plan, ToolRun& tool);
+
+// What reports and messages of runs have in common.
+
+/// Of a report's column of names: as wide as the longest name, and as the head over it.
+[[nodiscard]] std::size_t nameColumnWidth();
+/// "File" over hyphens.
+void writeColumnHead(Report& report);
+/// `title` with the date right behind it, a line of one blank, and the head of the column.
+void writeReportHead(Report& report, const std::string& title);
+/// For `writeEnd` without a report: tells what is to be said, and what is to be known of single pages.
+ReportEnd endInMessage(std::string text, const RunResult& result);
+/// Asks before a run. Any answer but Yes or OK refuses it without a word.
+[[nodiscard]] bool isAgreed(const std::string& tool, const std::string& question, Buttons buttons);
 
 /// The paths of the selection, as it was read last.
 std::vector<std::string> selectedPages();

@@ -13,6 +13,7 @@
 #include "centre/panel_place.h"
 #include "centre/platform_code.h"
 #include "centre/project_options.h"
+#include "centre/renaming_record.h"
 #include "centre/start_up_warning.h"
 #include "centre/tool_enabling.h"
 #include "centre/viewing.h"
@@ -221,6 +222,7 @@ void StartUp() {
     CheckLibraryFolders();
     enableSecondGroup();
     showPreferredTab();
+    tellBrokenRenaming();
     RefreshNamesFiles();
     LoadFontNames();
 }

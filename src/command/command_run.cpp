@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <exception>
 #include <iostream>
+#include <map>
 #include <optional>
-#include <set>
 #include <tuple>
 #include <unordered_set>
 #include <utility>
@@ -134,19 +134,22 @@ Refusal findUnknown(const Arguments& arguments, Panel& panel) {
     return std::nullopt;
 }
 
-/// The lists that were brought up since the last look, as a window would show them.
+/// The lists that were put before the user since the last look, as a window would show them.
 class ListPrinter {
   public:
     explicit ListPrinter(std::ostream& out) : out_(out) {}
 
     void markShown(const Panel& panel) {
         for (const Field& field : panel.fields)
-            if (isUp(field)) shown_.insert(field.name);
+            if (isUp(field)) shown_[field.name] = listOf(field).showings;
     }
     void printNew(const Panel& panel) {
         for (const Field& field : panel.fields) {
-            if (!isUp(field) || !shown_.insert(field.name).second) continue;
-            const ListBox& list = *std::get<ListKind>(field.kind).value;
+            if (!isUp(field)) continue;
+            const ListBox& list = listOf(field);
+            const auto known = shown_.find(field.name);
+            if (known != shown_.end() && known->second == list.showings) continue;
+            shown_[field.name] = list.showings;
             if (!list.title.empty()) out_ << toUtf8(list.title) << "\n\n";
             for (const std::string& entry : list.entries) out_ << toUtf8(entry) << '\n';
         }
@@ -158,8 +161,10 @@ class ListPrinter {
         return list && list->value->visible && field.visible();
     }
 
+    static const ListBox& listOf(const Field& field) { return *std::get<ListKind>(field.kind).value; }
+
     std::ostream& out_;
-    std::set<std::string> shown_;
+    std::map<std::string, int> shown_;  // by name, its showings
 };
 
 PanelAnswer fill(Panel& panel, const Action& action) {

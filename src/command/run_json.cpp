@@ -30,6 +30,7 @@ const char* nameOf(RunEnd end) {
 const char* outcomeOf(const PageResult& page) {
     if (!page.isReached) return "not reached";
     if (!page.isDone) return "not done";
+    if (!page.newPath.empty()) return "renamed";
     if (page.reading == Reading::broken) return "damaged";
     if (page.reading == Reading::none) return "not checked";
     return page.changes > 0 ? "changed" : "unchanged";
@@ -41,6 +42,7 @@ Json pageJson(const PageResult& page) {
                  {"changes", page.changes},
                  {"written", page.isWritten},
                  {"readWhole", page.isWhole()}};
+    if (!page.newPath.empty()) json["newPath"] = toUtf8(files().toNative(page.newPath));
     if (!page.isReadable) json["readableAgain"] = false;
     if (page.isHalfChanged) json["changedInPart"] = true;
     if (page.lacksBackup) json["withoutBackup"] = true;

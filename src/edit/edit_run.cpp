@@ -18,7 +18,6 @@ namespace {
 
 constexpr const char* toolName = "edit";
 constexpr const char* reportName = "TULEDIT.PRN";
-constexpr std::string_view hyphens = "----";
 
 class EditRun : public PageUpdateRun {
   public:
@@ -78,14 +77,10 @@ void start(ToolRun& run, RunPlan plan) {
     runOverPages(editing.view, plan, run);
 }
 
-void ReportedRun::writeHead(Report& report) {
-    report.line(title_ + dateAndTime());
-    report.line(" ");
-    writeColumnHead(report);
-}
+void ReportedRun::writeHead(Report& report) { writeReportHead(report, title_); }
 
 ReportEnd ToldRun::writeEnd(Report&, const RunResult& result) {
-    return endInMessage(label_ + plain(result.changes()), result);
+    return endEdit(label_ + plain(result.changes()), result);
 }
 
 ReportEnd ReportedRun::writeEnd(Report& report, const RunResult& result) {
@@ -150,17 +145,9 @@ void runToMessage(const std::string& label, std::unique_ptr<FamilyRun> family) {
 
 void runOnPage(ToolRun& run, const std::string& path) { start(run, {.pages = {path}, .changesPages = true}); }
 
-ReportEnd endInMessage(std::string text, const RunResult& result) {
+ReportEnd endEdit(std::string text, const RunResult& result) {
     editing.view.file.clear();
-    for (const std::string& line : findingsOf(result)) text += std::string(text.empty() ? "" : CrLf) + line;
-    MsgBox(text);
-    return ReportEnd::remove;
-}
-
-void writeColumnHead(Report& report) {
-    const std::size_t width = std::max(selection.LongestName.size(), hyphens.size());
-    report.line(padRight("File", width));
-    report.line(padRight(hyphens, width, '-'));
+    return tul::endInMessage(std::move(text), result);
 }
 
 Command onSelection(std::string name, std::string caption, void (*run)()) {
@@ -170,10 +157,7 @@ Command onSelection(std::string name, std::string caption, void (*run)()) {
 }
 
 bool isAgreed(const std::string& question, Buttons buttons) {
-    const Answer answer = MsgBox(question, buttons, Icon::question);
-    if (answer == Answer::yes || answer == Answer::ok) return true;
-    noteRefusedRun(toolName);  // by the answer, without a word
-    return false;
+    return tul::isAgreed(toolName, question, buttons);
 }
 
 Command forDevelopers(Command command) {

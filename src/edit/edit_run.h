@@ -50,9 +50,7 @@ void runReport(ToolRun& run, std::vector<std::string> pages);
 /// A run of another kind that changes one page, selected or not, and tells its end itself.
 void runOnPage(ToolRun& run, const std::string& path);
 /// For `writeEnd` without a report: tells what is to be said, and what is to be known of single pages.
-ReportEnd endInMessage(std::string text, const RunResult& result);
-/// "File" and hyphens, as wide as the longest name.
-void writeColumnHead(Report& report);
+ReportEnd endEdit(std::string text, const RunResult& result);
 
 /// The run of a button, which needs a selection.
 Command onSelection(std::string name, std::string caption, void (*run)());

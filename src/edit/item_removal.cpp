@@ -19,7 +19,7 @@ class ItemRemovalRun : public PageUpdateRun {
 
     void writeHead(Report&) override {}
     ReportEnd writeEnd(Report&, const RunResult& result) override {
-        return endInMessage(outcome(result), result);
+        return endEdit(outcome(result), result);
     }
 
   protected:

@@ -18,7 +18,6 @@ Resize resizing;
 
 namespace {
 
-constexpr std::size_t shortestPathWidth = 4;
 const std::string marginLine =
     std::string(CrLf) + "Note that a 0.001 margin was applied on the size attribute.";
 
@@ -93,13 +92,7 @@ class ResizeRun : public PageUpdateRun {
     Counters counters_;
 };
 
-void ResizeRun::writeHead(Report& report) {
-    const std::size_t width = std::max(selection.LongestName.size(), shortestPathWidth);
-    report.line("TUL Rezise run " + dateAndTime());
-    report.line(" ");
-    report.line(padRight("File", width));
-    report.line(padRight("----", width, '-'));
-}
+void ResizeRun::writeHead(Report& report) { writeReportHead(report, "TUL Rezise run "); }
 
 void ResizeRun::updatePage(const PageInRun& page) {
     const std::int64_t before = counters_.all();

@@ -20,6 +20,7 @@ class Parameters {
     float operator[](int par) const { return values_[position(par)]; }
     float& operator[](int par) { return values_[position(par)]; }
     void clear() { values_.fill(0.0F); }
+    bool operator==(const Parameters&) const = default;
 
   private:
     static std::size_t position(int par) {

@@ -7,6 +7,7 @@
 #include "panels/logo_panel.h"
 #include "panels/notepad_panel.h"
 #include "panels/pmx_panel.h"
+#include "panels/renum_panel.h"
 #include "panels/resiz_panel.h"
 #include "panels/valid_panel.h"
 
@@ -25,6 +26,8 @@ const std::vector<PanelEntry>& panelList() {
          "resize.md", describeResizPanel, resetResizPanel},
         {"frmEdit", "edit", "", "search and replace texts, change fonts, find and change items by conditions",
          "edit.md", describeEditPanel, resetEditPanel},
+        {"frmRenum", "renum", "renumber", "rename files, renumber pages, bars and staves", "renumber.md",
+         describeRenumPanel, resetRenumPanel},
         {"frmGlobalOptions", "globaloptions", "options",
          "the choices of a project: folder, suffix, fonts, sizes", "settings-options.md",
          describeGlobalOptionsPanel, resetGlobalOptionsPanel},

@@ -21,6 +21,7 @@ struct ListBox {
     std::vector<std::string> entries;
     bool visible = true;
     int selected = -1;  // the entry that is chosen, from 0; -1 without one
+    int showings = 0;   // how often a command has put it before the user; a face without windows prints it
 };
 
 /// `disabled` stands for a hidden or read-only field, for a busy panel, and for a closed one, too; `invalid`

@@ -101,8 +101,10 @@ struct ProjectSettings {
     std::string PageNumberFont;
     std::string PageNumberSize;    // 200 added
     std::string PageNumberLength;  // digits of a number in a file name
+    std::string PageNumberPlace;   // CENTER or SIDE, and TOP or BOTTOM behind it
     std::string BarNumberFont;
-    std::string BarNumberSize;  // 200 added
+    std::string BarNumberSize;   // 200 added
+    std::string BarNumberPlace;  // FIRST, EACH or NONE
     std::string PlateNumber;
     std::string PlateNumberFont;
     std::string PlateNumberSize;

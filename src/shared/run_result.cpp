@@ -103,6 +103,7 @@ std::string summaryOf(const RunResult& result) {
         if (pages > 0) text += ", " + plain(static_cast<std::int64_t>(pages)) + what;
     };
     tell(count([](const PageResult& page) { return page.isWritten; }), " written");
+    tell(count([](const PageResult& page) { return !page.newPath.empty(); }), " renamed");
     tell(count([](const PageResult& page) { return page.reading == Reading::broken; }), " damaged");
     tell(count([](const PageResult& page) { return !page.isDone; }), " not done");
     tell(count([](const PageResult& page) { return page.lacksBackup; }), " without a backup");

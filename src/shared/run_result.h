@@ -21,6 +21,7 @@ enum class Reading {
 /// What happened to one page.
 struct PageResult {
     std::string path;
+    std::string newPath = {};  // where the run has given it another name
     bool isReached = false;
     bool isDone = false;       // the tool came to its end with the page
     bool isWritten = false;    // replaced, or its output made

@@ -1,0 +1,7 @@
+#include "bars/bar_settings.h"
+
+namespace tul::bars {
+
+BarSettings barSettings;
+
+}  // namespace tul::bars

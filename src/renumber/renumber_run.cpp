@@ -1,0 +1,100 @@
+#include "renumber/renumber_run.h"
+
+#include <tuple>
+#include <utility>
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "centre/names_file.h"
+#include "host/host.h"
+#include "music/item_table.h"
+#include "renumber/page_numbers.h"
+#include "shared/records.h"
+
+namespace tul::renumber {
+
+Renumbering renumbering;
+
+namespace {
+
+/// Damage is shown in the list, where a message for each damaged page would stand in the way.
+constexpr ToolForm previewForm = {.loop = ItemLoop::silent};
+
+class PreviewRun : public ToolRun {
+  public:
+    PreviewRun(std::string title, Describe describe)
+        : title_(std::move(title)), describe_(std::move(describe)) {}
+
+    void writeHead(Report&) override {}
+    PageEnd processPage(const PageInRun& page) override;
+    ReportEnd writeEnd(Report&, const RunResult&) override {
+        showPreview(title_, std::move(entries_));
+        return ReportEnd::remove;
+    }
+
+  private:
+    std::string title_;
+    Describe describe_;
+    std::vector<std::string> entries_;
+};
+
+PageEnd PreviewRun::processPage(const PageInRun& page) {
+    std::ignore = attempt([] { storeFile(previewForm); });
+    const bool isUnread = musItemTable.itemCount == 0 && !page.result.isWhole();
+    std::string entry = std::string(fileNameOf(page.result.path)) + "  ";
+    entry += isUnread ? "cannot be read, stays as it is" : describe_(page.result.path);
+    if (!isUnread && !page.result.isWhole()) entry += "; damaged, what is behind the damage will be lost";
+    entries_.push_back(std::move(entry));
+    page.result.isDone = page.result.reason.empty();
+    return PageEnd::next;
+}
+
+RunPlan planOf(const char* report) {
+    return {.tool = toolName,
+            .pages = selectedPages(),
+            .report = report,
+            .tellNoReport = endWithoutReport,
+            .changesPages = true,
+            .backup = renumbering.chkRenumBackup,
+            .dropsCode13 = pageOptions.optRenumPageNone};
+}
+
+}  // namespace
+
+ReportEnd ReportedRun::writeEnd(Report& report, const RunResult&) {
+    report.line(" ");
+    writeCounters(report);
+    report.line(" ");
+    report.line("Number of files processed: " + plain(selection.SelectionCount));
+    return ReportEnd::show;
+}
+
+ReportEnd ToldRun::writeEnd(Report&, const RunResult& result) {
+    return endInMessage("Number of files processed: " + plain(selection.SelectionCount) + remarks(), result);
+}
+
+void startRun(ReportedRun& run) { runOverPages(renumbering.view, planOf("TULWORK.PRN"), run); }
+
+void startRun(ToldRun& run) { runOverPages(renumbering.view, planOf(""), run); }
+
+void endWithoutReport(const std::string& path, FileError) {
+    endWith("Failed to open " + path + " for output");
+}
+
+void askToGoOn(const std::string& question) {
+    if (MsgBox(question, Buttons::okCancel, Icon::question) == Answer::cancel) endProgram();
+}
+
+void showPreview(const std::string& title, std::vector<std::string> entries) {
+    ListBox& list = renumbering.lstRenumPreview;
+    list.title = title;
+    list.entries = std::move(entries);
+}
+
+void previewPages(const std::string& title, Describe describe) {
+    ReadNamesFile();
+    PreviewRun run(title, std::move(describe));
+    runOverPages(renumbering.view, {.tool = toolName, .pages = selectedPages()}, run);
+}
+
+}  // namespace tul::renumber

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "centre/page_run.h"
+#include "shared/field.h"
+#include "shared/run_view.h"
+
+/// What the four tabs of the renumber tool share: the record, the runs over pages, and the preview.
+namespace tul::renumber {
+
+enum Tab { tabFiles, tabPages, tabBars, tabStaves };
+
+/// What the panel `frmRenum` asks for and shows, but for the fields of its tabs.
+struct Renumbering {
+    int tabRenum = tabFiles;
+    bool chkRenumBackup = true;
+    RunView view;
+    ListBox lstRenumPreview;
+};
+extern Renumbering renumbering;
+
+inline constexpr const char* toolName = "renum";
+
+/// How the tool reads and writes a page.
+inline constexpr ToolForm renumForm = {.mayDropCode13 = true};
+
+/// A run over the pages that reports what it has counted.
+class ReportedRun : public PageUpdateRun {
+  public:
+    ReportedRun() : PageUpdateRun(renumForm, Rewrite::always) {}
+    void writeHead(Report& report) final { writeReportHead(report, "TUL Renumber run "); }
+    ReportEnd writeEnd(Report& report, const RunResult& result) final;
+
+  protected:
+    virtual void writeCounters(Report& report) const = 0;
+};
+
+/// A run over the pages that ends in a message.
+class ToldRun : public PageUpdateRun {
+  public:
+    ToldRun() : PageUpdateRun(renumForm, Rewrite::always) {}
+    void writeHead(Report&) final {}
+    ReportEnd writeEnd(Report& report, const RunResult& result) final;
+
+  protected:
+    /// Lines of its own behind the number of files.
+    virtual std::string remarks() const { return {}; }
+};
+
+/// Takes the selection, as it was read last, through the run.
+void startRun(ReportedRun& run);
+void startRun(ToldRun& run);
+
+/// Tells that the report could not be opened, and ends the program.
+[[noreturn]] void endWithoutReport(const std::string& path, FileError fault);
+
+/// A question about the page in work. Cancel ends the program, and the page stays as it was.
+void askToGoOn(const std::string& question);
+
+/// Fills the list of the preview anew.
+void showPreview(const std::string& title, std::vector<std::string> entries);
+
+/// What a run would do to the page in the table, in a few words. The table stays as it is.
+using Describe = std::function<std::string(const std::string& path)>;
+/// Reads each page of the selection and lists what is said of it. Nothing is written.
+void previewPages(const std::string& title, Describe describe);
+
+}  // namespace tul::renumber

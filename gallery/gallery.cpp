@@ -108,6 +108,12 @@ void takeStates(PanelWindow& window, Gallery& gallery) {
         window.showResult(run);
         gallery.take(window, "frmResiz-result");
     }
+    if (window.panel().name == "frmRenum") {
+        window.findChild<QTabWidget*>()->setCurrentIndex(1);
+        window.panel().press("cmdRenumPreview");
+        window.refresh();
+        gallery.take(window, "frmRenum-preview");
+    }
     if (window.panel().name == "frmGlobalOptions") {
         openFontList(&GlobalOptions::txtLyricsFont);
         window.findChild<QTabWidget*>()->setCurrentIndex(2);

@@ -7,6 +7,7 @@
 #include "ui_frmLogo.h"
 #include "ui_frmNotepad.h"
 #include "ui_frmPmx.h"
+#include "ui_frmRenum.h"
 #include "ui_frmResiz.h"
 #include "ui_frmValid.h"
 
@@ -24,11 +25,11 @@ struct FormEntry {
     void (*setUp)(QMainWindow&);
 };
 constexpr FormEntry forms[] = {
-    {"frmLogo", setUp<Ui::frmLogo>},       {"frmValid", setUp<Ui::frmValid>},
-    {"frmPmx", setUp<Ui::frmPmx>},         {"frmGlobalOptions", setUp<Ui::frmGlobalOptions>},
-    {"frmResiz", setUp<Ui::frmResiz>},     {"frmEdit", setUp<Ui::frmEdit>},
-    {"frmAbout", setUp<Ui::frmAbout>},     {"frmColor", setUp<Ui::frmColor>},
-    {"frmNotepad", setUp<Ui::frmNotepad>},
+    {"frmLogo", setUp<Ui::frmLogo>},   {"frmValid", setUp<Ui::frmValid>},
+    {"frmPmx", setUp<Ui::frmPmx>},     {"frmGlobalOptions", setUp<Ui::frmGlobalOptions>},
+    {"frmResiz", setUp<Ui::frmResiz>}, {"frmEdit", setUp<Ui::frmEdit>},
+    {"frmRenum", setUp<Ui::frmRenum>}, {"frmAbout", setUp<Ui::frmAbout>},
+    {"frmColor", setUp<Ui::frmColor>}, {"frmNotepad", setUp<Ui::frmNotepad>},
 };
 
 }  // namespace

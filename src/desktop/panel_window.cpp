@@ -1,10 +1,12 @@
 #include "desktop/panel_window.h"
 
 #include <QCloseEvent>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -55,6 +57,7 @@ PanelWindow::PanelWindow(Panel panel, Binder::Act act, const DialogRunner& run)
     binder_ = std::make_unique<Binder>(*this, panel_, act_);
     setWindowTitle(shown(panel_.caption));
     enlargeHeadings();
+    alignColumns();
     if (text) addToolBar(new TextTools(*text, *this, windowTitle(), QString(), run));
 }
 
@@ -71,6 +74,12 @@ void PanelWindow::enlargeHeadings() {
         font.setPointSizeF(QFontInfo(font).pointSizeF() * headingScale);
         label->setFont(font);
     }
+}
+
+void PanelWindow::alignColumns() {
+    for (QListWidget* const list : findChildren<QListWidget*>())
+        if (list->property("columns").toBool())
+            list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 }
 
 void PanelWindow::refresh() {

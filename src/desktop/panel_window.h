@@ -41,6 +41,7 @@ class PanelWindow : public QMainWindow {
 
   private:
     void enlargeHeadings();
+    void alignColumns();
     void fill(const QRect& area);
     QSize room() const;
     void growWithForm();

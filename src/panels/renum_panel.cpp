@@ -20,7 +20,7 @@ using namespace renumber;
 
 ToolPanelState state;
 
-bool setsPageNumbers() { return !pageOptions.optRenumPageNone; }
+bool setsPageNumbers() { return !renumbering.optRenumPageNone; }
 bool setsBarNumbers() { return !barOptions.optRenumBarNone; }
 
 Field pageText(const char* name, std::string& value, const char* prompt, Keep keep = {}) {
@@ -52,7 +52,7 @@ std::vector<Field> pageFields() {
     const auto center = [] { return setsPageNumbers() && pageOptions.optRenumCenter; };
     const auto sides = [] { return setsPageNumbers() && pageOptions.optRenumSide; };
     return {
-        optionField("fraRenumPage", "optRenumPageNone", options.optRenumPageNone),
+        optionField("fraRenumPage", "optRenumPageNone", renumbering.optRenumPageNone),
         optionField("fraRenumPage", "optRenumBegin", options.optRenumBegin),
         readIf(textField("txtRenumBeginPage", options.txtRenumBeginPage, "Enter the first page number",
                          keepBeginPage),

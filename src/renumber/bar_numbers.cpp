@@ -130,8 +130,8 @@ void fillBarOptions() {
 }
 
 std::string keepStep(const std::string& typed) {
-    const auto step = isPlainNumber(typed) ? toInt32(numericValue(typed)) : std::nullopt;
-    if (step && *step >= 1) return plain(*step);
+    const bool isStep = isPlainNumber(typed) && numericValue(typed) >= 1.0;
+    if (const auto step = isStep ? toInt32(numericValue(typed)) : std::nullopt) return plain(*step);
     MsgBox("Invalid step number. Assumed 10.", Buttons::ok, Icon::exclamation);
     return "10";
 }

@@ -60,6 +60,8 @@ void RenameRun::writeHead(Report& report) {
 
 PageEnd RenameRun::processPage(const PageInRun& page) {
     const NewName& name = names_[next_++];
+    if (const std::string present = files().nameOnDisk(name.from); !present.empty())
+        page.result.path = selection.SelectionPrefix + present;  // which nobody can look up once it is gone
     const FileError fault = files().rename(name.from, name.to);
     page.result.isDone = fault == FileError::none;
     if (page.result.isDone)
@@ -141,7 +143,11 @@ void RenumberFile() {
                  {.tool = toolName,
                   .pages = selectedPages(),
                   .report = "TULWORK.PRN",
-                  .tellNoReport = endWithoutReport},
+                  .tellNoReport =
+                      [](const std::string& path, FileError fault) {
+                          forgetRenaming();
+                          endWithoutReport(path, fault);
+                      }},
                  run);
 }
 

@@ -28,7 +28,7 @@ constexpr std::string_view defaultLetters = "NEWNAME";
 constexpr std::string_view defaultNumber = "0000001";
 constexpr const char* defaultSuffix = "MUS";
 constexpr std::string_view notInFields = "\\/*?, .";
-/// What Windows has in no file name either.
+/// What Windows has in no file name either, as it has no full stop at the end.
 constexpr std::string_view notInNames = ":\"<>|";
 constexpr std::uint64_t mostNumber = 1'000'000'000'000'000'000;
 
@@ -66,11 +66,12 @@ bool isDevice(std::string_view name) {
     return isPort && base.size() == 4 && base[3] >= '1' && base[3] <= '9';
 }
 
-bool isControl(char character) { return static_cast<unsigned char>(character) < ' '; }
+/// Beyond ASCII each system has its own bytes for a letter, and DOS programs such as SCORE have others again.
+bool isPrintable(char character) { return character >= ' ' && character <= '~'; }
 
 bool canBeName(const std::string& name) {
-    return name.find_first_of(notInNames) == std::string::npos &&
-           std::none_of(name.begin(), name.end(), isControl) && !isDevice(name);
+    return !name.ends_with('.') && name.find_first_of(notInNames) == std::string::npos &&
+           std::all_of(name.begin(), name.end(), isPrintable) && !isDevice(name);
 }
 
 bool haveSameSeries(const std::string& path, const std::string& other) {
@@ -123,15 +124,22 @@ MaybeClash clashWithFile(const NewName& name) {
 MaybeClash clashOfOtherKind(const NewName& name) {
     const std::string fileName(fileNameOf(name.to));
     if (!canBeName(fileName))
-        return Clash{
-            "is no name for a file",
-            "The name " + fileName + " cannot be a file's name on every system." + newLine + refused};
+        return Clash{"is no name for a file",
+                     "The name " + fileName + " cannot be a file's name on every system." + newLine +
+                         "Letters from A to Z, digits and hyphens can." + newLine + refused};
     if (haveSameSeries(name.from, name.to)) return std::nullopt;
     const std::string letters = backupSeriesOf(name.to).letters();
     if (letters.empty()) return std::nullopt;
     return Clash{"has backups of another file", "Renaming will cause a conflict because the name " + name.to +
                                                     " already has backups, the first with suffix .BK" +
                                                     letters.front() + "." + newLine + refused};
+}
+
+/// A generation itself leaves nothing behind that was its own.
+bool leavesBackups(const NewName& name) {
+    const BackupSeries series = backupSeriesOf(name.from);
+    return !isBackupSuffix(series.extension) && !haveSameSeries(name.from, name.to) &&
+           !series.letters().empty();
 }
 
 /// One refusal stands for all names: the first of the gravest kind.
@@ -172,7 +180,7 @@ std::string refusalOfFields() {
 // --- The preview
 
 std::string entryOf(const NewName& name) {
-    std::string entry = std::string(fileNameOf(name.from)) + " -> ";
+    std::string entry = nameInPreview(name.from) + " -> ";
     entry += name.to.empty() ? "?" : std::string(fileNameOf(name.to));
     if (!name.clash.empty()) entry += "  " + name.clash;
     if (name.leavesBackups) entry += "  leaves its backups behind";
@@ -214,7 +222,7 @@ NamePlan planNames() {
         }
         name.to = selection.SelectionPrefix + nameWith(*digits);
         findClash(name, refusals);
-        name.leavesBackups = !haveSameSeries(path, name.to) && !backupSeriesOf(path).letters().empty();
+        name.leavesBackups = leavesBackups(name);
     }
     plan.refusal = refusalOfFields();
     if (plan.refusal.empty()) plan.refusal = refusals.gravest();

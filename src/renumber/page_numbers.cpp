@@ -104,7 +104,7 @@ PagePlan PageNumbering::planFor(const std::string& path) const {
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         const ItemPars pars = parsOf(item);
         if (isPageNumber(pars)) plan.oldNumbers.push_back(item);
-        if (!isStaff(pars)) continue;
+        if (!isStaff(pars) || !std::isfinite(pars[par::staff])) continue;
         const float staff = rounded(pars[par::staff]);
         if (staff > staves.highest) staves.highest = staff;
         if (staff < staves.lowest) staves.lowest = staff;
@@ -245,7 +245,7 @@ std::string numberText(const PagePlan& plan) {
             break;
     }
     std::string text = plain(pars[par::numberValue]) + " at " + plain(pars[par::position]) + ", staff " +
-                       plain(pars[par::staff]) + ", Par 4 " + plain(pars[par::height]);
+                       plain(pars[par::staff]) + ", Par4 " + plain(pars[par::height]);
     if (plan.digitsInName > digitsInNames())
         text += " (of " + plain(plan.digitsInName) + " digits in the name the last " +
                 plain(digitsInNames()) + ")";

@@ -8,8 +8,7 @@ namespace tul::renumber {
 
 /// Numbers are texts that begin with one.
 struct PageOptions {
-    bool optRenumPageNone = false;  // take off only; items of code 13 go too, in any run of the panel
-    bool optRenumBegin = true;      // count on from `txtRenumBeginPage`
+    bool optRenumBegin = true;  // count on from `txtRenumBeginPage`
     std::string txtRenumBeginPage = "1";
     bool optRenumFromFile = false;       // the digits at the end of the file's name
     std::string txtRenumModified = "0";  // added to either

@@ -53,7 +53,7 @@ void cmdRenumPreview() {
 
 void renewPreview() {
     if (renumbering.tabRenum == tabFiles) return previewNames();
-    showPreview("Preview shows what Run would do.", {});
+    showPreview("Press Preview to see what Run would do.", {});
 }
 
 }  // namespace tul::renumber

@@ -8,7 +8,6 @@
 #include "centre/names_file.h"
 #include "host/host.h"
 #include "music/item_table.h"
-#include "renumber/page_numbers.h"
 #include "shared/records.h"
 
 namespace tul::renumber {
@@ -41,7 +40,7 @@ class PreviewRun : public ToolRun {
 PageEnd PreviewRun::processPage(const PageInRun& page) {
     std::ignore = attempt([] { storeFile(previewForm); });
     const bool isUnread = musItemTable.itemCount == 0 && !page.result.isWhole();
-    std::string entry = std::string(fileNameOf(page.result.path)) + "  ";
+    std::string entry = nameInPreview(page.result.path) + "  ";
     entry += isUnread ? "cannot be read, stays as it is" : describe_(page.result.path);
     if (!isUnread && !page.result.isWhole()) entry += "; damaged, what is behind the damage will be lost";
     entries_.push_back(std::move(entry));
@@ -56,7 +55,7 @@ RunPlan planOf(const char* report) {
             .tellNoReport = endWithoutReport,
             .changesPages = true,
             .backup = renumbering.chkRenumBackup,
-            .dropsCode13 = pageOptions.optRenumPageNone};
+            .dropsCode13 = renumbering.optRenumPageNone};
 }
 
 }  // namespace
@@ -83,6 +82,11 @@ void endWithoutReport(const std::string& path, FileError) {
 
 void askToGoOn(const std::string& question) {
     if (MsgBox(question, Buttons::okCancel, Icon::question) == Answer::cancel) endProgram();
+}
+
+std::string nameInPreview(const std::string& path) {
+    constexpr std::size_t usualWidth = 12;  // eight characters, a full stop, and three
+    return padRight(fileNameOf(path), usualWidth);
 }
 
 void showPreview(const std::string& title, std::vector<std::string> entries) {

@@ -17,6 +17,7 @@ enum Tab { tabFiles, tabPages, tabBars, tabStaves };
 struct Renumbering {
     int tabRenum = tabFiles;
     bool chkRenumBackup = true;
+    bool optRenumPageNone = false;  // pages get no new numbers; no run of the panel writes items of code 13
     RunView view;
     ListBox lstRenumPreview;
 };
@@ -60,7 +61,9 @@ void startRun(ToldRun& run);
 /// A question about the page in work. Cancel ends the program, and the page stays as it was.
 void askToGoOn(const std::string& question);
 
-/// Fills the list of the preview anew.
+/// A file's name as it stands in the list of the preview, so that what follows stands in a column.
+std::string nameInPreview(const std::string& path);
+/// Fills that list anew.
 void showPreview(const std::string& title, std::vector<std::string> entries);
 
 /// What a run would do to the page in the table, in a few words. The table stays as it is.

@@ -57,9 +57,10 @@ std::string StaffNumbers::text() const {
     return before + " -> " + behind;
 }
 
-/// Items of a page that lose their staff, and those that never had one with a number.
+/// Items of a page that stand on no staff item.
 struct StrayItems {
     int deleted = 0;
+    int moved = 0;  // to the nearest whole staff
     int passedOver = 0;
 };
 
@@ -71,6 +72,8 @@ StrayItems strayItems(const StaffNumbers& staves) {
             ++stray.passedOver;
         else if (staves.newNumber(*staff) == 0)
             ++stray.deleted;
+        else if (parsOf(item)[par::staff] != static_cast<float>(*staff))
+            ++stray.moved;
     }
     return stray;
 }
@@ -117,6 +120,7 @@ void StaffRenumbering::updatePage(const PageInRun& page) {
     showActivity("Updating");
     const StaffNumbers staves;
     if (staves.count() == 0) {
+        if (musItemTable.itemCount == 0) return;  // nothing was read, and nothing is written
         page.result.reason = "it has no staff, and would lose all its items";
         return;
     }
@@ -171,6 +175,7 @@ void previewStaffNumbers() {
         const StrayItems stray = strayItems(staves);
         std::string text = staves.text();
         if (stray.deleted > 0) text += "; items deleted: " + plain(stray.deleted);
+        if (stray.moved > 0) text += "; items put on whole staves: " + plain(stray.moved);
         if (stray.passedOver > 0) text += "; items on no staff from 1 to 256: " + plain(stray.passedOver);
         return text;
     });

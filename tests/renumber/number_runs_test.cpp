@@ -107,9 +107,10 @@ TEST_F(NumberRuns, CountsOnFromPageToPageAndReports) {
     begin({{"a.mus", staves + "|10 4 5 9 3 201.1"}, {"b.mus", "1 1 5"}, {"c.mus", staves}},
           {{"tabRenum", "pages"}, {"txtRenumBeginPage", "9"}});
     panel.press("cmdRenumPreview");
-    EXPECT_EQ(renumbering.lstRenumPreview.entries,
-              Texts({"A.MUS  9 at 197, staff 7, Par 4 15; 1 old number removed",
-                     "B.MUS  no new number: there is no staff", "C.MUS  10 at 4, staff 7, Par 4 15"}));
+    EXPECT_EQ(
+        renumbering.lstRenumPreview.entries,
+        Texts({"A.MUS         9 at 197, staff 7, Par4 15; 1 old number removed",
+               "B.MUS         no new number: there is no staff", "C.MUS         10 at 4, staff 7, Par4 15"}));
     panel.press("cmdRenumRun");
     const std::size_t width = upper("a.mus").size();
     const std::string made = padRight("", width) + " page number generated:";
@@ -190,7 +191,7 @@ TEST_F(NumberRuns, FieldsKeepWhatFits) {
     pageOptions.txtRenumHorzRite = "50";
     expectKept(keepLeft, {{"51", "51"}}, {"Warning. Left position higher than right position."});
     expectKept(keepStep, {{"1", "1"}, {"32", "32"}});
-    expectKept(keepStep, {{"0", "10"}, {"x", "10"}, {"", "10"}, {"-5", "10"}},
+    expectKept(keepStep, {{"0", "10"}, {"0.99", "10"}, {"x", "10"}, {"", "10"}, {"-5", "10"}},
                {"Invalid step number. Assumed 10."});
     const auto start = [](const std::string& typed) { return keepStart(typed, "7"); };
     expectKept(start, {{"0", "0"}, {"999", "999"}});

@@ -115,7 +115,8 @@ ReportEnd RenameRun::writeEnd(Report&, const RunResult& result) {
 }
 
 bool isWanted() {
-    const std::string many = selection.SelectionCount > 1 ? str(selection.SelectionCount) + " files" : "";
+    const std::size_t count = filesToRename().size();
+    const std::string many = count > 1 ? str(count) + " files" : "";
     return isAgreed(toolName, "Are you sure to rename" + many + " to " + fileOptions.txtRenumOutname + "?",
                     Buttons::okCancel);
 }

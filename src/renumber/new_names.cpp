@@ -207,13 +207,19 @@ std::string oversizeText(const std::string& name) {
 
 }  // namespace
 
+std::vector<std::string> filesToRename() {
+    std::vector<std::string> paths;
+    std::unordered_set<std::string> known;
+    for (const std::string& path : selection.SelectionNames)
+        if (known.insert(path).second) paths.push_back(path);
+    return paths;
+}
+
 NamePlan planNames() {
     Refusals refusals;
     NamePlan plan;
     Series series;
-    std::unordered_set<std::string> known;
-    for (const std::string& path : selection.SelectionNames) {
-        if (!known.insert(path).second) continue;
+    for (const std::string& path : filesToRename()) {
         NewName& name = plan.names.emplace_back(NewName{.from = path});
         const auto digits = series.next();
         if (!digits) {

@@ -30,7 +30,9 @@ struct NamePlan {
     std::string refusal = {};  // why none of them may be given
 };
 
-/// The new names of the selected files, each once, by the fields and what lies on the disk now.
+/// The selected files, each once, where the names file may have one again.
+[[nodiscard]] std::vector<std::string> filesToRename();
+/// Their new names, by the fields and what lies on the disk now.
 [[nodiscard]] NamePlan planNames();
 
 /// Gives the fields their first texts, by the project's length of numbers in file names.

@@ -75,7 +75,7 @@ TEST_F(FileRenaming, GivesTheFilesTheirNewNamesInOrder) {
                                 {"Oper98.mu2", "page B.MUS"},
                                 {"left.mus", "page left.mus"}}));
     EXPECT_EQ(host.messages,
-              Texts({"Are you sure to rename 4 files to Oper08.mu2?",
+              Texts({"Are you sure to rename 3 files to Oper08.mu2?",
                      closing + "3" + stillOld + "\r\nNamed more than once, done once: A.MUS"}));
     EXPECT_FALSE(host.exists("TULRENAM.TUL") || host.exists("TULWORK.PRN"));
 }

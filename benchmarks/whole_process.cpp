@@ -150,6 +150,10 @@ const std::vector<Rewriting> rewritings = {
       "txtRemoveStaves=16,15,14,13,12,11,10,9", "edit"}},
     {"halving", {"--set", "chkEditBackup=0", "--press", "cmdHalve", "edit"}},
     {"halving, backups", {"--press", "cmdHalve", "edit"}},
+    {"page numbers", {"--set", "chkRenumBackup=0", "--set", "tabRenum=pages", "renum"}},
+    {"page numbers, backups", {"--set", "tabRenum=pages", "renum"}},
+    {"staff numbers", {"--set", "chkRenumBackup=0", "--set", "tabRenum=staves", "renum"}},
+    {"staff numbers, backups", {"--set", "tabRenum=staves", "renum"}},
 };
 
 /// Against copying the pages into an empty folder and onto the disk. All rounds begin with the same pages.

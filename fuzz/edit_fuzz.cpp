@@ -13,9 +13,9 @@
 #include "panels/panel_list.h"
 #include "shared/records.h"
 
-// Any bytes as a page, and the last of them as what is set and pressed in the general edit tool: a page that
-// the reader took whole is written so that it takes it whole again, and an end of the program leaves it
-// alone.
+// Any bytes as a page, and the last of them as what is set and pressed in the general edit tool or the
+// renumber tool: a page that the reader took whole is written so that it takes it whole again, and an end of
+// the program leaves it as it was, if under another name.
 namespace {
 
 using namespace tul;
@@ -78,11 +78,13 @@ class Choices {
 };
 
 void useThePanel(Choices& choices) {
-    Panel panel = findPanel("frmEdit")->make();
+    const bool renumbers = choices.below(4) == 0;
+    Panel panel = findPanel(renumbers ? "frmRenum" : "frmEdit")->make();
     ReadNamesFile();
     for (const Field& field : panel.fields)
         if (choices.below(3) == 0) panel.set(field.name, values[choices.below(values.size())]);
-    panel.set("tabEdit", std::to_string(choices.below(14)));
+    const std::size_t tabs = std::get<TabKind>(panel.fields.front().kind).names.size();
+    panel.set(panel.fields.front().name, std::to_string(choices.below(tabs)));
     const std::string command =
         choices.below(2) == 0 ? panel.runCommand : panel.commands[choices.below(panel.commands.size())].name;
     panel.press(command);
@@ -104,12 +106,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     paths.NamesFilePath = "Z:\\HOME\\NAMES.TUL";
     host.contents[paths.NamesFilePath] = path + " 1\r\n";
     host.refusals = before.substr(0, 4);
+    projectSettings.PageNumberLength = "2";
     identity.DeveloperMode = true;
     Choices choices(before);
     try {
         useThePanel(choices);
     } catch (const fuzz::End&) {
-        require(host.contents[path] == before);
+        require(std::any_of(host.contents.begin(), host.contents.end(),
+                            [&before](const auto& file) { return file.second == before; }));
     }
     if (runResults.empty() || runResults.back().pages.empty()) return 0;
     const PageResult page = runResults.back().pages.front();

@@ -43,7 +43,7 @@ FileError MemoryHost::remove(const std::string& path) {
 
 FileError MemoryHost::rename(const std::string& from, const std::string& to) {
     const FileError error = copy(from, to);
-    contents.erase(from);
+    if (error == FileError::none) contents.erase(from);
     return error;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "host/host.h"
 
 namespace tul::fuzz {
@@ -40,7 +41,9 @@ class MemoryHost : public Files,
     bool changeFolder(const std::string&) override { return true; }
     bool canRead(const std::string& path) const override { return contents.contains(path); }
     std::optional<FileInfo> info(const std::string& path) const override;
-    std::string nameOnDisk(const std::string& path) const override { return path; }
+    std::string nameOnDisk(const std::string& path) const override {
+        return contents.contains(path) ? std::string(fileNameOf(path)) : std::string();
+    }
     std::vector<std::string> list(const std::string&) const override { return {}; }
     FileError read(const std::string& path, std::string& bytes, std::size_t limit) const override;
     FileError replace(const std::string& path, std::string_view bytes) override;

@@ -32,8 +32,6 @@ constexpr std::string_view notInFields = "\\/*?, .";
 constexpr std::string_view notInNames = ":\"<>|";
 constexpr std::uint64_t mostNumber = 1'000'000'000'000'000'000;
 
-int numberLength() { return toInt32(numericValue(projectSettings.PageNumberLength)).value_or(0); }
-
 std::size_t longestLetters() {
     return static_cast<std::size_t>(std::clamp(longestBase - numberLength(), 0, longestBase));
 }
@@ -170,8 +168,8 @@ std::string refusalOfFields() {
     const std::size_t length = fileOptions.txtRenumPrefixN.size();
     if (static_cast<std::int64_t>(length) != numberLength())
         return "Length of numeric prefix part [" + plain(length) +
-               "] not equal to global option for this length [" + projectSettings.PageNumberLength + "]." +
-               newLine + "Adapt either, then try again.";
+               "] not equal to global option for this length [" + plain(numberLength()) + "]." + newLine +
+               "Adapt either, then try again.";
     if (valueOf(fileOptions.txtIncrement) == 0)
         return "The increment is 0, so that all files would get the same name." + newLine + refused;
     return {};
@@ -259,7 +257,7 @@ std::string letterPrompt() {
 }
 
 std::string numberPrompt() {
-    return "Enter " + projectSettings.PageNumberLength +
+    return "Enter " + plain(numberLength()) +
            " digits for the prefix. This is the part of the filename which will be incremented. Specify the "
            "start value.";
 }

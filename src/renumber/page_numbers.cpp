@@ -66,10 +66,7 @@ class PageNumbering {
     std::int32_t next_ = toInt32(numericValue(pageOptions.txtRenumBeginPage)).value_or(1);
 };
 
-std::size_t digitsInNames() {
-    return static_cast<std::size_t>(
-        std::max(toInt32(numericValue(projectSettings.PageNumberLength)).value_or(0), 0));
-}
+std::size_t digitsInNames() { return static_cast<std::size_t>(std::max(numberLength(), 0)); }
 
 /// The digits at the right end of the name, without what follows its first full stop.
 std::string digitsOfName(const std::string& path) {
@@ -178,7 +175,7 @@ void PageNumberRun::updateFile(const PageInRun& page) {
                       "No pagenumber generated.");
     if (plan.digitsInName > digitsInNames() && page.number == 1)
         askToGoOn(joined("Counted more digits in filename [", plan.digitsInName) +
-                  "] than specified by global option [" + projectSettings.PageNumberLength + "]." + newLine +
+                  "] than specified by global option [" + plain(numberLength()) + "]." + newLine +
                   "OK assumes length of global option.");
     if (plan.end == NumberEnd::number) addNumber(plan.number);
 }

@@ -76,6 +76,8 @@ void startRun(ReportedRun& run) { runOverPages(renumbering.view, planOf("TULWORK
 
 void startRun(ToldRun& run) { runOverPages(renumbering.view, planOf(""), run); }
 
+int numberLength() { return toInt32(numericValue(projectSettings.PageNumberLength)).value_or(0); }
+
 void endWithoutReport(const std::string& path, FileError) {
     endWith("Failed to open " + path + " for output");
 }

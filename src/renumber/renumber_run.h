@@ -55,6 +55,9 @@ class ToldRun : public PageUpdateRun {
 void startRun(ReportedRun& run);
 void startRun(ToldRun& run);
 
+/// Digits of the numbers in file names, by the project settings.
+[[nodiscard]] int numberLength();
+
 /// Tells that the report could not be opened, and ends the program.
 [[noreturn]] void endWithoutReport(const std::string& path, FileError fault);
 

@@ -225,10 +225,6 @@ bool isDisplacementLikely() {
 
 // --- The preview
 
-std::string countText(std::size_t count) {
-    return plain(count) + (count == 1 ? " old number" : " old numbers") + " removed";
-}
-
 std::string numberText(const PagePlan& plan) {
     const Parameters& pars = plan.number.pars;
     switch (plan.end) {
@@ -242,7 +238,7 @@ std::string numberText(const PagePlan& plan) {
             break;
     }
     std::string text = plain(pars[par::numberValue]) + " at " + plain(pars[par::position]) + ", staff " +
-                       plain(pars[par::staff]) + ", Par4 " + plain(pars[par::height]);
+                       plain(pars[par::staff]);
     if (plan.digitsInName > digitsInNames())
         text += " (of " + plain(plan.digitsInName) + " digits in the name the last " +
                 plain(digitsInNames()) + ")";
@@ -278,10 +274,13 @@ void RenumberPage() {
 }
 
 void previewPageNumbers() {
-    previewPages("Page numbers", [numbering = PageNumbering()](const std::string& path) mutable {
+    const float height = numberOf(pageOptions.txtRenumPageDisplacement);
+    previewPages("Page numbers, Par4 " + plain(height), [numbering = PageNumbering()](
+                                                            const std::string& path) mutable {
         const PagePlan plan = numbering.planFor(path);
         if (plan.end == NumberEnd::number) numbering.goOn();
-        return numberText(plan) + (plan.oldNumbers.empty() ? "" : "; " + countText(plan.oldNumbers.size()));
+        return numberText(plan) +
+               (plan.oldNumbers.empty() ? "" : "; " + plain(plan.oldNumbers.size()) + " removed");
     });
 }
 

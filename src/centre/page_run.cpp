@@ -187,6 +187,11 @@ void writeReportHead(Report& report, const std::string& title) {
     writeColumnHead(report);
 }
 
+void writeReportEnd(Report& report) {
+    report.line(" ");
+    report.line("Number of files processed: " + plain(selection.SelectionCount));
+}
+
 ReportEnd endInMessage(std::string text, const RunResult& result) {
     for (const std::string& line : findingsOf(result)) text += std::string(text.empty() ? "" : CrLf) + line;
     MsgBox(text);

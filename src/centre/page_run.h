@@ -84,6 +84,8 @@ void runOverPages(RunView& view, const RunPlan& plan, ToolRun& tool);
 void writeColumnHead(Report& report);
 /// `title` with the date right behind it, a line of one blank, and the head of the column.
 void writeReportHead(Report& report, const std::string& title);
+/// A line of one blank, and how many files the selection has.
+void writeReportEnd(Report& report);
 /// For `writeEnd` without a report: tells what is to be said, and what is to be known of single pages.
 ReportEnd endInMessage(std::string text, const RunResult& result);
 /// Asks before a run. Any answer but Yes or OK refuses it without a word.

@@ -1,7 +1,8 @@
 #include "centre/renaming_record.h"
 
-#include <map>
+#include <algorithm>
 #include <optional>
+#include <unordered_set>
 
 #include "base/numbers.h"
 #include "base/text.h"
@@ -42,20 +43,19 @@ std::optional<BrokenRenaming> readRecord() {
 
 bool isThere(const std::string& path) { return !path.empty() && !files().nameOnDisk(path).empty(); }
 
-/// The names file with what the disk has now in the place of names that are gone.
-FileError mendSelection(const std::vector<Renaming>& renamings) {
-    std::map<std::string, std::string> presentNames;
+bool isRenamed(const Renaming& renaming) { return !isThere(renaming.from) && isThere(renaming.to); }
+
+/// The names file lists a file under a name that is gone.
+bool isSelectionOld(const std::vector<Renaming>& renamings) {
+    std::unordered_set<std::string> gone;
     for (const Renaming& renaming : renamings)
-        if (!isThere(renaming.from) && isThere(renaming.to))
-            presentNames[upperCase(renaming.from)] = renaming.to;
+        if (isRenamed(renaming)) gone.insert(upperCase(renaming.from));
     std::string text;
     files().readIfThere(paths.NamesFilePath, text);
-    std::string mended;
-    for (const std::string_view line : linesOf(text)) {
-        const auto known = presentNames.find(upperCase(nameOfNamesFileLine(line)));
-        mended += known == presentNames.end() ? std::string(line) + newLine : namesFileLine(known->second);
-    }
-    return files().replace(paths.NamesFilePath, mended);
+    const auto lines = linesOf(text);
+    return std::any_of(lines.begin(), lines.end(), [&gone](std::string_view line) {
+        return gone.contains(upperCase(nameOfNamesFileLine(line)));
+    });
 }
 
 /// A count of files, and one of them.
@@ -89,11 +89,14 @@ std::string whatIsFound(const BrokenRenaming& broken) {
            missing.line(" with neither name, the first: ");
 }
 
+/// Nothing of a selection that is another by now.
 std::string selectionLine(const BrokenRenaming& broken) {
-    if (!broken.adaptsSelection) return "The selection has the old names.";
-    return mendSelection(broken.renamings) == FileError::none
-               ? "The selection has been adapted to the names on the disk."
-               : "The selection could not be adapted: " + paths.NamesFilePath + " could not be written.";
+    if (!isSelectionOld(broken.renamings)) return {};
+    if (!broken.adaptsSelection) return newLine + "The selection has the old names.";
+    return newLine +
+           (selectPresentNames(broken.renamings) == FileError::none
+                ? "The selection has been adapted to the names on the disk."
+                : "The selection could not be adapted: " + paths.NamesFilePath + " could not be written.");
 }
 
 }  // namespace
@@ -108,18 +111,24 @@ FileError recordRenaming(const std::vector<Renaming>& renamings, bool adaptsSele
 
 void forgetRenaming() { files().removeIfThere(recordPath()); }
 
-std::string presentPath(const Renaming& renaming) {
-    if (isThere(renaming.from)) return renaming.from;
-    return isThere(renaming.to) ? renaming.to : std::string();
+FileError selectPresentNames(const std::vector<Renaming>& renamings) {
+    std::string text;
+    for (const Renaming& renaming : renamings) {
+        if (isThere(renaming.from))
+            text += namesFileLine(renaming.from);
+        else if (isThere(renaming.to))
+            text += namesFileLine(renaming.to);
+    }
+    return files().replace(paths.NamesFilePath, text);
 }
 
 void tellBrokenRenaming() {
     const auto broken = readRecord();
     if (!broken) return;
-    const std::string found = whatIsFound(*broken);
-    MsgBox("The renaming of" + str(broken->renamings.size()) + " file(s) that began " + broken->begun +
-               " was broken off." + found + newLine + selectionLine(*broken),
-           Buttons::ok, Icon::exclamation);
+    if (!broken->renamings.empty())
+        MsgBox("The renaming of" + str(broken->renamings.size()) + " file(s) that began " + broken->begun +
+                   " did not come to its end." + whatIsFound(*broken) + selectionLine(*broken),
+               Buttons::ok, Icon::exclamation);
     forgetRenaming();
 }
 

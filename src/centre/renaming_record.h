@@ -20,11 +20,12 @@ struct Renaming {
 /// The run has come to its end.
 void forgetRenaming();
 
-/// The path that a file has on the disk now, whichever of the two that is; empty where neither is there.
-[[nodiscard]] std::string presentPath(const Renaming& renaming);
+/// The names file lists each of these files under the name that the disk has for it now. One that is not
+/// there any more is left out.
+[[nodiscard]] FileError selectPresentNames(const std::vector<Renaming>& renamings);
 
-/// At start-up: tells what a renaming that was broken off has left, gives the names file the names that the
-/// disk has where it was meant to have the new ones, and forgets it.
+/// At start-up: tells what a renaming has left that did not come to its end, has the selection follow where
+/// it was meant to, and forgets the record.
 void tellBrokenRenaming();
 
 }  // namespace tul

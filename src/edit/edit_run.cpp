@@ -87,8 +87,7 @@ ReportEnd ReportedRun::writeEnd(Report& report, const RunResult& result) {
     editing.view.file.clear();
     report.line(" ");
     for (const auto& family : chosen()) family->writeCounters(report, result);
-    report.line(" ");
-    report.line("Number of files processed: " + plain(selection.SelectionCount));
+    writeReportEnd(report);
     return ReportEnd::show;
 }
 

@@ -114,8 +114,7 @@ ReportEnd ResizeRun::writeEnd(Report& report, const RunResult&) {
     line("Number of symbol      Par4  changed . . . . ", counters_.symbolPar4);
     line("Number of bar number  sizes changed . . . . ", counters_.barNumbers);
     line("Number of placeholders set/reset. . . . . . ", counters_.placeholders);
-    report.line(" ");
-    report.line("Number of files processed: " + plain(selection.SelectionCount));
+    writeReportEnd(report);
     return ReportEnd::show;
 }
 

@@ -51,6 +51,10 @@ bool storeNextItem(const ToolForm& form) {
     if (musReader.MusReadState != musItemReady) return false;
     if (form.showsProgress) showReading();
     yieldToEvents();
+    if (!form.endsWhenFull && musItemTable.itemCount == MusItemTable::capacity) {
+        pipeline.page.lacksRoom = true;
+        return false;
+    }
     MusStoreItem();
     return true;
 }

@@ -25,6 +25,7 @@ struct ToolForm {
     ItemLoop loop = ItemLoop::common;
     bool takesBackup = true;        // where its Backup box asks for it
     bool showsProgress = true;      // activity and progress bar
+    bool endsWhenFull = true;       // a page with more items than the table ends the program, or its reading
     bool mayDropCode13 = false;     // where `dropsCode13` asks for it
     bool countsCharacters = false;  // Par 12 of a text row becomes its length before it is written
     std::string_view openFailure = "Open of output MUS file failed. Hit OK to terminate.";

@@ -85,13 +85,13 @@ void storeBarSettings() {
     };
 }
 
-/// Hands the settings over to the workbench, which opens over this panel.
+const std::string noWorkbench =
+    "The bar numbering workbench is not part of this version yet, so no bar numbers are generated.";
+
+/// Opens the workbench over this panel.
 void BarMaintenance() {
-    storeBarSettings();
-    refuseRun(
-        toolName,
-        "The bar numbering workbench is not part of this version yet, so no bar numbers are generated." +
-            std::string(CrLf) + "Bar numbers can be removed: choose that at the top of the tab.");
+    refuseRun(toolName, noWorkbench + std::string(CrLf) +
+                            "Bar numbers can be removed: choose that at the top of the tab.");
 }
 
 /// The typed value, or the present one where it is refused.
@@ -104,15 +104,15 @@ std::string keepNumber(const std::string& typed, const std::string& present, con
 }  // namespace
 
 void RenumberBar() {
-    if (!barOptions.optRenumBarNone) return BarMaintenance();
+    storeBarSettings();
     ReadNamesFile();
+    if (!barOptions.optRenumBarNone) return BarMaintenance();
     BarNumberRemoval run;
     startRun(run);
 }
 
 void previewBarNumbers() {
-    if (!barOptions.optRenumBarNone)
-        return showPreview("Bar numbers", {"The bar numbering workbench shows them."});
+    if (!barOptions.optRenumBarNone) return showPreview("Bar numbers", {noWorkbench});
     previewPages("Bar numbers", [](const std::string&) {
         int numbers = 0;
         forEachBarNumber([&](const ItemRow&) { ++numbers; });

@@ -35,6 +35,19 @@ std::string reasonOf(FileError fault) {
     }
 }
 
+const std::string closing = "Number of files renamed/renumbered: ";
+
+std::size_t renamedOf(const RunResult& result) {
+    const auto isRenamed = [](const PageResult& page) { return !page.newPath.empty(); };
+    return static_cast<std::size_t>(std::count_if(result.pages.begin(), result.pages.end(), isRenamed));
+}
+
+std::vector<Renaming> renamingsOf(const std::vector<NewName>& names) {
+    std::vector<Renaming> renamings;
+    for (const NewName& name : names) renamings.push_back({name.from, name.to});
+    return renamings;
+}
+
 class RenameRun : public ToolRun {
   public:
     explicit RenameRun(std::vector<NewName> names) : names_(std::move(names)) {}
@@ -44,15 +57,13 @@ class RenameRun : public ToolRun {
     ReportEnd writeEnd(Report& report, const RunResult& result) override;
 
   private:
-    void adaptSelection(std::size_t renamed) const;
-    std::string selectionLine(std::size_t renamed) const;
+    void adaptSelection(const RunResult& result) const;
     std::string backupLine() const;
 
-    std::vector<NewName> names_;
+    std::vector<NewName> names_;  // in the order of the run's pages
     std::size_t next_ = 0;
 };
 
-/// Shown only where some files keep their old names.
 void RenameRun::writeHead(Report& report) {
     report.line("TUL Rename run " + dateAndTime());
     report.line(" ");
@@ -73,45 +84,41 @@ PageEnd RenameRun::processPage(const PageInRun& page) {
     return PageEnd::next;
 }
 
-/// The names file gets the name that each file has on the disk. One that has vanished meanwhile is left out.
-void RenameRun::adaptSelection(std::size_t renamed) const {
-    std::string text;
-    for (const NewName& name : names_)
-        if (const std::string path = presentPath({name.from, name.to}); !path.empty())
-            text += namesFileLine(path);
-    if (files().replace(paths.NamesFilePath, text) != FileError::none)
-        endWith(paths.NamesFilePath + " could not be opened for output. Hit Enter to abort" + newLine +
-                "Number of files renamed/renumbered: " + plain(renamed) + newLine +
-                "The selection still has the old names.");
+void RenameRun::adaptSelection(const RunResult& result) const {
+    if (selectPresentNames(renamingsOf(names_)) != FileError::none) {
+        std::string text = paths.NamesFilePath + " could not be opened for output. Hit Enter to abort" +
+                           newLine + closing + plain(renamedOf(result)) + newLine +
+                           "The selection still has the old names.";
+        for (const std::string& line : findingsOf(result)) text += newLine + line;
+        endWith(text);
+    }
     ReadNamesFile();
-}
-
-std::string RenameRun::selectionLine(std::size_t renamed) const {
-    if (renamed == 0) return {};
-    return newLine + (fileOptions.chkRenumFileNamesFile
-                          ? "The selection has been adapted."
-                          : "The selection has the old names and no longer fits. Select the files anew.");
 }
 
 std::string RenameRun::backupLine() const {
     const auto count = std::count_if(names_.begin(), names_.end(), [](const NewName& name) {
-        return name.leavesBackups && presentPath({name.from, name.to}) == name.to;
+        return name.leavesBackups && files().nameOnDisk(name.from).empty();
     });
     if (count == 0) return {};
     return newLine + "Backups left behind under the old names: those of " + plain(count) +
            (count == 1 ? " file." : " files.");
 }
 
-ReportEnd RenameRun::writeEnd(Report&, const RunResult& result) {
-    const auto isRenamed = [](const PageResult& page) { return !page.newPath.empty(); };
-    const auto renamed =
-        static_cast<std::size_t>(std::count_if(result.pages.begin(), result.pages.end(), isRenamed));
-    if (fileOptions.chkRenumFileNamesFile) adaptSelection(renamed);
+std::string selectionLine() {
+    if (!fileOptions.chkRenumFileNamesFile)
+        return newLine + "The selection has the old names and no longer fits. Select the files anew.";
+    return selection.SelectionValid ? newLine + "The selection has been adapted." : std::string();
+}
+
+/// The report is wanted only where some files keep their old names.
+ReportEnd RenameRun::writeEnd(Report& report, const RunResult& result) {
+    const std::size_t renamed = renamedOf(result);
+    const bool isWhole = renamed == result.pages.size();
+    if (isWhole) files().removeIfThere(report.path());
+    if (fileOptions.chkRenumFileNamesFile) adaptSelection(result);
     forgetRenaming();
-    endInMessage(
-        "Number of files renamed/renumbered: " + plain(renamed) + selectionLine(renamed) + backupLine(),
-        result);
-    return renamed == result.pages.size() ? ReportEnd::remove : ReportEnd::show;
+    endInMessage(closing + plain(renamed) + (renamed > 0 ? selectionLine() : "") + backupLine(), result);
+    return isWhole ? ReportEnd::remove : ReportEnd::show;
 }
 
 bool isWanted() {
@@ -121,10 +128,19 @@ bool isWanted() {
                     Buttons::okCancel);
 }
 
-bool recordNames(const std::vector<NewName>& names) {
-    std::vector<Renaming> renamings;
-    for (const NewName& name : names) renamings.push_back({name.from, name.to});
-    return recordRenaming(renamings, fileOptions.chkRenumFileNamesFile) == FileError::none;
+/// What the run will have to write at its end can be written now.
+bool canAdaptSelection() {
+    std::string text;
+    return files().read(paths.NamesFilePath, text) == FileError::none &&
+           files().replace(paths.NamesFilePath, text) == FileError::none;
+}
+
+std::string refusalOfDisk(const std::vector<NewName>& names) {
+    const bool adapts = fileOptions.chkRenumFileNamesFile;
+    if (adapts && !canAdaptSelection())
+        return paths.NamesFilePath + " cannot be written. No file was renamed.";
+    if (recordRenaming(renamingsOf(names), adapts) == FileError::none) return {};
+    return "No file can be written in " + paths.ProgramFolder + ". No file was renamed.";
 }
 
 }  // namespace
@@ -135,10 +151,8 @@ void RenumberFile() {
     if (!isWanted()) return;
     NamePlan plan = planNames();
     if (!plan.refusal.empty()) return refuseRun(toolName, plan.refusal, Icon::exclamation);
-    if (!recordNames(plan.names))
-        return refuseRun(toolName,
-                         "No file can be written in " + paths.ProgramFolder + ". No file was renamed.",
-                         Icon::exclamation);
+    if (const std::string refusal = refusalOfDisk(plan.names); !refusal.empty())
+        return refuseRun(toolName, refusal, Icon::exclamation);
     RenameRun run(std::move(plan.names));
     runOverPages(renumbering.view,
                  {.tool = toolName,

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -28,8 +29,8 @@ constexpr std::string_view defaultLetters = "NEWNAME";
 constexpr std::string_view defaultNumber = "0000001";
 constexpr const char* defaultSuffix = "MUS";
 constexpr std::string_view notInFields = "\\/*?, .";
-/// What Windows has in no file name either, as it has no full stop at the end.
-constexpr std::string_view notInNames = ":\"<>|";
+/// What Windows or DOS has in no file name either.
+constexpr std::string_view notInNames = ":\"<>|+;=[]";
 constexpr std::uint64_t mostNumber = 1'000'000'000'000'000'000;
 
 std::size_t longestLetters() {
@@ -55,11 +56,10 @@ std::uint64_t valueOf(const std::string& digits) {
 
 // --- What a name may be
 
-/// COM1 and the like are devices in every folder of Windows, whatever their suffix.
+/// COM1 and the like are devices in every folder of Windows, whatever their suffix. The devices whose names
+/// end in no digit are out of question here.
 bool isDevice(std::string_view name) {
     const std::string base = upperCase(name.substr(0, name.find('.')));
-    for (const char* const device : {"CON", "PRN", "AUX", "NUL"})
-        if (base == device) return true;
     const bool isPort = base.starts_with("COM") || base.starts_with("LPT");
     return isPort && base.size() == 4 && base[3] >= '1' && base[3] <= '9';
 }
@@ -68,15 +68,38 @@ bool isDevice(std::string_view name) {
 bool isPrintable(char character) { return character >= ' ' && character <= '~'; }
 
 bool canBeName(const std::string& name) {
-    return !name.ends_with('.') && name.find_first_of(notInNames) == std::string::npos &&
+    return name.find_first_of(notInNames) == std::string::npos &&
            std::all_of(name.begin(), name.end(), isPrintable) && !isDevice(name);
 }
 
+bool isBackup(const std::string& path) { return isBackupSuffix(backupSeriesOf(path).extension); }
+
+/// All names here lie in one folder.
 bool haveSameSeries(const std::string& path, const std::string& other) {
-    const BackupSeries series = backupSeriesOf(path);
-    const BackupSeries otherSeries = backupSeriesOf(other);
-    return series.base == otherSeries.base && upperCase(series.folder) == upperCase(otherSeries.folder);
+    return backupSeriesOf(path).base == backupSeriesOf(other).base;
 }
+
+/// The plain files of the selection's folder, looked at once, in any letter case.
+class MusicFolder {
+  public:
+    MusicFolder() {
+        for (const std::string& name : files().list(selection.SelectionPrefix)) ++count_[upperCase(name)];
+    }
+    int count(std::string_view name) const {
+        const auto found = count_.find(upperCase(name));
+        return found == count_.end() ? 0 : found->second;
+    }
+    /// Of the page's generations, also of those that cannot be opened now.
+    std::string lettersOf(const std::string& path) const {
+        std::string letters;
+        for (const char letter : backupLetters)
+            if (count(backupSeriesOf(path).base + ".BK" + letter) > 0) letters += letter;
+        return letters;
+    }
+
+  private:
+    std::unordered_map<std::string, int> count_;
+};
 
 // --- The plan
 
@@ -119,26 +142,50 @@ MaybeClash clashWithFile(const NewName& name) {
                                        " already exists." + newLine + refused};
 }
 
-MaybeClash clashOfOtherKind(const NewName& name) {
+MaybeClash clashOfName(const NewName& name) {
     const std::string fileName(fileNameOf(name.to));
     if (!canBeName(fileName))
         return Clash{"is no name for a file",
                      "The name " + fileName + " cannot be a file's name on every system." + newLine +
                          "Letters from A to Z, digits and hyphens can." + newLine + refused};
-    if (haveSameSeries(name.from, name.to)) return std::nullopt;
-    const std::string letters = backupSeriesOf(name.to).letters();
+    if (isBackup(name.to) && !isBackup(name.from))
+        return Clash{"is the name of a backup",
+                     "The name " + fileName + " is that of a backup, and a restore would take it for one." +
+                         newLine + refused};
+    return std::nullopt;
+}
+
+MaybeClash clashWithBackups(const NewName& name, const MusicFolder& folder) {
+    const std::string letters = haveSameSeries(name.from, name.to) ? "" : folder.lettersOf(name.to);
     if (letters.empty()) return std::nullopt;
     return Clash{"has backups of another file", "Renaming will cause a conflict because the name " + name.to +
                                                     " already has backups, the first with suffix .BK" +
                                                     letters.front() + "." + newLine + refused};
 }
 
-/// A generation itself leaves nothing behind that was its own.
-bool leavesBackups(const NewName& name) {
-    const BackupSeries series = backupSeriesOf(name.from);
-    return !isBackupSuffix(series.extension) && !haveSameSeries(name.from, name.to) &&
-           !series.letters().empty();
+/// The selection is in upper case, which leads to one of them only.
+MaybeClash clashOfLetterCase(const NewName& name, const MusicFolder& folder) {
+    if (folder.count(fileNameOf(name.from)) < 2) return std::nullopt;
+    return Clash{"is there twice", "There are files that differ from " + name.from + " in letter case only." +
+                                       newLine + refused};
 }
+
+/// The selected files so far, as the disk knows them.
+class KnownFiles {
+  public:
+    /// A link and what it leads to are one file: renamed, the link would lead nowhere.
+    MaybeClash clashOf(const NewName& name) {
+        const auto info = files().info(name.from);
+        if (!info || info->number == 0) return std::nullopt;
+        const auto [known, isNew] = known_.try_emplace(info->number, *info, name.from);
+        if (isNew || !known->second.first.isSameAs(*info)) return std::nullopt;
+        return Clash{"is a link", "The names " + known->second.second + " and " + name.from +
+                                      " lead to one and the same file." + newLine + refused};
+    }
+
+  private:
+    std::unordered_map<std::uint64_t, std::pair<FileInfo, std::string>> known_;
+};
 
 /// One refusal stands for all names: the first of the gravest kind.
 struct Refusals {
@@ -156,11 +203,18 @@ void note(const Clash& clash, NewName& name, std::string& refusal) {
     if (refusal.empty()) refusal = clash.refusal;
 }
 
-void findClash(NewName& name, Refusals& refusals) {
-    if (const MaybeClash taken = clashWithFile(name))
-        note(*taken, name, refusals.taken);
-    else if (const MaybeClash other = clashOfOtherKind(name))
-        note(*other, name, refusals.other);
+void findClash(NewName& name, const MusicFolder& folder, KnownFiles& known, Refusals& refusals) {
+    const MaybeClash taken = clashWithFile(name);
+    if (taken) return note(*taken, name, refusals.taken);
+    for (const MaybeClash& other : {clashOfName(name), clashWithBackups(name, folder),
+                                    clashOfLetterCase(name, folder), known.clashOf(name)})
+        if (other) return note(*other, name, refusals.other);
+}
+
+/// A generation itself leaves nothing behind that was its own.
+bool leavesBackups(const NewName& name, const MusicFolder& folder) {
+    return !isBackup(name.from) && !haveSameSeries(name.from, name.to) &&
+           !folder.lettersOf(name.from).empty();
 }
 
 /// What the fields alone tell.
@@ -171,7 +225,8 @@ std::string refusalOfFields() {
                "] not equal to global option for this length [" + plain(numberLength()) + "]." + newLine +
                "Adapt either, then try again.";
     if (valueOf(fileOptions.txtIncrement) == 0)
-        return "The increment is 0, so that all files would get the same name." + newLine + refused;
+        return "The increment has to be 1 or more, or all files would get the same name." + newLine + refused;
+    if (fileOptions.txtRenumSuffix.empty()) return "The new names need a suffix." + newLine + refused;
     return {};
 }
 
@@ -214,6 +269,8 @@ std::vector<std::string> filesToRename() {
 }
 
 NamePlan planNames() {
+    const MusicFolder folder;
+    KnownFiles known;
     Refusals refusals;
     NamePlan plan;
     Series series;
@@ -225,8 +282,8 @@ NamePlan planNames() {
             continue;
         }
         name.to = selection.SelectionPrefix + nameWith(*digits);
-        findClash(name, refusals);
-        name.leavesBackups = leavesBackups(name);
+        findClash(name, folder, known, refusals);
+        name.leavesBackups = leavesBackups(name, folder);
     }
     plan.refusal = refusalOfFields();
     if (plan.refusal.empty()) plan.refusal = refusals.gravest();

@@ -279,6 +279,8 @@ void previewPageNumbers() {
                                                             const std::string& path) mutable {
         const PagePlan plan = numbering.planFor(path);
         if (plan.end == NumberEnd::number) numbering.goOn();
+        if (plan.end == NumberEnd::number && musItemTable.itemCount == MusItemTable::capacity)
+            return std::string("full: Run would end the program here");
         return numberText(plan) +
                (plan.oldNumbers.empty() ? "" : "; " + plain(plan.oldNumbers.size()) + " removed");
     });

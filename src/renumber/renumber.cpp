@@ -1,13 +1,13 @@
 #include "renumber/renumber.h"
 
+#include "bars/bar_settings.h"
+#include "centre/names_file.h"
 #include "renumber/bar_numbers.h"
 #include "renumber/file_renaming.h"
 #include "renumber/new_names.h"
 #include "renumber/page_numbers.h"
 #include "renumber/renumber_run.h"
 #include "renumber/staff_numbers.h"
-
-#include "bars/bar_settings.h"
 
 namespace tul::renumber {
 
@@ -47,6 +47,7 @@ void cmdRenumRun() {
 }
 
 void cmdRenumPreview() {
+    ReadNamesFile();
     workInFront().preview();
     ++renumbering.lstRenumPreview.showings;
 }

@@ -1,13 +1,13 @@
 #include "renumber/renumber_run.h"
 
+#include <algorithm>
 #include <tuple>
 #include <utility>
 
 #include "base/numbers.h"
 #include "base/text.h"
-#include "centre/names_file.h"
 #include "host/host.h"
-#include "music/item_table.h"
+#include "music/items.h"
 #include "shared/records.h"
 
 namespace tul::renumber {
@@ -17,7 +17,23 @@ Renumbering renumbering;
 namespace {
 
 /// Damage is shown in the list, where a message for each damaged page would stand in the way.
-constexpr ToolForm previewForm = {.loop = ItemLoop::silent};
+constexpr ToolForm previewForm = {.loop = ItemLoop::silent, .endsWhenFull = false};
+
+std::string lossText(const PageResult& page) {
+    std::string text;
+    const auto isLeftOut = [](int item) { return parsOf(item)[par::code] == code::code13; };
+    int leftOut = 0;
+    for (int item = 1; item <= musItemTable.itemCount; ++item) leftOut += isLeftOut(item) ? 1 : 0;
+    if (renumbering.optRenumPageNone && leftOut > 0) text += "; items of code 13 left out: " + plain(leftOut);
+    if (!page.isWhole()) text += "; damaged, what is behind the damage will be lost";
+    return text;
+}
+
+std::string previewOf(const PageResult& page, const Describe& describe) {
+    if (page.lacksRoom) return "too big: Run would end the program here";
+    if (musItemTable.itemCount == 0 && !page.isWhole()) return "cannot be read, stays as it is";
+    return describe(page.path) + lossText(page);
+}
 
 class PreviewRun : public ToolRun {
   public:
@@ -39,11 +55,7 @@ class PreviewRun : public ToolRun {
 
 PageEnd PreviewRun::processPage(const PageInRun& page) {
     std::ignore = attempt([] { storeFile(previewForm); });
-    const bool isUnread = musItemTable.itemCount == 0 && !page.result.isWhole();
-    std::string entry = nameInPreview(page.result.path) + "  ";
-    entry += isUnread ? "cannot be read, stays as it is" : describe_(page.result.path);
-    if (!isUnread && !page.result.isWhole()) entry += "; damaged, what is behind the damage will be lost";
-    entries_.push_back(std::move(entry));
+    entries_.push_back(nameInPreview(page.result.path) + "  " + previewOf(page.result, describe_));
     page.result.isDone = page.result.reason.empty();
     return PageEnd::next;
 }
@@ -63,13 +75,14 @@ RunPlan planOf(const char* report) {
 ReportEnd ReportedRun::writeEnd(Report& report, const RunResult&) {
     report.line(" ");
     writeCounters(report);
-    report.line(" ");
-    report.line("Number of files processed: " + plain(selection.SelectionCount));
+    writeReportEnd(report);
     return ReportEnd::show;
 }
 
 ReportEnd ToldRun::writeEnd(Report&, const RunResult& result) {
-    return endInMessage("Number of files processed: " + plain(selection.SelectionCount) + remarks(), result);
+    const auto done = std::count_if(result.pages.begin(), result.pages.end(),
+                                    [](const PageResult& page) { return page.isDone; });
+    return endInMessage("Number of files processed: " + plain(done) + remarks(), result);
 }
 
 void startRun(ReportedRun& run) { runOverPages(renumbering.view, planOf("TULWORK.PRN"), run); }
@@ -98,7 +111,6 @@ void showPreview(const std::string& title, std::vector<std::string> entries) {
 }
 
 void previewPages(const std::string& title, Describe describe) {
-    ReadNamesFile();
     PreviewRun run(title, std::move(describe));
     runOverPages(renumbering.view, {.tool = toolName, .pages = selectedPages()}, run);
 }

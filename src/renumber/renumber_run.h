@@ -71,7 +71,8 @@ void showPreview(const std::string& title, std::vector<std::string> entries);
 
 /// What a run would do to the page in the table, in a few words. The table stays as it is.
 using Describe = std::function<std::string(const std::string& path)>;
-/// Reads each page of the selection and lists what is said of it. Nothing is written.
+/// Reads each page of the selection, as the names file was read last, and lists what is said of it. Nothing
+/// is written.
 void previewPages(const std::string& title, Describe describe);
 
 }  // namespace tul::renumber

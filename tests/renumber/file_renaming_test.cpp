@@ -123,10 +123,10 @@ TEST_F(FileRenaming, RefusesBeforeTheFirstRename) {
              {{{"txtRenumPrefixA", "B0"}, {"txtRenumPrefixN", "00"}}, {"B000.MUS"}, exists("B000.MUS")},
              {{{"txtIncrement", "0"}},
               {},
-              "The increment is 0, so that all files would get the same name." + hence},
+              "The increment has to be 1 or more, or all files would get the same name." + hence},
              {{{"txtIncrement", ""}},
               {},
-              "The increment is 0, so that all files would get the same name." + hence},
+              "The increment has to be 1 or more, or all files would get the same name." + hence},
              {{},
               {"NEWNAM02.BKW", "newnam02.bky"},
               "Renaming will cause a conflict because the name %NEWNAM02.MUS already has backups, the first "
@@ -134,11 +134,12 @@ TEST_F(FileRenaming, RefusesBeforeTheFirstRename) {
               "suffix .BKW." +
                   hence,
               "B.MUS        -> NEWNAM02.MUS  has backups of another file"},
+             {{{"txtRenumSuffix", "BKU"}}, {}, "The name NEWNAM01.BKU is that of a backup"},
              {{{"txtRenumPrefixA", "F\xE9"}},
               {},
               "The name F\xE9"
               "01.MUS cannot be a file's name on every system."},
-             {{{"txtRenumSuffix", ""}}, {}, "The name NEWNAM01. cannot be a file's name on every system."},
+             {{{"txtRenumSuffix", ""}}, {}, "The new names need a suffix."},
              {{{"txtRenumPrefixA", "a:"}},
               {},
               "The name a:01.MUS cannot be a file's name on every system."}}) {
@@ -241,7 +242,7 @@ TEST_F(FileRenaming, TheNextStartTellsOfABrokenRun) {
         host.time.second = 59;
         StartUp();
         const std::string found =
-            "The renaming of 3 file(s) that began 11-21-2026 09:05:07 was broken off.\r\n"
+            "The renaming of 3 file(s) that began 11-21-2026 09:05:07 did not come to its end.\r\n"
             "2 with the new name, the last: B.MUS -> NEWNAM02.MUS.\r\n"
             "1 with the old name, the first: C.MUS -> NEWNAM03.MUS.\r\n";
         EXPECT_TRUE(host.said(found + (adapts ? "The selection has been adapted to the names on the disk."

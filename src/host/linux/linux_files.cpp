@@ -146,11 +146,13 @@ FileError copyContents(int from, int to) {
     return copyThroughMemory(from, to);
 }
 
-/// Gives a file another name unless that name is taken.
+/// Gives a file another name unless that name is taken. Where a file system, such as one over a network,
+/// cannot do that at once, a link can; only one without links is looked at beforehand.
 int renameToFreeName(const std::string& from, const std::string& to) {
     if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
     if (errno != EINVAL && errno != ENOSYS) return errno;
-    if (nameExists(to)) return EEXIST;
+    if (::link(from.c_str(), to.c_str()) == 0) return ::unlink(from.c_str()) == 0 ? 0 : errno;
+    if (errno == EEXIST || nameExists(to)) return EEXIST;
     return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
@@ -449,7 +451,7 @@ FileError LinuxFiles::rename(const std::string& from, const std::string& to) {
         fault = nameExists(*found) ? EEXIST : renameToFreeName(*source, *found);
     }
     if (fault == EXDEV) {
-        const FileError copied = copy(from, to);
+        const FileError copied = copyToNew(from, to);
         if (copied != FileError::none) return copied;
         fault = ::unlink(source->c_str()) == 0 ? 0 : errno;
     }

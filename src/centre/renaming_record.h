@@ -6,7 +6,7 @@
 #include "host/files.h"
 
 /// What a run that renames files leaves on the disk until its end, so that the next start can tell of one
-/// that was broken off, and mend the selection.
+/// that did not come to its end, and mend the selection.
 namespace tul {
 
 struct Renaming {

@@ -83,7 +83,11 @@ bool haveSameSeries(const std::string& path, const std::string& other) {
 class MusicFolder {
   public:
     MusicFolder() {
-        for (const std::string& name : files().list(selection.SelectionPrefix)) ++count_[upperCase(name)];
+        for (const std::string& name : files().list(selection.SelectionPrefix)) {
+            ++count_[upperCase(name)];
+            const BackupSeries series = backupSeriesOf(name);
+            if (isBackupSuffix(series.extension)) letters_[series.base] += series.extension.back();
+        }
     }
     int count(std::string_view name) const {
         const auto found = count_.find(upperCase(name));
@@ -91,14 +95,13 @@ class MusicFolder {
     }
     /// Of the page's generations, also of those that cannot be opened now.
     std::string lettersOf(const std::string& path) const {
-        std::string letters;
-        for (const char letter : backupLetters)
-            if (count(backupSeriesOf(path).base + ".BK" + letter) > 0) letters += letter;
-        return letters;
+        const auto found = letters_.find(backupSeriesOf(path).base);
+        return found == letters_.end() ? std::string() : found->second;
     }
 
   private:
     std::unordered_map<std::string, int> count_;
+    std::unordered_map<std::string, std::string> letters_;  // of the generations by their base
 };
 
 // --- The plan

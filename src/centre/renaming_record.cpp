@@ -93,8 +93,11 @@ std::string whatIsFound(const BrokenRenaming& broken) {
 std::string selectionLine(const BrokenRenaming& broken) {
     if (!isSelectionOld(broken.renamings)) return {};
     if (!broken.adaptsSelection) return newLine + "The selection has the old names.";
+    std::vector<std::string> present;
+    for (const Renaming& renaming : broken.renamings)
+        present.push_back(isRenamed(renaming) ? renaming.to : renaming.from);
     return newLine +
-           (selectPresentNames(broken.renamings) == FileError::none
+           (selectPresent(present) == FileError::none
                 ? "The selection has been adapted to the names on the disk."
                 : "The selection could not be adapted: " + paths.NamesFilePath + " could not be written.");
 }
@@ -111,14 +114,10 @@ FileError recordRenaming(const std::vector<Renaming>& renamings, bool adaptsSele
 
 void forgetRenaming() { files().removeIfThere(recordPath()); }
 
-FileError selectPresentNames(const std::vector<Renaming>& renamings) {
+FileError selectPresent(const std::vector<std::string>& filePaths) {
     std::string text;
-    for (const Renaming& renaming : renamings) {
-        if (isThere(renaming.from))
-            text += namesFileLine(renaming.from);
-        else if (isThere(renaming.to))
-            text += namesFileLine(renaming.to);
-    }
+    for (const std::string& path : filePaths)
+        if (isThere(path)) text += namesFileLine(path);
     return files().replace(paths.NamesFilePath, text);
 }
 

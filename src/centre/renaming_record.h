@@ -20,9 +20,8 @@ struct Renaming {
 /// The run has come to its end.
 void forgetRenaming();
 
-/// The names file lists each of these files under the name that the disk has for it now. One that is not
-/// there any more is left out.
-[[nodiscard]] FileError selectPresentNames(const std::vector<Renaming>& renamings);
+/// The names file lists these files, but for those that are not there any more.
+[[nodiscard]] FileError selectPresent(const std::vector<std::string>& filePaths);
 
 /// At start-up: tells what a renaming has left that did not come to its end, has the selection follow where
 /// it was meant to, and forgets the record.

@@ -58,7 +58,7 @@ class RenameRun : public ToolRun {
 
   private:
     void adaptSelection(const RunResult& result) const;
-    std::string backupLine() const;
+    std::string backupLine(const RunResult& result) const;
 
     std::vector<NewName> names_;  // in the order of the run's pages
     std::size_t next_ = 0;
@@ -85,7 +85,10 @@ PageEnd RenameRun::processPage(const PageInRun& page) {
 }
 
 void RenameRun::adaptSelection(const RunResult& result) const {
-    if (selectPresentNames(renamingsOf(names_)) != FileError::none) {
+    std::vector<std::string> present;
+    for (const PageResult& page : result.pages)
+        present.push_back(page.newPath.empty() ? page.path : page.newPath);
+    if (selectPresent(present) != FileError::none) {
         std::string text = paths.NamesFilePath + " could not be opened for output. Hit Enter to abort" +
                            newLine + closing + plain(renamedOf(result)) + newLine +
                            "The selection still has the old names.";
@@ -95,10 +98,10 @@ void RenameRun::adaptSelection(const RunResult& result) const {
     ReadNamesFile();
 }
 
-std::string RenameRun::backupLine() const {
-    const auto count = std::count_if(names_.begin(), names_.end(), [](const NewName& name) {
-        return name.leavesBackups && files().nameOnDisk(name.from).empty();
-    });
+std::string RenameRun::backupLine(const RunResult& result) const {
+    int count = 0;
+    for (std::size_t page = 0; page < names_.size(); ++page)
+        if (names_[page].leavesBackups && !result.pages[page].newPath.empty()) ++count;
     if (count == 0) return {};
     return newLine + "Backups left behind under the old names: those of " + plain(count) +
            (count == 1 ? " file." : " files.");
@@ -117,7 +120,8 @@ ReportEnd RenameRun::writeEnd(Report& report, const RunResult& result) {
     if (isWhole) files().removeIfThere(report.path());
     if (fileOptions.chkRenumFileNamesFile) adaptSelection(result);
     forgetRenaming();
-    endInMessage(closing + plain(renamed) + (renamed > 0 ? selectionLine() : "") + backupLine(), result);
+    endInMessage(closing + plain(renamed) + (renamed > 0 ? selectionLine() : "") + backupLine(result),
+                 result);
     return isWhole ? ReportEnd::remove : ReportEnd::show;
 }
 

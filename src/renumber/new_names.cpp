@@ -29,8 +29,8 @@ constexpr std::string_view defaultLetters = "NEWNAME";
 constexpr std::string_view defaultNumber = "0000001";
 constexpr const char* defaultSuffix = "MUS";
 constexpr std::string_view notInFields = "\\/*?, .";
-/// What Windows or DOS has in no file name either.
-constexpr std::string_view notInNames = ":\"<>|+;=[]";
+/// What Windows has in no file name either.
+constexpr std::string_view notInNames = ":\"<>|";
 constexpr std::uint64_t mostNumber = 1'000'000'000'000'000'000;
 
 std::size_t longestLetters() {

@@ -44,6 +44,7 @@ std::size_t renamedOf(const RunResult& result) {
 
 std::vector<Renaming> renamingsOf(const std::vector<NewName>& names) {
     std::vector<Renaming> renamings;
+    renamings.reserve(names.size());
     for (const NewName& name : names) renamings.push_back({name.from, name.to});
     return renamings;
 }

@@ -18,9 +18,7 @@ class ItemRemovalRun : public PageUpdateRun {
     ItemRemovalRun() : PageUpdateRun(editForm, Rewrite::ifChanged) {}
 
     void writeHead(Report&) override {}
-    ReportEnd writeEnd(Report&, const RunResult& result) override {
-        return endEdit(outcome(result), result);
-    }
+    ReportEnd writeEnd(Report&, const RunResult& result) override { return endEdit(outcome(result), result); }
 
   protected:
     void updatePage(const PageInRun&) override;

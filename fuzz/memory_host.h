@@ -80,7 +80,7 @@ class MemoryHost : public Files,
 
     Answer msgBox(const Message& message) override;
     std::size_t questions = 0;
-    std::string inputBox(const std::string&, const std::string& text) override { return text; }
+    std::optional<std::string> inputBox(const std::string&, const std::string& text) override { return text; }
     bool showsTextItself() const override { return true; }
     void showText(const std::string&) override {}
     void showGuide(const std::string&) override {}

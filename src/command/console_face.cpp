@@ -92,20 +92,21 @@ Answer ConsoleFace::ask(const Message& message) {
     return chosen->answer;
 }
 
-std::string ConsoleFace::inputBox(const std::string& prompt, const std::string& defaultText) {
+std::optional<std::string> ConsoleFace::inputBox(const std::string& prompt, const std::string& defaultText) {
     tell("question", prompt);
-    std::string text;
+    std::optional<std::string> text;
     if (!answers_.empty()) {
         text = nextQueued();
-        if (equalIgnoringCase(text, "Cancel")) text.clear();
+        if (equalIgnoringCase(*text, "Cancel")) text.reset();
     } else if (restAnswer_ == RestAnswer::yes) {
         text = defaultText;
     } else if (restAnswer_ == RestAnswer::ask && mayAskTerminal()) {
         text = askTerminal("[" + toUtf8(defaultText) + "] ");
-        if (text.empty() && console_.in) text = defaultText;
+        if (text->empty()) text = console_.in ? std::optional(defaultText) : std::nullopt;
     }
-    tellAnswer(text);
-    return toSingleBytes(text);
+    tellAnswer(text.value_or("Cancel"));
+    if (text) text = toSingleBytes(*text);
+    return text;
 }
 
 std::optional<std::vector<std::string>> ConsoleFace::namedPaths(const std::string& prompt) {

@@ -33,7 +33,7 @@ class ConsoleFace : public Face {
     ConsoleFace(const Console& console, const Arguments& arguments);
 
     Answer msgBox(const Message& message) override;
-    std::string inputBox(const std::string& prompt, const std::string& defaultText) override;
+    std::optional<std::string> inputBox(const std::string& prompt, const std::string& defaultText) override;
     /// The next of the arguments' answers.
     std::optional<std::vector<std::string>> namedPaths(const std::string& prompt) override;
     bool showsTextItself() const override { return true; }

@@ -59,7 +59,7 @@ Answer DesktopFace::msgBox(const Message& message) {
     return askUser(message, speaker(message.title), visibleWindow(), run_);
 }
 
-std::string DesktopFace::inputBox(const std::string& prompt, const std::string& defaultText) {
+std::optional<std::string> DesktopFace::inputBox(const std::string& prompt, const std::string& defaultText) {
     return askText(prompt, defaultText, speaker({}), visibleWindow(), run_);
 }
 

@@ -26,7 +26,7 @@ class DesktopFace : public Face {
     DesktopFace& operator=(const DesktopFace&) = delete;
 
     Answer msgBox(const Message& message) override;
-    std::string inputBox(const std::string& prompt, const std::string& defaultText) override;
+    std::optional<std::string> inputBox(const std::string& prompt, const std::string& defaultText) override;
     /// Only where the configured editor is missing.
     bool showsTextItself() const override { return false; }
     void showText(const std::string& path) override;

@@ -82,13 +82,13 @@ Answer askUser(const Message& message, const QString& speaker, QWidget* parent, 
     return answerOf(run(box), message.buttons);
 }
 
-std::string askText(const std::string& prompt, const std::string& defaultText, const QString& speaker,
-                    QWidget* parent, const DialogRunner& run) {
+std::optional<std::string> askText(const std::string& prompt, const std::string& defaultText,
+                                   const QString& speaker, QWidget* parent, const DialogRunner& run) {
     QInputDialog box(parent);
     box.setWindowTitle(speaker);
     box.setLabelText(shown(prompt));
     box.setTextValue(shown(defaultText));
-    if (run(box) != QDialog::Accepted) return {};
+    if (run(box) != QDialog::Accepted) return std::nullopt;
     // What was not touched goes back as it was, whatever its bytes are.
     return box.textValue() == shown(defaultText) ? defaultText : typed(box.textValue());
 }

@@ -19,8 +19,8 @@ int runModally(QDialog& dialog);
 
 /// A message box with `speaker` in its title, in front of `parent`.
 Answer askUser(const Message& message, const QString& speaker, QWidget* parent, const DialogRunner& run);
-/// An input box; empty when cancelled.
-std::string askText(const std::string& prompt, const std::string& defaultText, const QString& speaker,
-                    QWidget* parent, const DialogRunner& run);
+/// An input box; nothing when cancelled.
+std::optional<std::string> askText(const std::string& prompt, const std::string& defaultText,
+                                   const QString& speaker, QWidget* parent, const DialogRunner& run);
 
 }  // namespace tul::desktop

@@ -255,7 +255,8 @@ std::string keepNumber(const std::string& typed, int highest, int assumed) {
 }
 
 Field instrumentField(const std::string& name, std::string& value) {
-    return textField(name, value, "Enter instrument number (1-9999), Cancel to reset.", keepBarInstrument);
+    return emptiedByCancel(
+        textField(name, value, "Enter instrument number (1-9999), Cancel to reset.", keepBarInstrument));
 }
 
 /// The first row is the controlling instrument, wherever that is set.
@@ -273,8 +274,9 @@ std::vector<Field> fields() {
             &target == &controlRow()
                 ? withStep(instrument, [] { barlineUpdate.txtEditBarInstr1 = controlRow().instrument; })
                 : instrument);
-        all.push_back(textField("txtEditBarUp_" + number, target.stavesUp,
-                                "Number of staves up (1-32), Cancel to reset.", keepBarStavesUp));
+        all.push_back(
+            emptiedByCancel(textField("txtEditBarUp_" + number, target.stavesUp,
+                                      "Number of staves up (1-32), Cancel to reset.", keepBarStavesUp)));
     }
     all.push_back(checkField("chkEditBarAcc", barlineUpdate.chkEditBarAcc));
     all.push_back(checkField("chkEditBarSystemBarlines", barlineUpdate.chkEditBarSystemBarlines));

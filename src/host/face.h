@@ -30,8 +30,9 @@ class Face {
     virtual ~Face() = default;
 
     virtual Answer msgBox(const Message& message) = 0;
-    /// The text that the user typed; empty when the box was cancelled.
-    virtual std::string inputBox(const std::string& prompt, const std::string& defaultText) = 0;
+    /// The text that the user typed; nothing when the box was cancelled.
+    [[nodiscard]] virtual std::optional<std::string> inputBox(const std::string& prompt,
+                                                              const std::string& defaultText) = 0;
 
     /// The files or the folder that the user named beforehand, in the installation's form, where one of the
     /// selection programs would ask for them with this prompt; none of them when the choice was cancelled.

@@ -38,7 +38,7 @@ Answer MsgBox(std::string text, Buttons buttons, Icon icon) {
     return face().msgBox({.text = std::move(text), .buttons = buttons, .icon = icon});
 }
 
-std::string InputBox(const std::string& prompt, const std::string& defaultText) {
+std::optional<std::string> InputBox(const std::string& prompt, const std::string& defaultText) {
     return face().inputBox(prompt, defaultText);
 }
 

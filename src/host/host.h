@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/clock.h"
@@ -45,8 +46,8 @@ class NativeMachine {
 
 /// Shows a text and returns the button that was pressed.
 Answer MsgBox(std::string text, Buttons buttons = Buttons::ok, Icon icon = Icon::none);
-/// Asks for a text, with the present one as default; empty when cancelled.
-std::string InputBox(const std::string& prompt, const std::string& defaultText);
+/// Asks for a text, with the present one as default; nothing when cancelled.
+[[nodiscard]] std::optional<std::string> InputBox(const std::string& prompt, const std::string& defaultText);
 /// Shows a critical message and ends the program.
 [[noreturn]] void endWith(const std::string& text);
 /// The end after a fatal message: nothing is saved, no work file is cleaned up.

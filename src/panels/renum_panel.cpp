@@ -122,7 +122,8 @@ std::vector<Field> fields() {
         tabField("tabRenum", renumbering.tabRenum, {"files", "pages", "bars", "staves"})};
     for (const auto tab : {fileFields, pageFields, barFields}) append(all, tab());
     for (Field& field : all) field.changed = renewPreview;
-    all.push_back(checkField("chkRenumBackup", renumbering.chkRenumBackup));
+    all.push_back(readIf(checkField("chkRenumBackup", renumbering.chkRenumBackup),
+                         [] { return renumbering.tabRenum != tabFiles; }));
     all.push_back(listField("lstRenumPreview", renumbering.lstRenumPreview));
     return all;
 }

@@ -141,8 +141,10 @@ using MaybeClash = std::optional<Clash>;
 
 MaybeClash clashWithFile(const NewName& name) {
     if (files().nameOnDisk(name.to).empty()) return std::nullopt;
-    return Clash{"exists already", "Renaming will cause a conflict because the name " + name.to +
-                                       " already exists." + newLine + refused};
+    const bool isItself = equalIgnoringCase(name.from, name.to);
+    return Clash{isItself ? "has that name" : "exists already",
+                 "Renaming will cause a conflict because the name " + name.to + " already exists." + newLine +
+                     refused};
 }
 
 MaybeClash clashOfName(const NewName& name) {
@@ -239,8 +241,19 @@ std::string entryOf(const NewName& name) {
     std::string entry = nameInPreview(name.from) + " -> ";
     entry += name.to.empty() ? "?" : std::string(fileNameOf(name.to));
     if (!name.clash.empty()) entry += "  " + name.clash;
+    if (name.isGone) entry += "  is no longer there";
     if (name.leavesBackups) entry += "  leaves its backups behind";
     return entry;
+}
+
+/// Tells at once what may stand far down in the list.
+std::string previewTitle(const NamePlan& plan) {
+    if (const std::string refusal = refusalOfFields(); !refusal.empty())
+        return refusal.substr(0, refusal.find(newLine));
+    const auto clashes = std::count_if(plan.names.begin(), plan.names.end(),
+                                       [](const NewName& name) { return !name.clash.empty(); });
+    if (clashes == 0) return "New names";
+    return "New names: " + plain(clashes) + " of " + plain(plan.names.size()) + " cannot be given";
 }
 
 // --- Fields
@@ -287,6 +300,7 @@ NamePlan planNames() {
         name.to = selection.SelectionPrefix + nameWith(*digits);
         findClash(name, folder, known, refusals);
         name.leavesBackups = leavesBackups(name, folder);
+        name.isGone = folder.count(fileNameOf(path)) == 0;
     }
     plan.refusal = refusalOfFields();
     if (plan.refusal.empty()) plan.refusal = refusals.gravest();
@@ -304,10 +318,10 @@ void showFirstName() { fileOptions.txtRenumOutname = nameWith(fileOptions.txtRen
 
 void previewNames() {
     showFirstName();
+    const NamePlan plan = planNames();
     std::vector<std::string> entries;
-    for (const NewName& name : planNames().names) entries.push_back(entryOf(name));
-    const std::string refusal = refusalOfFields();
-    showPreview(refusal.empty() ? "New names" : refusal.substr(0, refusal.find(newLine)), std::move(entries));
+    for (const NewName& name : plan.names) entries.push_back(entryOf(name));
+    showPreview(previewTitle(plan), std::move(entries));
 }
 
 std::string letterPrompt() {

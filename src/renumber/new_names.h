@@ -22,6 +22,7 @@ struct NewName {
     std::string from;            // whole paths
     std::string to = {};         // empty where the number has outgrown its digits
     std::string clash = {};      // why it cannot have that name, in a few words
+    bool isGone = false;         // the file is not there any more
     bool leavesBackups = false;  // under the old name, where it has another series from now on
 };
 

@@ -274,16 +274,17 @@ void RenumberPage() {
 }
 
 void previewPageNumbers() {
-    const float height = numberOf(pageOptions.txtRenumPageDisplacement);
-    previewPages("Page numbers, Par4 " + plain(height), [numbering = PageNumbering()](
-                                                            const std::string& path) mutable {
-        const PagePlan plan = numbering.planFor(path);
-        if (plan.end == NumberEnd::number) numbering.goOn();
-        if (plan.end == NumberEnd::number && musItemTable.itemCount == MusItemTable::capacity)
-            return std::string("full: Run would end the program here");
-        return numberText(plan) +
-               (plan.oldNumbers.empty() ? "" : "; " + plain(plan.oldNumbers.size()) + " removed");
-    });
+    const std::string height = plain(numberOf(pageOptions.txtRenumPageDisplacement));
+    previewPages(renumbering.optRenumPageNone ? "Page numbers" : "Page numbers, Par4 " + height,
+                 [numbering = PageNumbering()](const std::string& path) mutable {
+                     const PagePlan plan = numbering.planFor(path);
+                     if (plan.end == NumberEnd::number) numbering.goOn();
+                     if (plan.end == NumberEnd::number && musItemTable.itemCount == MusItemTable::capacity)
+                         return std::string("full: Run would end the program here");
+                     return numberText(plan) + (plan.oldNumbers.empty()
+                                                    ? ""
+                                                    : "; " + plain(plan.oldNumbers.size()) + " removed");
+                 });
 }
 
 void fillPageOptions() {

@@ -42,7 +42,8 @@ class PreviewRun : public ToolRun {
 
     void writeHead(Report&) override {}
     PageEnd processPage(const PageInRun& page) override;
-    ReportEnd writeEnd(Report&, const RunResult&) override {
+    ReportEnd writeEnd(Report&, const RunResult& result) override {
+        if (result.end == RunEnd::stopped) entries_.emplace_back("Stopped: the other pages are not shown.");
         showPreview(title_, std::move(entries_));
         return ReportEnd::remove;
     }

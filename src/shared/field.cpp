@@ -164,6 +164,11 @@ Field shownIf(Field field, std::function<bool()> condition) {
     return field;
 }
 
+Field emptiedByCancel(Field field) {
+    field.cancelEmpties = true;
+    return field;
+}
+
 Field withTip(Field field, Live<std::string> toolTip) {
     field.toolTip = std::move(toolTip);
     return field;

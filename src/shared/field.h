@@ -136,6 +136,7 @@ struct Field {
     Live<bool> isRead = true;
     Live<bool> visible = true;
     Live<std::string> toolTip = std::string();
+    bool cancelEmpties = false;  // its prompt says that Cancel resets it; any other field stays as it is
     std::function<void()> changed = {};  // what follows when a value was taken
     /// A click on it, where that does something else than to open the input box.
     std::function<void()> click = {};
@@ -172,6 +173,8 @@ Field onlyIf(Field field, std::function<bool()> condition);
 Field readIf(Field field, std::function<bool()> condition);
 /// The same field, there only as long as `condition` holds.
 Field shownIf(Field field, std::function<bool()> condition);
+/// The same field, which Cancel in its input box empties.
+Field emptiedByCancel(Field field);
 Field withTip(Field field, Live<std::string> toolTip);
 /// The same field with a step of its own behind each change.
 Field withStep(Field field, std::function<void()> step);

@@ -43,7 +43,9 @@ PanelAnswer Panel::click(std::string_view fieldName) {
     }
     if (!std::holds_alternative<TextKind>(target->kind) || target->prompt().empty())
         return PanelAnswer::disabled;
-    return set(fieldName, InputBox(target->prompt(), target->text()));
+    const auto typed = InputBox(target->prompt(), target->text());
+    if (!typed && !target->cancelEmpties) return PanelAnswer::done;
+    return set(fieldName, typed.value_or(std::string()));
 }
 
 PanelAnswer Panel::press(std::string_view commandName) {

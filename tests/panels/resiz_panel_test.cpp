@@ -48,10 +48,10 @@ TEST_F(ResizPanelTest, AsksForAnInstrumentOrAPart) {
                                     "Part[,increment]. If no increment is given, 1 is assumed\r\n"
                                     "Examples: 1,2 means staff 1, 3, 5, 7, etc.\r\n"
                                     "2,4 means staff 2, 6, 10, etc."}));
-    panel.set("txtResizeTextResize", "_00Fine");
-    panel.click("txtResizeTextResize");
-    EXPECT_EQ(shown("txtResizeTextResize"), "_00Fine") << "the box was cancelled";
-    EXPECT_EQ(host.messages.back(), "String not starting with one or two underscores. Input discarded");
+    host.forget();
+    panel.click("txtResizeStaffInstrPart");
+    EXPECT_EQ(shown("txtResizeStaffInstrPart"), "2,4") << "the box was cancelled";
+    EXPECT_EQ(host.messages.size(), 1U) << "and nothing is said but its prompt";
 }
 
 }  // namespace

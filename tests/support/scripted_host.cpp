@@ -80,9 +80,9 @@ struct ScriptedHost::Parts : Face, Processes, Profile, Clock, Platform {
         host.answers.pop_front();
         return answer;
     }
-    std::string inputBox(const std::string& prompt, const std::string&) override {
+    std::optional<std::string> inputBox(const std::string& prompt, const std::string&) override {
         host.messages.push_back(prompt);
-        if (host.inputs.empty()) return {};
+        if (host.inputs.empty()) return std::nullopt;
         std::string text = host.inputs.front();
         host.inputs.pop_front();
         return text;

@@ -176,6 +176,10 @@ void runOverPages(RunView& view, const RunPlan& plan, ToolRun& tool) {
 
 std::size_t nameColumnWidth() { return std::max(selection.LongestName.size(), hyphens.size()); }
 
+void endWithoutReport(const std::string& path, FileError) {
+    endWith("Failed to open " + path + " for output");
+}
+
 void writeColumnHead(Report& report) {
     report.line(padRight("File", nameColumnWidth()));
     report.line(padRight(hyphens, nameColumnWidth(), '-'));

@@ -80,6 +80,8 @@ void runOverPages(RunView& view, const RunPlan& plan, ToolRun& tool);
 
 /// Of a report's column of names: as wide as the longest name, and as the head over it.
 [[nodiscard]] std::size_t nameColumnWidth();
+/// For `tellNoReport`: the program ends with a message.
+[[noreturn]] void endWithoutReport(const std::string& path, FileError fault);
 /// "File" over hyphens.
 void writeColumnHead(Report& report);
 /// `title` with the date right behind it, a line of one blank, and the head of the column.

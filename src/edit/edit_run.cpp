@@ -69,9 +69,7 @@ FamilyRuns alone(std::unique_ptr<FamilyRun> family) {
 void start(ToolRun& run, RunPlan plan) {
     const WaitingPointer pointer;
     plan.tool = toolName;
-    plan.tellNoReport = [](const std::string& path, FileError) {
-        endWith("Failed to open " + path + " for output");
-    };
+    plan.tellNoReport = endWithoutReport;
     plan.backup = plan.changesPages && editing.chkEditBackup;
     plan.idleStatus = idleStatus;
     runOverPages(editing.view, plan, run);
@@ -195,11 +193,6 @@ bool hasRoom(const PageInRun& page, const std::string& addition) {
     MsgBox("MUS file too big to add " + addition + ":" + page.result.path);
     page.result.lacksRoom = true;
     return false;
-}
-
-std::string keepInstead(std::string kept, const std::string& message) {
-    MsgBox(message, Buttons::ok, Icon::exclamation);
-    return kept;
 }
 
 bool refuse(const std::string& text) {

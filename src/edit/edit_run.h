@@ -85,9 +85,6 @@ std::string itemNumberLine(int item);
 /// that in the page's result.
 [[nodiscard]] bool hasRoom(const PageInRun& page, const std::string& addition);
 
-/// Tells what is wrong with a text that was typed into a field, and gives back what the field keeps.
-std::string keepInstead(std::string kept, const std::string& message);
-
 /// Tells that the options do not fit, so that the run does not begin. Always false.
 bool refuse(const std::string& text);
 

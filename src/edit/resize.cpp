@@ -152,8 +152,7 @@ void cmdResizeRun() {
                  {.tool = "resiz",
                   .pages = selectedPages(),
                   .report = "TULWORK.PRN",
-                  .tellNoReport = [](const std::string& path,
-                                     FileError) { endWith("Failed to open " + path + " for output"); },
+                  .tellNoReport = endWithoutReport,
                   .changesPages = true,
                   .backup = resizing.options.chkResizBackup},
                  run);

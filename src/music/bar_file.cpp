@@ -6,8 +6,8 @@
 #include "base/numbers.h"
 #include "host/host.h"
 #include "music/items.h"
+#include "music/number_look.h"
 #include "music/pipeline.h"
-#include "shared/records.h"
 
 namespace tul {
 
@@ -20,16 +20,6 @@ constexpr float highestTextPosition = 10.0F;  // staff steps
 constexpr char sharpS = '\xDF';
 constexpr float highestPlainBarline = 7.0F;
 constexpr Margin leftEnd = atMost(1.0F);
-
-bool hasSizeAndFont(const std::string& size, const std::string& font) {
-    return musItem.MusPar[par::numberSize] == numberOf(size) &&
-           musItem.MusPar[par::numberFont] == numberOf(font);
-}
-
-bool isPageOrBarNumber() {
-    return hasSizeAndFont(projectSettings.BarNumberSize, projectSettings.BarNumberFont) ||
-           hasSizeAndFont(projectSettings.PageNumberSize, projectSettings.PageNumberFont);
-}
 
 void storeText() {
     const float height = musItem.MusPar[par::height];
@@ -44,7 +34,8 @@ void storeText() {
 
 void storeBarItem() {
     const Parameters& pars = musItem.MusPar;
-    if (isStaff(pars) || isBarline(pars) || (isNumber(pars) && isPageOrBarNumber()) ||
+    if (isStaff(pars) || isBarline(pars) ||
+        (isNumber(pars) && (barNumberLook().isOf(pars) || pageNumberLook().isOf(pars))) ||
         (isRest(pars) && pars[par::restForm] <= longestBarRest))
         MusStoreBarItem();
     if (isText(pars)) storeText();

@@ -4,8 +4,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "centre/names_file.h"
-#include "host/host.h"
-#include "music/items.h"
+#include "music/number_look.h"
 #include "renumber/renumber_run.h"
 #include "shared/records.h"
 
@@ -24,13 +23,9 @@ constexpr const char* pianoPlace = "B";
 /// Calls `visit` with each bar number of the page in the table.
 template <class Visit>
 void forEachBarNumber(Visit visit) {
-    const float font = numberOf(projectSettings.BarNumberFont);
-    const float size = numberOf(projectSettings.BarNumberSize);
-    for (int item = 1; item <= musItemTable.itemCount; ++item) {
-        const ItemPars pars = parsOf(item);
-        if (isNumber(pars) && pars[par::numberFont] == font && pars[par::numberSize] == size)
-            visit(musItemTable[item]);
-    }
+    const NumberLook look = barNumberLook();
+    for (int item = 1; item <= musItemTable.itemCount; ++item)
+        if (look.isOf(parsOf(item))) visit(musItemTable[item]);
 }
 
 class BarNumberRemoval : public ReportedRun {
@@ -97,8 +92,7 @@ void BarMaintenance() {
 /// The typed value, or the present one where it is refused.
 std::string keepNumber(const std::string& typed, const std::string& present, const char* message) {
     if (isParameterValue(typed)) return plainFixed(numberOf(typed));
-    MsgBox(message, Buttons::ok, Icon::exclamation);
-    return present;
+    return keepInstead(present, message);
 }
 
 }  // namespace
@@ -132,19 +126,14 @@ void fillBarOptions() {
 std::string keepStep(const std::string& typed) {
     const bool isStep = isPlainNumber(typed) && numericValue(typed) >= 1.0;
     if (const auto step = isStep ? toInt32(numericValue(typed)) : std::nullopt) return plain(*step);
-    MsgBox("Invalid step number. Assumed 10.", Buttons::ok, Icon::exclamation);
-    return "10";
+    return keepInstead("10", "Invalid step number. Assumed 10.");
 }
 
 std::string keepStart(const std::string& typed, const std::string& present) {
-    const auto refuse = [&present](const char* message) {
-        MsgBox(message, Buttons::ok, Icon::exclamation);
-        return present;
-    };
-    if (!isPlainNumber(typed)) return refuse("Non-numeric input discarded.");
+    if (!isPlainNumber(typed)) return keepInstead(present, "Non-numeric input discarded.");
     const double number = numericValue(typed);
-    if (number > 999.0) return refuse("Input exceeding 999 discarded.");
-    if (number < 0.0) return refuse("Negative input discarded.");
+    if (number > 999.0) return keepInstead(present, "Input exceeding 999 discarded.");
+    if (number < 0.0) return keepInstead(present, "Negative input discarded.");
     return plain(toInt32(number).value_or(0));
 }
 

@@ -258,14 +258,10 @@ std::string previewTitle(const NamePlan& plan) {
 
 // --- Fields
 
-void tell(const std::string& text) { MsgBox(text, Buttons::ok, Icon::exclamation); }
-
 bool isInvalid(const std::string& text) { return text.find_first_of(notInFields) != std::string::npos; }
 
 std::string truncated(const std::string& typed, std::size_t length, const std::string& message) {
-    if (typed.size() <= length) return typed;
-    tell(message);
-    return typed.substr(0, length);
+    return typed.size() <= length ? typed : keepInstead(typed.substr(0, length), message);
 }
 
 /// What is said of a name that is too long for one; empty where it is not.
@@ -338,45 +334,35 @@ std::string numberPrompt() {
 
 std::string keepLetters(const std::string& typed) {
     const std::string assumed(defaultLetters.substr(0, longestLetters()));
-    if (typed.empty()) {
-        tell("No input. Assumed default.");
-        return assumed;
-    }
+    if (typed.empty()) return keepInstead(assumed, "No input. Assumed default.");
     const std::string kept =
         truncated(typed, longestLetters(), "Input [" + typed + "] has too many characters. Truncated.");
     if (!isInvalid(kept)) return kept;
-    tell("Input [" + kept + "] has an invalid character. Assumed default name.");
-    return assumed;
+    return keepInstead(assumed, "Input [" + kept + "] has an invalid character. Assumed default name.");
 }
 
 std::string keepFirstNumber(const std::string& typed, const std::string& present) {
     std::string kept = typed;
-    if (!typed.empty() && !isDigitsOnly(typed)) {
-        kept = firstNumber();
-        tell("Counted non-digit(s) in input. Assumed " + kept + ".");
-    }
+    if (!typed.empty() && !isDigitsOnly(typed))
+        kept = keepInstead(firstNumber(), "Counted non-digit(s) in input. Assumed " + firstNumber() + ".");
     const std::string oversize = oversizeText(nameWith(kept));
     if (oversize.empty()) return kept;
-    tell(oversize + " Input discarded.");
-    return present;
+    return keepInstead(present, oversize + " Input discarded.");
 }
 
 std::string keepSuffix(const std::string& typed) {
     std::string kept = truncated(typed, longestSuffix, "Input exceeds 3 characters. Truncated.");
-    if (isInvalid(kept)) {
-        tell("Input [" + kept + "] has an invalid character. Assumed default name.");
-        kept = defaultSuffix;
-    }
+    if (isInvalid(kept))
+        kept = keepInstead(defaultSuffix,
+                           "Input [" + kept + "] has an invalid character. Assumed default name.");
     const std::string oversize = oversizeText(nameWith(fileOptions.txtRenumPrefixN, kept));
     if (oversize.empty()) return kept;
-    tell(oversize + " Assumed default name.");
-    return defaultSuffix;
+    return keepInstead(defaultSuffix, oversize + " Assumed default name.");
 }
 
 std::string keepIncrement(const std::string& typed) {
     if (typed.empty() || isDigitsOnly(typed)) return typed;
-    tell("Invalid increment. Assumed 1.");
-    return "1";
+    return keepInstead("1", "Invalid increment. Assumed 1.");
 }
 
 }  // namespace tul::renumber

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
+#include <utility>
 #include <vector>
 
 #include "base/numbers.h"
 #include "base/text.h"
 #include "centre/names_file.h"
 #include "host/host.h"
-#include "music/items.h"
+#include "music/number_look.h"
 #include "renumber/renumber_run.h"
 #include "shared/records.h"
 
@@ -55,14 +55,10 @@ class PageNumbering {
     void takeBack() { --next_; }
 
   private:
-    bool isPageNumber(ItemPars item) const {
-        return isNumber(item) && item[par::numberFont] == font_ && item[par::numberSize] == size_;
-    }
     void numberPage(const StaffRange& staves, const std::string& digits, ItemRow& row) const;
 
     const PageOptions& options_ = pageOptions;
-    const float font_ = numberOf(projectSettings.PageNumberFont);
-    const float size_ = numberOf(projectSettings.PageNumberSize);
+    const NumberLook look_ = pageNumberLook();
     std::int32_t next_ = toInt32(numericValue(pageOptions.txtRenumBeginPage)).value_or(1);
 };
 
@@ -100,7 +96,7 @@ PagePlan PageNumbering::planFor(const std::string& path) const {
     StaffRange staves;
     for (int item = 1; item <= musItemTable.itemCount; ++item) {
         const ItemPars pars = parsOf(item);
-        if (isPageNumber(pars)) plan.oldNumbers.push_back(item);
+        if (look_.isOf(pars)) plan.oldNumbers.push_back(item);
         if (!isStaff(pars) || !std::isfinite(pars[par::staff])) continue;
         const float staff = rounded(pars[par::staff]);
         if (staff > staves.highest) staves.highest = staff;
@@ -131,8 +127,8 @@ void PageNumbering::numberPage(const StaffRange& staves, const std::string& digi
     row.pars[par::position] = positionOf(options_, digits, number);
     row.pars[par::height] = numberOf(options_.txtRenumPageDisplacement);
     row.pars[par::numberValue] = number;
-    row.pars[par::numberSize] = size_;
-    row.pars[par::numberFont] = font_;
+    row.pars[par::numberSize] = look_.size;
+    row.pars[par::numberFont] = look_.font;
 }
 
 // --- The run
@@ -247,20 +243,15 @@ std::string numberText(const PagePlan& plan) {
 
 // --- Fields
 
-std::string keepInstead(const char* message, const char* kept) {
-    MsgBox(message, Buttons::ok, Icon::exclamation);
-    return kept;
-}
-
 std::string keepPosition(const std::string& typed, const char* message, const char* assumed) {
     const float position = numberOf(typed);
-    if (position < 0.0F || position > 200.0F) return keepInstead(message, assumed);
+    if (position < 0.0F || position > 200.0F) return keepInstead(assumed, message);
     return plainFixed(position);
 }
 
 std::string warnedOfOrder(std::string kept, const std::string& left, const std::string& right) {
     if (right != houseStyle && numberOf(left) > numberOf(right))
-        MsgBox("Warning. Left position higher than right position.", Buttons::ok, Icon::exclamation);
+        return keepInstead(std::move(kept), "Warning. Left position higher than right position.");
     return kept;
 }
 
@@ -278,9 +269,11 @@ void previewPageNumbers() {
     previewPages(renumbering.optRenumPageNone ? "Page numbers" : "Page numbers, Par4 " + height,
                  [numbering = PageNumbering()](const std::string& path) mutable {
                      const PagePlan plan = numbering.planFor(path);
-                     if (plan.end == NumberEnd::number) numbering.goOn();
-                     if (plan.end == NumberEnd::number && musItemTable.itemCount == MusItemTable::capacity)
-                         return std::string("full: Run would end the program here");
+                     if (plan.end == NumberEnd::number) {
+                         if (musItemTable.itemCount == MusItemTable::capacity)
+                             return std::string("full: Run would end the program here");
+                         numbering.goOn();
+                     }
                      return numberText(plan) + (plan.oldNumbers.empty()
                                                     ? ""
                                                     : "; " + plain(plan.oldNumbers.size()) + " removed");
@@ -299,7 +292,7 @@ void fillPageOptions() {
 
 std::string keepBeginPage(const std::string& typed) {
     const double page = numericValue(typed);
-    if (!(page >= 1.0 && page <= 999.0)) return keepInstead("Invalid first page number. Assumed 1.", "1");
+    if (!(page >= 1.0 && page <= 999.0)) return keepInstead("1", "Invalid first page number. Assumed 1.");
     return plain(toInt32(page).value_or(1));
 }
 

@@ -92,10 +92,6 @@ void startRun(ToldRun& run) { runOverPages(renumbering.view, planOf(""), run); }
 
 int numberLength() { return toInt32(numericValue(projectSettings.PageNumberLength)).value_or(0); }
 
-void endWithoutReport(const std::string& path, FileError) {
-    endWith("Failed to open " + path + " for output");
-}
-
 void askToGoOn(const std::string& question) {
     if (MsgBox(question, Buttons::okCancel, Icon::question) == Answer::cancel) endProgram();
 }

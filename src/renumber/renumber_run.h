@@ -58,9 +58,6 @@ void startRun(ToldRun& run);
 /// Digits of the numbers in file names, by the project settings.
 [[nodiscard]] int numberLength();
 
-/// Tells that the report could not be opened, and ends the program.
-[[noreturn]] void endWithoutReport(const std::string& path, FileError fault);
-
 /// A question about the page in work. Cancel ends the program, and the page stays as it was.
 void askToGoOn(const std::string& question);
 

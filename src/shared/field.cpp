@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "host/host.h"
 
 namespace tul {
 
@@ -97,6 +98,11 @@ std::string Field::choices() const {
     for (std::size_t i = 0; choice && i < choice->names.size(); ++i)
         text += (i > 0 ? ", " : "") + plain(i) + " " + choice->names[i];
     return text;
+}
+
+std::string keepInstead(std::string kept, const std::string& message) {
+    MsgBox(message, Buttons::ok, Icon::exclamation);
+    return kept;
 }
 
 Field textField(std::string name, std::string& value, Live<std::string> prompt, Keep keep) {

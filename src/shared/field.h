@@ -149,6 +149,9 @@ struct Field {
     std::string choices() const;
 };
 
+/// Tells what is wrong with a text that was typed into a field, and gives back what the field keeps.
+std::string keepInstead(std::string kept, const std::string& message);
+
 // Builders, so that a panel reads as a list of its controls.
 
 Field textField(std::string name, std::string& value, Live<std::string> prompt, Keep keep = {});

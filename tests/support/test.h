@@ -9,6 +9,7 @@
 
 #include "base/date_time.h"
 #include "base/text.h"
+#include "centre/project_options.h"
 #include "music/item_table.h"
 #include "panels/panel_list.h"
 #include "shared/records.h"
@@ -84,6 +85,10 @@ class HostTest : public ::testing::Test {
             EXPECT_EQ(keep(typed), value) << typed;
             EXPECT_EQ(host.messages, told) << typed;
         }
+    }
+    /// The project settings of a new installation.
+    static void takeDefaultOptions() {
+        for (const OptionLine& line : defaultOptions()) storeProjectOption(line.key, line.value);
     }
     /// Names files of the test's folder in the names file, which is not read yet.
     void writeNames(const Texts& names) {

@@ -8,7 +8,7 @@ class RenamingOnLinux : public PanelTest {
   protected:
     std::string refusal(const Texts& names) {
         writeNames(names);
-        projectSettings.PageNumberLength = "2";
+        takeDefaultOptions();
         open("renum");
         host.answers = {Answer::ok};
         panel.press("cmdRenumRun");

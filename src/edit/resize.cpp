@@ -8,7 +8,6 @@
 #include "centre/names_file.h"
 #include "centre/page_run.h"
 #include "edit/resize_checks.h"
-#include "host/host.h"
 #include "shared/function_module.h"
 #include "shared/records.h"
 
